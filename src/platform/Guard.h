@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+
+#include <functional>
+#include <type_traits>
+
+namespace platform {
+
+// What a failed procedure leaves behind: the error and the procedure's own name ("Module/Compose_Key").
+struct Failure
+{
+    int number = 0;
+    QString description;
+    QString procedure;
+};
+
+using FailureHook = std::function<void(const Failure&)>;
+
+// Installs the one process-wide hook that shows the critical box and writes the report. Returns the former one,
+// so that a test can put it back.
+FailureHook setFailureHook(FailureHook hook);
+
+// Hands a failure to the hook. Never throws, whatever the hook does.
+void reportFailure(const Failure& failure) noexcept;
+
+// Runs a procedure's work. A failure in it is reported under `procedure` and the value-initialised result
+// (false, 0, "") comes back: no exception crosses a procedure. Clean-up is the work's own, by destructors.
+template <class Work>
+auto guarded(const char* procedure, Work&& work) noexcept -> std::invoke_result_t<Work>
+{
+    using Result = std::invoke_result_t<Work>;
+    try {
+        return work();
+    } catch (const RuntimeError& error) {
+        reportFailure({error.number, error.description, QString::fromUtf8(procedure)});
+    } catch (const std::exception& error) {
+        reportFailure({errors::kInternal, QString::fromUtf8(error.what()), QString::fromUtf8(procedure)});
+    }
+    if constexpr (!std::is_void_v<Result>)
+        return Result{};
+}
+
+} // namespace platform

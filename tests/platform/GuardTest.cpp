@@ -1,0 +1,50 @@
+#include "platform/Guard.h"
+
+#include <gtest/gtest.h>
+
+using namespace platform;
+
+namespace {
+
+class GuardTest : public testing::Test
+{
+protected:
+    GuardTest() : former_(setFailureHook([this](const Failure& failure) { failures_.push_back(failure); })) {}
+    ~GuardTest() override { setFailureHook(former_); }
+
+    std::vector<Failure> failures_;
+
+private:
+    FailureHook former_;
+};
+
+TEST_F(GuardTest, GivesTheResultOfWorkThatSucceeds)
+{
+    EXPECT_EQ(guarded("Module/Work", [] { return 7; }), 7);
+    EXPECT_TRUE(failures_.empty());
+}
+
+TEST_F(GuardTest, ReportsUnderTheProceduresNameAndGivesTheEmptyResult)
+{
+    EXPECT_FALSE(guarded("Module/Work", []() -> bool { fail(errors::kDivisionByZero, "Division by zero"); }));
+    ASSERT_EQ(failures_.size(), 1u);
+    EXPECT_EQ(failures_[0].number, 11);
+    EXPECT_EQ(failures_[0].description, "Division by zero");
+    EXPECT_EQ(failures_[0].procedure, "Module/Work");
+}
+
+TEST_F(GuardTest, AForeignExceptionIsAFailureToo)
+{
+    EXPECT_EQ(guarded("Module/Work", []() -> QString { throw std::out_of_range("no such row"); }), QString());
+    ASSERT_EQ(failures_.size(), 1u);
+    EXPECT_EQ(failures_[0].number, errors::kInternal);
+    EXPECT_EQ(failures_[0].description, "no such row");
+}
+
+TEST_F(GuardTest, AHookThatThrowsEndsQuietly)
+{
+    setFailureHook([](const Failure&) { throw std::runtime_error("the disk is gone too"); });
+    EXPECT_NO_THROW(guarded("Module/Work", [] { fail(errors::kDiskFull, "Disk full"); }));
+}
+
+} // namespace
