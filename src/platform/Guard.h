@@ -13,6 +13,7 @@ struct Failure
     int number = 0;
     QString description;
     QString procedure;
+    bool silent = false; // no box, only the report
 };
 
 using FailureHook = std::function<void(const Failure&)>;
