@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <vector>
+
+namespace structure {
+
+// The plant as a tree: root, groups, instruments, parameter groups, each with its node key, caption and image.
+// Children stand in the order in which they were added. Column 0 only; KeyRole gives the key, ImageRole the image number
+// (level + 1; the root has image 1).
+class TreeModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    enum Role { KeyRole = Qt::UserRole, ImageRole };
+
+    explicit TreeModel(QObject* parent = nullptr);
+    ~TreeModel() override;
+
+    void clear();
+    // Adds nodes without a word to the views between the two calls: a whole company comes in at once.
+    void beginBulk();
+    void endBulk();
+
+    // False when the parent is missing or the key is there already.
+    bool addNode(const QString& parentKey, const QString& key, const QString& caption, int image);
+    // Removes the node and all below it; false when it is missing.
+    bool removeNode(const QString& key);
+    bool setCaption(const QString& key, const QString& caption);
+    // Sorts the children of a node by caption again, without regard to case.
+    void sortChildren(const QString& key);
+
+    bool contains(const QString& key) const;
+    QString keyOf(const QModelIndex& index) const;
+    QModelIndex indexOf(const QString& key) const;
+    QString parentOf(const QString& key) const; // "" for the root
+    QString captionOf(const QString& key) const;
+    // The captions from the root down, joined with "\".
+    QString fullPathOf(const QString& key) const;
+    int nodeCount() const;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& child) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    struct Node;
+    // (implementation's own: flat storage, ids as internalId, key -> id hash)
+};
+
+} // namespace structure
