@@ -28,13 +28,16 @@ QString logLine(const Recordset& event)
 {
     const QDateTime when = QDateTime::fromString(event.text("Date_Reg"), kStoredDate);
     return fixed(event.text("IDType"), 1) + fixed(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19) +
-           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) + fixed(event.text("Instrument"), 50) +
-           fixed(event.text("Description"), 255);
+           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) +
+           fixed(event.text("Instrument"), 50) + fixed(event.text("Description"), 255);
 }
 
 } // namespace
 
-EventLog::EventLog(Session& session, Operator& op, Clock& clock) : session_(session), operator_(op), clock_(clock) {}
+EventLog::EventLog(Session& session, Operator& op, Clock& clock)
+    : session_(session), operator_(op), clock_(clock)
+{
+}
 
 void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                          const QString& Instrument, const QString& Description)
@@ -48,12 +51,13 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
                             const QString& Instrument, const QString& Description)
 {
     guarded("Module/Add_Event_Db", [&] {
-        session_.strSQL = QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
-                                         "Description) VALUES(") +
-                          QString::number(IDType) + QStringLiteral(", '") + When.toString(kStoredDate) +
-                          QStringLiteral("', ") + QString::number(Source) + QStringLiteral(", ") +
-                          composeTextOrNull(Equipment) + QStringLiteral(", ") + composeTextOrNull(Instrument) +
-                          QStringLiteral(", ") + composeTextOrNull(Description) + QStringLiteral(");");
+        session_.strSQL =
+            QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
+                           "Description) VALUES(") +
+            QString::number(IDType) + QStringLiteral(", '") + When.toString(kStoredDate) +
+            QStringLiteral("', ") + QString::number(Source) + QStringLiteral(", ") +
+            composeTextOrNull(Equipment) + QStringLiteral(", ") + composeTextOrNull(Instrument) +
+            QStringLiteral(", ") + composeTextOrNull(Description) + QStringLiteral(");");
         session_.cnDatabase.Execute(session_.strSQL);
     });
 }
@@ -79,8 +83,9 @@ void EventLog::CreateLog_App()
         rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
         if (rows.RecordCount() == 0)
             return;
-        const QString name = QStringLiteral("Log/%1_%2.log")
-                                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
+        const QString name =
+            QStringLiteral("Log/%1_%2.log")
+                .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
         QSaveFile file(session_.appFile(name));
         if (!file.open(QIODevice::WriteOnly))
             fail(errors::kPathNotFound, QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));

@@ -24,7 +24,8 @@ QString fileOfBase(const QString& base)
     };
     const auto file = kFiles.find(base);
     if (file == kFiles.end())
-        platform::fail(platform::errors::kOutOfRange, QStringLiteral("No texts have the base '%1'.").arg(base));
+        platform::fail(platform::errors::kOutOfRange,
+                       QStringLiteral("No texts have the base '%1'.").arg(base));
     return file->second;
 }
 
