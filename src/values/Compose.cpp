@@ -2,21 +2,19 @@
 
 #include "platform/Guard.h"
 #include "values/BitField.h"
+#include "values/Failures.h"
 #include "values/Numbers.h"
 #include "values/TimeText.h"
 #include "values/WireType.h"
 
 namespace values {
 
-using platform::fail;
-namespace errors = platform::errors;
-
 namespace {
 
 int byteAt(const QByteArray& raw, int index)
 {
     if (index >= raw.size())
-        fail(errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+        failInvalidCall();
     return static_cast<uchar>(raw[index]);
 }
 
@@ -25,7 +23,7 @@ double slope(const ParameterCoding& coding)
 {
     const double counts = double(coding.HW) - double(coding.LW);
     if (counts == 0)
-        fail(errors::kDivisionByZero, QStringLiteral("Division by zero"));
+        failDivisionByZero();
     return (coding.HR - coding.LR) / counts;
 }
 

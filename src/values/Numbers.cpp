@@ -1,6 +1,6 @@
 #include "values/Numbers.h"
 
-#include "platform/RuntimeError.h"
+#include "values/Failures.h"
 #include "values/NumberScanner.h"
 
 #include <algorithm>
@@ -12,9 +12,6 @@
 
 namespace values {
 
-using platform::fail;
-namespace errors = platform::errors;
-
 namespace {
 
 // The text of a number in place, so that reading it back needs no memory of its own.
@@ -24,7 +21,7 @@ public:
     explicit DecimalText(double number)
     {
         if (!std::isfinite(number))
-            fail(errors::kOverflow, QStringLiteral("Overflow"));
+            failOverflow();
         end_ = std::to_chars(characters_.begin(), characters_.end(), number, std::chars_format::general,
                              std::numeric_limits<double>::digits10)
                    .ptr;
@@ -69,9 +66,9 @@ double toNumber(QStringView text)
 {
     const Scanned scanned = scanNumber(text);
     if (scanned.reading == Reading::NoNumber)
-        fail(errors::kTypeMismatch, QStringLiteral("Type mismatch"));
+        failTypeMismatch();
     if (scanned.reading == Reading::TooLarge)
-        fail(errors::kOverflow, QStringLiteral("Overflow"));
+        failOverflow();
     return scanned.number;
 }
 
@@ -110,7 +107,7 @@ int toInteger(double number)
 {
     const double rounded = roundHalfEven(number);
     if (!(rounded >= std::numeric_limits<int>::min() && rounded <= std::numeric_limits<int>::max()))
-        fail(errors::kOverflow, QStringLiteral("Overflow"));
+        failOverflow();
     return static_cast<int>(rounded);
 }
 
