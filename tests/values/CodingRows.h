@@ -2,6 +2,8 @@
 
 #include "values/Coding.h"
 
+#include <initializer_list>
+
 namespace values {
 
 // Lines that the tests of both directions share.

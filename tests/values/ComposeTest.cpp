@@ -1,9 +1,9 @@
 #include "CodingRows.h"
 
 #include "support/FailureRecorder.h"
-#include "values/Numbers.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace values;
 namespace errors = platform::errors;

@@ -121,6 +121,8 @@ TEST(NumbersTest, FifteenDigitsAreWhatTheTextSays)
         const double number = mantissa(random) * std::pow(10, exponent(random));
         const QString text = toText(number);
         EXPECT_EQ(toFifteenDigits(number), toNumber(text));
+        EXPECT_EQ(toStored(number).text, text);
+        EXPECT_EQ(toStored(number).number, toNumber(text));
         EXPECT_EQ(toText(toNumber(text)), text);
         EXPECT_NEAR(toNumber(text), number, std::abs(number) * 1e-14);
     }

@@ -64,6 +64,7 @@ TEST(TimeTextTest, ShowsTheLeadingFields)
         {"1:2:3:4", TimeForm::H, "1:2:3:4"},
         {"001:02:03", TimeForm::H, "001:02:03"},
         {"a:b:c", TimeForm::HMS, "a:b:c"},
+        {"99999999999:0:0", TimeForm::H, "99999999999:0:0"},
         {"::", TimeForm::HMS, "::"},
     };
     for (const auto& row : rows)
