@@ -1,13 +1,13 @@
 #include "events/EventLog.h"
 
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/TextFile.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 
-#include <QSaveFile>
+#include <algorithm>
 
 namespace events {
 
@@ -18,9 +18,11 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
-// A field of a log line: left-justified, padded or cut to its width.
-QString fixed(const QString& text, int width)
+// A field of a log line: left-justified, padded or cut to its width. What would end the line gives a blank.
+QString fixed(QString text, int width)
 {
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return c < QLatin1Char(' '); }, QLatin1Char(' '));
     return text.leftJustified(width, QLatin1Char(' '), true);
 }
 
@@ -86,13 +88,10 @@ void EventLog::CreateLog_App()
         const QString name =
             QStringLiteral("Log/%1_%2.log")
                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
-        QSaveFile file(session_.appFile(name));
-        if (!file.open(QIODevice::WriteOnly))
-            fail(errors::kPathNotFound, QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+        TextWriter file(session_.appFile(name), session_.CodePage);
         for (; !rows.Eof(); rows.MoveNext())
-            file.write(encode(logLine(rows), session_.CodePage) + "\r\n");
-        if (!file.commit())
-            fail(errors::kDiskFull, QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+            file.WriteLine(logLine(rows));
+        file.commit();
     });
 }
 

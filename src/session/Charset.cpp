@@ -1,5 +1,8 @@
 #include "session/Charset.h"
 
+#include "platform/CodePage.h"
+#include "session/Session.h"
+
 namespace session {
 
 int charsetOfLocale(int localeId)
@@ -57,6 +60,12 @@ int charsetOfLocale(int localeId)
     default:
         return 0;
     }
+}
+
+void applyMachineLocale(Session& session, int localeId)
+{
+    session.Charset = charsetOfLocale(localeId);
+    session.CodePage = platform::codePageOf(session.Charset);
 }
 
 } // namespace session

@@ -32,9 +32,8 @@ QString Compose_SqlText(const QVariant& value, const QString& trim, const QStrin
     else if (letters.toUpper() == QLatin1String("U"))
         text = text.toUpper();
     text.replace(QLatin1Char('\''), QLatin1String("''"));
-    // The engine ends a statement at a zero character, which an instrument's memory may well hold.
-    if (text.contains(QChar(0)))
-        return QStringLiteral("('") + text.replace(QChar(0), QLatin1String("'||char(0)||'")) + QStringLiteral("')");
+    // The engine takes the statement for ended at a NUL.
+    text.replace(QChar(u'\0'), QLatin1String("'||char(0)||'"));
     return QLatin1Char('\'') + text + QLatin1Char('\'');
 }
 
