@@ -40,12 +40,19 @@ void Memory::addEeprom(quint8 writeCommand, QByteArray bytes)
 
 std::optional<QByteArray> Memory::read(quint8 readCommand, int address, int length) const
 {
-    const auto bank = std::find_if(banks_.begin(), banks_.end(), [&](const Bank& candidate) {
-        return candidate.readCommand == readCommand && candidate.holds(address);
-    });
-    if (bank == banks_.end())
+    const std::optional<std::size_t> bank = bankRead(readCommand, address);
+    if (!bank)
         return std::nullopt;
-    return bank->bytes.mid(address - bank->startAddress, length).leftJustified(length, char(0xFF));
+    const QByteArray& bytes = banks_[*bank].bytes;
+    return bytes.mid(address - banks_[*bank].startAddress, length).leftJustified(length, char(0xFF));
+}
+
+bool Memory::set(quint8 readCommand, int address, const QByteArray& bytes)
+{
+    const std::optional<std::size_t> bank = bankRead(readCommand, address);
+    if (bank)
+        overlay(banks_[*bank].bytes, address - banks_[*bank].startAddress, bytes);
+    return bank.has_value();
 }
 
 bool Memory::write(quint8 writeCommand, int address, const QByteArray& bytes)
@@ -63,6 +70,14 @@ quint8 Memory::byteBehind(quint8 writeCommand, int address) const
     if (!spot)
         return 0xFF;
     return quint8((spot->bank ? banks_[*spot->bank].bytes : eeproms_.at(writeCommand))[spot->position]);
+}
+
+std::optional<std::size_t> Memory::bankRead(quint8 readCommand, int address) const
+{
+    for (std::size_t i = 0; i < banks_.size(); ++i)
+        if (banks_[i].readCommand == readCommand && banks_[i].holds(address))
+            return i;
+    return std::nullopt;
 }
 
 std::optional<Memory::Spot> Memory::spotBehind(quint8 writeCommand, int address) const

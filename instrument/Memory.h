@@ -42,6 +42,10 @@ public:
     // lie beyond the end is dropped. False when the command leads nowhere.
     bool write(quint8 writeCommand, int address, const QByteArray& bytes);
 
+    // Puts the bytes where a read command finds them, whether or not any command may write there. False:
+    // nowhere.
+    bool set(quint8 readCommand, int address, const QByteArray& bytes);
+
     // One byte as a write command sees it; 0xFF where nothing is.
     quint8 byteBehind(quint8 writeCommand, int address) const;
 
@@ -51,6 +55,8 @@ public:
     bool operator==(const Memory&) const = default;
 
 private:
+    std::optional<std::size_t> bankRead(quint8 readCommand, int address) const;
+
     // Where a write command reaches: a bank, or the command's EEPROM area when no bank is told.
     struct Spot
     {
