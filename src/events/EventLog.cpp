@@ -1,13 +1,13 @@
 #include "events/EventLog.h"
 
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/TextFile.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 
-#include <QSaveFile>
+#include <algorithm>
 
 namespace events {
 
@@ -18,9 +18,11 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
-// A field of a log line: left-justified, padded or cut to its width.
-QString fixed(const QString& text, int width)
+// A field of a log line: left-justified, padded or cut to its width. What would end the line gives a blank.
+QString fixed(QString text, int width)
 {
+    std::replace_if(
+        text.begin(), text.end(), [](QChar c) { return c < QLatin1Char(' '); }, QLatin1Char(' '));
     return text.leftJustified(width, QLatin1Char(' '), true);
 }
 
@@ -28,13 +30,16 @@ QString logLine(const Recordset& event)
 {
     const QDateTime when = QDateTime::fromString(event.text("Date_Reg"), kStoredDate);
     return fixed(event.text("IDType"), 1) + fixed(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19) +
-           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) + fixed(event.text("Instrument"), 50) +
-           fixed(event.text("Description"), 255);
+           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) +
+           fixed(event.text("Instrument"), 50) + fixed(event.text("Description"), 255);
 }
 
 } // namespace
 
-EventLog::EventLog(Session& session, Operator& op, Clock& clock) : session_(session), operator_(op), clock_(clock) {}
+EventLog::EventLog(Session& session, Operator& op, Clock& clock)
+    : session_(session), operator_(op), clock_(clock)
+{
+}
 
 void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                          const QString& Instrument, const QString& Description)
@@ -48,12 +53,13 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
                             const QString& Instrument, const QString& Description)
 {
     guarded("Module/Add_Event_Db", [&] {
-        session_.strSQL = QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
-                                         "Description) VALUES(") +
-                          QString::number(IDType) + QStringLiteral(", '") + When.toString(kStoredDate) +
-                          QStringLiteral("', ") + QString::number(Source) + QStringLiteral(", ") +
-                          composeTextOrNull(Equipment) + QStringLiteral(", ") + composeTextOrNull(Instrument) +
-                          QStringLiteral(", ") + composeTextOrNull(Description) + QStringLiteral(");");
+        session_.strSQL =
+            QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
+                           "Description) VALUES(") +
+            QString::number(IDType) + QStringLiteral(", '") + When.toString(kStoredDate) +
+            QStringLiteral("', ") + QString::number(Source) + QStringLiteral(", ") +
+            composeTextOrNull(Equipment) + QStringLiteral(", ") + composeTextOrNull(Instrument) +
+            QStringLiteral(", ") + composeTextOrNull(Description) + QStringLiteral(");");
         session_.cnDatabase.Execute(session_.strSQL);
     });
 }
@@ -79,15 +85,13 @@ void EventLog::CreateLog_App()
         rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
         if (rows.RecordCount() == 0)
             return;
-        const QString name = QStringLiteral("Log/%1_%2.log")
-                                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
-        QSaveFile file(session_.appFile(name));
-        if (!file.open(QIODevice::WriteOnly))
-            fail(errors::kPathNotFound, QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+        const QString name =
+            QStringLiteral("Log/%1_%2.log")
+                .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
+        TextWriter file(session_.appFile(name), session_.CodePage);
         for (; !rows.Eof(); rows.MoveNext())
-            file.write(encode(logLine(rows), session_.CodePage) + "\r\n");
-        if (!file.commit())
-            fail(errors::kDiskFull, QStringLiteral("%1: %2").arg(file.fileName(), file.errorString()));
+            file.WriteLine(logLine(rows));
+        file.commit();
     });
 }
 

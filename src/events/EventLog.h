@@ -14,8 +14,17 @@ struct Session;
 
 namespace events {
 
-enum EventType { kInformation = 1, kWarning = 2, kError = 3 };
-enum EventSource { kAlarms = 1, kReadWrite = 2 };
+enum EventType
+{
+    kInformation = 1,
+    kWarning = 2,
+    kError = 3
+};
+enum EventSource
+{
+    kAlarms = 1,
+    kReadWrite = 2
+};
 
 // What happens on a connection: rows of tbEvent while it lives, one log file when it ends.
 class EventLog
@@ -24,8 +33,8 @@ public:
     EventLog(session::Session& session, platform::Operator& op, platform::Clock& clock);
 
     // The one entry of the read/write side: a line on the console's list and a row of tbEvent.
-    void Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment, const QString& Instrument,
-                   const QString& Description);
+    void Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
+                   const QString& Instrument, const QString& Description);
     // The row alone; empty texts are stored as NULL.
     void Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                       const QString& Instrument, const QString& Description);

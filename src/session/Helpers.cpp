@@ -25,12 +25,15 @@ QString Compose_SqlText(const QVariant& value, const QString& trim, const QStrin
         return QStringLiteral("NULL");
     const QString side = trim.toUpper();
     const bool both = side == QLatin1String("T");
-    QString text = trimmed(value.toString(), both || side == QLatin1String("L"), both || side == QLatin1String("R"));
+    QString text =
+        trimmed(value.toString(), both || side == QLatin1String("L"), both || side == QLatin1String("R"));
     if (letters.toUpper() == QLatin1String("L"))
         text = text.toLower();
     else if (letters.toUpper() == QLatin1String("U"))
         text = text.toUpper();
     text.replace(QLatin1Char('\''), QLatin1String("''"));
+    // The engine takes the statement for ended at a NUL.
+    text.replace(QChar(u'\0'), QLatin1String("'||char(0)||'"));
     return QLatin1Char('\'') + text + QLatin1Char('\'');
 }
 

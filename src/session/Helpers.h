@@ -7,8 +7,8 @@
 
 namespace session {
 
-// A text made safe for SQL: each ' doubled, wrapped in ' on both sides; NULL gives NULL. `trim` is "L", "R" or "T"
-// (blanks only), `letters` "L" or "U", either case; "" leaves the text as it is.
+// A text made safe for SQL: each ' doubled, wrapped in ' on both sides; NULL gives NULL. `trim` is "L", "R"
+// or "T" (blanks only), `letters` "L" or "U", either case; "" leaves the text as it is.
 QString Compose_SqlText(const QVariant& value, const QString& trim = {}, const QString& letters = {});
 
 // The same for a text that is stored as NULL when it is empty.

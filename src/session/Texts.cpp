@@ -17,14 +17,15 @@ namespace {
 
 QString fileOfBase(const QString& base)
 {
-    static const std::map<QString, QString> kFiles{
-        {QStringLiteral("1000"), QStringLiteral("IT")},
-        {QStringLiteral("2000"), QStringLiteral("EN")},
-        {QStringLiteral("6000"), QStringLiteral("RU")},
+    static const std::map<int, QString> kFiles{
+        {1000, QStringLiteral("IT")},
+        {2000, QStringLiteral("EN")},
+        {6000, QStringLiteral("RU")},
     };
-    const auto file = kFiles.find(base);
+    const auto file = kFiles.find(base.toInt());
     if (file == kFiles.end())
-        platform::fail(platform::errors::kOutOfRange, QStringLiteral("No texts have the base '%1'.").arg(base));
+        platform::fail(platform::errors::kOutOfRange,
+                       QStringLiteral("No texts have the base '%1'.").arg(base));
     return file->second;
 }
 

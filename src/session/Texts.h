@@ -8,8 +8,8 @@ namespace session {
 
 struct LanguageSettings;
 
-// The catalogue of every text that the operator sees, fetched by number: the language's base plus an offset that is
-// the same in all languages. It follows the session's language at each fetch.
+// The catalogue of every text that the operator sees, fetched by number: the language's base plus an offset
+// that is the same in all languages. It follows the session's language at each fetch.
 class Texts
 {
 public:
