@@ -13,7 +13,8 @@
 
 namespace structure {
 
-frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts, QWidget* parent)
+frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
+                       QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
       lvwBus_(new ListBusView(structure.list(), this)), prgUpdate_(new QProgressBar(this))
 {
@@ -87,8 +88,17 @@ void frmListBus::setProgress(int percent)
 void frmListBus::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        lvwBus_->setEmptyText(texts_.own("list.empty"));
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    lvwBus_->setEmptyText(texts_.own("list.empty"));
+    structure_.Set_ColName_ListBus(shownLevel());
+}
+
+int frmListBus::shownLevel() const
+{
+    const QString node = structure_.selectedNode();
+    const bool showsRootItem = structure_.list().keyAt(0) == kRootKey;
+    return node.isEmpty() || showsRootItem ? kNoSelection : Extract_Level(node);
 }
 
 } // namespace structure

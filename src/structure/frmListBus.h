@@ -40,6 +40,8 @@ protected:
 private:
     void listen();
     void restoreColumnWidths();
+    // Of the node whose children the list shows; -1 for the item "Root" alone.
+    int shownLevel() const;
 
     Structure& structure_;
     session::Session& session_;

@@ -218,9 +218,12 @@ void DesktopOperator::unloadForm(const QString& name)
 
 void DesktopOperator::unloadAllForms()
 {
+    static const QStringList kStaying{"frmListBus", "frmTreeBus", "frmMain"};
     QStringList names;
-    for (const auto& [name, window] : loaded_)
-        names << name;
+    for (const auto& [name, window] : loaded_) {
+        if (!kStaying.contains(name))
+            names << name;
+    }
     for (const QString& name : names)
         unloadForm(name);
 }
@@ -246,7 +249,8 @@ QWidget* DesktopOperator::load(const QString& name)
     QWidget* window = factory->second();
     window->setObjectName(name);
     loaded_[name] = window;
-    // A dialog stands over the window that called it up; the main window's icon and stacking are its own then.
+    // A dialog stands over the window that called it up; the main window's icon and stacking are its own
+    // then.
     if (QWidget* above = owner(); above && above != window && qobject_cast<QDialog*>(window))
         window->setParent(above, window->windowFlags());
     return window;

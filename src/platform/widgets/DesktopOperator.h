@@ -14,8 +14,8 @@ inline constexpr char kClosedByProgram[] = "ClosedByProgram";
 
 // The person at the desktop: Qt's dialogs, and the program's windows by name.
 //
-// A window exists once, is made on first use by its factory and is destroyed when it is unloaded. The main window and
-// its two children are adopted instead: they belong to whoever made them and stay.
+// A window exists once, is made on first use by its factory and is destroyed when it is unloaded. The main
+// window's two children are adopted instead: they belong to it.
 class DesktopOperator : public Operator
 {
 public:

@@ -2,6 +2,8 @@
 
 #include <QFile>
 #include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
 
 // A resource inside a static library is linked only when somebody asks for it, outside of any namespace.
 static void bringInIcons()
@@ -28,12 +30,24 @@ QIcon icon(const QString& name)
 QIcon imageOf(int number)
 {
     static const QHash<int, QString> kNames{
-        {1, "root"},       {2, "group"},         {3, "instrument"},   {4, "param-group"},
-        {5, "param-ok"},   {6, "param-changed"}, {7, "param-added"},  {25, "port-open"},
-        {26, "port-closed"}, {27, "port-busy"},  {28, "alarm"},
+        {1, "root"},         {2, "group"},         {3, "instrument"},  {4, "param-group"},
+        {5, "param-ok"},     {6, "param-changed"}, {7, "param-added"}, {25, "port-open"},
+        {26, "port-closed"}, {27, "port-busy"},    {28, "alarm"},
     };
     const QString name = kNames.value(number);
     return name.isEmpty() ? QIcon() : icon(name);
+}
+
+QPixmap picture(const QString& name, const QSize& points, double pixelRatio)
+{
+    bringInIcons();
+    QPixmap drawn(points * pixelRatio);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    QSvgRenderer(QStringLiteral(":/icons/%1.svg").arg(name)).render(&painter, QRectF(drawn.rect()));
+    painter.end();
+    drawn.setDevicePixelRatio(pixelRatio);
+    return drawn;
 }
 
 } // namespace platform

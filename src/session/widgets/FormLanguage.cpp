@@ -126,11 +126,12 @@ private:
 
     static bool isInput(const QWidget& widget)
     {
-        return qobject_cast<const QListWidget*>(&widget) || qobject_cast<const QLineEdit*>(&widget)
-               || qobject_cast<const QTextEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget);
+        return qobject_cast<const QListWidget*>(&widget) || qobject_cast<const QLineEdit*>(&widget) ||
+               qobject_cast<const QTextEdit*>(&widget) || qobject_cast<const QComboBox*>(&widget);
     }
 
-    // Check boxes, labels, buttons and frames: an empty caption stays empty, a negative tag always gives the tip.
+    // Check boxes, labels, buttons and frames: an empty caption stays empty, a negative tag always gives the
+    // tip.
     void applyCaption(QWidget& widget, const QString& tag)
     {
         bool captioned = true;

@@ -44,11 +44,12 @@ void applyLook(QApplication& application)
     application.setStyle(QStyleFactory::create("Fusion"));
     application.setPalette(coolPalette());
     application.setWindowIcon(platform::icon("calidora"));
-    application.setStyleSheet("QToolTip { color: white; background: #12263C; border: 1px solid #12263C; padding: 3px; }"
-                              "QToolBar { border: 0; border-bottom: 1px solid #D3DBE2; padding: 3px; spacing: 1px; }"
-                              "QToolBar::separator { width: 1px; margin: 5px 5px; background: #CBD4DC; }"
-                              "QStatusBar { border-top: 1px solid #D3DBE2; }"
-                              "QStatusBar::item { border: 0; }");
+    application.setStyleSheet(
+        "QToolTip { color: white; background: #12263C; border: 1px solid #12263C; padding: 3px; }"
+        "QToolBar { border: 0; border-bottom: 1px solid #D3DBE2; padding: 3px; spacing: 1px; }"
+        "QToolBar::separator { width: 1px; margin: 5px 5px; background: #CBD4DC; }"
+        "QStatusBar { border-top: 1px solid #D3DBE2; }"
+        "QStatusBar::item { border: 0; }");
 }
 
 } // namespace session

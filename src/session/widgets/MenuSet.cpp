@@ -56,8 +56,10 @@ QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandH
         } else if (!below.entries.empty()) {
             menu->addMenu(makeMenu(below, menu, handlers));
         } else {
-            QAction* action = tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
-            connect(action, &QAction::triggered, menu, [&handlers, command = below.command] { handlers.run(command); });
+            QAction* action =
+                tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
+            connect(action, &QAction::triggered, menu,
+                    [&handlers, command = below.command] { handlers.run(command); });
         }
     }
     return menu;
@@ -70,7 +72,8 @@ void MenuSet::refresh()
         menu->menuAction()->setEnabled(enabled(menu->objectName()));
         refreshMenu(*menu, states_, enabled);
     }
-    refreshMenu(*mnuBus_, states_, [this](const QString& name) { return states_.popupEnabled(place_, name); });
+    refreshMenu(*mnuBus_, states_,
+                [this](const QString& name) { return states_.popupEnabled(place_, name); });
 }
 
 void refreshMenu(QMenu& menu, const CommandStates& states, const std::function<bool(const QString&)>& enabled)

@@ -9,7 +9,8 @@ namespace session {
 
 class CommandStates;
 
-// The menus of one child form: its menu bar and its popup, with the controls' names, kept in step with the states.
+// The menus of one child form: its menu bar and its popup, with the controls' names, kept in step with the
+// states.
 class MenuSet : public QObject
 {
     Q_OBJECT
@@ -22,7 +23,8 @@ public:
     // Shows mnuBus after its rule has been applied.
     void popup(const QPoint& globalPosition);
 
-    // A menu made from entries, with a handler behind each and an icon where the toolbar has one for the command.
+    // A menu made from entries, with a handler behind each and an icon where the toolbar has one for the
+    // command.
     static QMenu* makeMenu(const MenuEntry& entry, QWidget* parent, const CommandHandlers& handlers);
 
 private:
@@ -35,6 +37,7 @@ private:
 };
 
 // Enables and marks every entry of a menu, and of the menus below it.
-void refreshMenu(QMenu& menu, const CommandStates& states, const std::function<bool(const QString&)>& enabled);
+void refreshMenu(QMenu& menu, const CommandStates& states,
+                 const std::function<bool(const QString&)>& enabled);
 
 } // namespace session

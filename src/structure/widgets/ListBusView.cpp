@@ -16,13 +16,19 @@ namespace structure {
 
 namespace {
 
-enum View { kLargeIcons, kSmallIcons, kList, kReport };
+enum View
+{
+    kLargeIcons,
+    kSmallIcons,
+    kList,
+    kReport
+};
 
 } // namespace
 
 ListBusView::ListBusView(ListModel& model, QWidget* parent)
-    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new SortHeader), icons_(new QListView),
-      empty_(new QLabel(this))
+    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new SortHeader),
+      icons_(new QListView), empty_(new QLabel(this))
 {
     report_->setObjectName("lvwBusReport");
     icons_->setObjectName("lvwBusIcons");
@@ -36,13 +42,15 @@ ListBusView::ListBusView(ListModel& model, QWidget* parent)
     icons_->setUniformItemSizes(true);
     icons_->setLayoutMode(QListView::Batched);
     icons_->setMovement(QListView::Static);
-    for (QAbstractItemView* view : {static_cast<QAbstractItemView*>(report_), static_cast<QAbstractItemView*>(icons_)})
+    for (QAbstractItemView* view :
+         {static_cast<QAbstractItemView*>(report_), static_cast<QAbstractItemView*>(icons_)})
         prepare(view);
     icons_->setSelectionModel(report_->selectionModel());
-    connect(report_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& now) {
-        if (!selecting_ && now.isValid() && current()->hasFocus())
-            emit itemPressed(model_.keyAt(now.row()));
-    });
+    connect(report_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& now) {
+                if (!selecting_ && now.isValid() && current()->hasFocus())
+                    emit itemPressed(model_.keyAt(now.row()));
+            });
 
     header_->resizeSection(0, 280);
     header_->resizeSection(1, 160);
@@ -142,8 +150,9 @@ bool ListBusView::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::ContextMenu && watched == current()) {
         auto* wanted = static_cast<QContextMenuEvent*>(event);
         const bool byKey = wanted->reason() == QContextMenuEvent::Keyboard;
-        const QModelIndex at = byKey ? current()->currentIndex()
-                                     : current()->indexAt(current()->viewport()->mapFromGlobal(wanted->globalPos()));
+        const QModelIndex at =
+            byKey ? current()->currentIndex()
+                  : current()->indexAt(current()->viewport()->mapFromGlobal(wanted->globalPos()));
         if (at.isValid())
             emit menuWanted(byKey ? current()->viewport()->mapToGlobal(current()->visualRect(at).center())
                                   : wanted->globalPos());

@@ -13,8 +13,8 @@ namespace structure {
 class ListModel;
 class SortHeader;
 
-// One list in four views: large icons, small icons, list, report. They share model and selection, so that a change of
-// view changes nothing else.
+// One list in four views: large icons, small icons, list, report. They share model and selection, so that a
+// change of view changes nothing else.
 class ListBusView : public QStackedWidget
 {
     Q_OBJECT

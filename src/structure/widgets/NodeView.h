@@ -4,8 +4,8 @@
 
 namespace structure {
 
-// The tree as the operator touches it. Tells of nodes taken by mouse or key; a selection made by the program, or one
-// that moves because a node went away, is told to nobody.
+// The tree as the operator touches it. Tells of nodes taken by mouse or key; a selection made by the program,
+// or one that moves because a node went away, is told to nobody.
 class NodeView : public QTreeView
 {
     Q_OBJECT
