@@ -17,9 +17,9 @@ namespace rules {
 
 namespace {
 
-// One line of a table: the names, and a letter for each level from the table's lowest. E enabled, D disabled, T while
-// the tree is shown; A for the administrator; M, R, U, V with the right to modify, to read and write, to upgrade, to
-// the event viewer. A level above the last letter follows the last letter.
+// One line of a table: the names, and a letter for each level from the table's lowest. E enabled, D disabled,
+// T while the tree is shown; A for the administrator; M, R, U, V with the right to modify, to read and write,
+// to upgrade, to the event viewer. A level above the last letter follows the last letter.
 struct Rule
 {
     const char* names;
@@ -149,11 +149,11 @@ EnabledStates listPopup(int level, const Rights& rights)
 const QStringList& menusWithoutCompany()
 {
     static const QStringList kNames{
-        "mnuFile",         "mnuNewDb",         "mnuOpenDb",        "mnuCloseDb",    "mnuSettings",
-        "mnuExit",         "mnuView",          "mnuStructure",     "mnuTlb",        "mnuTlbComplete",
-        "mnuTlbReduced",   "mnuTlbLargeIcons", "mnuTlbSmallIcons", "mnuLargeIcons", "mnuSmallIcons",
-        "mnuListIcons",    "mnuReportIcons",   "mnuUtility",       "mnuDb",         "mnuRestoreDb",
-        "mnuHelp",         "mnuAbout",
+        "mnuFile",       "mnuNewDb",         "mnuOpenDb",        "mnuCloseDb",    "mnuSettings",
+        "mnuExit",       "mnuView",          "mnuStructure",     "mnuTlb",        "mnuTlbComplete",
+        "mnuTlbReduced", "mnuTlbLargeIcons", "mnuTlbSmallIcons", "mnuLargeIcons", "mnuSmallIcons",
+        "mnuListIcons",  "mnuReportIcons",   "mnuUtility",       "mnuDb",         "mnuRestoreDb",
+        "mnuHelp",       "mnuAbout",
     };
     return kNames;
 }

@@ -25,7 +25,8 @@ using EnabledStates = std::map<QString, bool>;
 
 namespace rules {
 
-// Buttons of tlbMain by key; `level` -2 no company, -1 no tree selection, 0 and above the selected node's level.
+// Buttons of tlbMain by key; `level` -2 no company, -1 no tree selection, 0 and above the selected node's
+// level.
 EnabledStates toolbar(int level, const Rights& rights, bool treeVisible);
 // Menus of frmListBus; `level` from -1.
 EnabledStates listMenus(int level, const Rights& rights);

@@ -100,10 +100,10 @@ void CommandStates::Set_Form_Icons(int icons)
 
 bool CommandStates::markable(const QString& name) const
 {
-    static const QStringList kLooks{"mnuStructure",       "Tree",
-                                    "mnuTlbComplete",     "mnuTlbViewComplete",
-                                    "mnuTlbReduced",      "mnuTlbViewReduced",
-                                    "mnuTlbLargeIcons",   "mnuTlbSmallIcons"};
+    static const QStringList kLooks{"mnuStructure",     "Tree",
+                                    "mnuTlbComplete",   "mnuTlbViewComplete",
+                                    "mnuTlbReduced",    "mnuTlbViewReduced",
+                                    "mnuTlbLargeIcons", "mnuTlbSmallIcons"};
     return viewOfMark(name) >= 0 || kLooks.contains(name);
 }
 

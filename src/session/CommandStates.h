@@ -13,8 +13,8 @@ namespace session {
 
 struct Session;
 
-// Which command may be used now, and which carries a mark. The windows show what stands here; everything starts
-// enabled, as a form's controls do.
+// Which command may be used now, and which carries a mark. The windows show what stands here; everything
+// starts enabled, as a form's controls do.
 class CommandStates : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,10 @@ signals:
 private:
     static bool stateOf(const EnabledStates& states, const QString& name);
     const EnabledStates& menusOf(Place place) const { return place == Place::Tree ? treeMenus_ : listMenus_; }
-    const EnabledStates& popupsOf(Place place) const { return place == Place::Tree ? treePopup_ : listPopup_; }
+    const EnabledStates& popupsOf(Place place) const
+    {
+        return place == Place::Tree ? treePopup_ : listPopup_;
+    }
     void apply(EnabledStates& states, const EnabledStates& rule);
     void setAllMenus(bool enabled);
     Rights rights() const;

@@ -22,8 +22,9 @@ struct ToolbarCommand
 // The buttons in their order.
 const std::vector<ToolbarCommand>& toolbarCommands();
 
-// An entry of a menu. `name` is the control's name; "-" is a separator. `text` is the caption's offset, 0 for one
-// that is the same in every language and stands in `caption`. An entry with entries of its own opens them.
+// An entry of a menu. `name` is the control's name; "-" is a separator. `text` is the caption's offset, 0 for
+// one that is the same in every language and stands in `caption`. An entry with entries of its own opens
+// them.
 struct MenuEntry
 {
     QString name;
@@ -35,8 +36,13 @@ struct MenuEntry
     bool isSeparator() const { return name == QLatin1String("-"); }
 };
 
-// Which of the two children a menu belongs to: commands on the selected node and on the selected item are twins.
-enum class Place { Tree, List };
+// Which of the two children a menu belongs to: commands on the selected node and on the selected item are
+// twins.
+enum class Place
+{
+    Tree,
+    List
+};
 
 std::vector<MenuEntry> menuBar(Place place);
 // The popup mnuBus.
@@ -48,7 +54,10 @@ std::vector<MenuEntry> popupToolbar();
 class CommandHandlers
 {
 public:
-    void set(const QString& command, std::function<void()> handler) { handlers_[command] = std::move(handler); }
+    void set(const QString& command, std::function<void()> handler)
+    {
+        handlers_[command] = std::move(handler);
+    }
     bool has(const QString& command) const { return handlers_.contains(command); }
     // Runs the command; one without a handler does nothing.
     void run(const QString& command) const;
@@ -57,7 +66,8 @@ private:
     std::map<QString, std::function<void()>> handlers_;
 };
 
-// The buttons that stand on the toolbar: those with a handler that the view shows, and the separators between them.
+// The buttons that stand on the toolbar: those with a handler that the view shows, and the separators between
+// them.
 QStringList offeredButtons(const CommandHandlers& handlers, bool completeView);
 // A menu without the entries that nothing handles yet, and without separators that part nothing.
 std::vector<MenuEntry> offeredEntries(const std::vector<MenuEntry>& menu, const CommandHandlers& handlers);

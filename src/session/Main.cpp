@@ -3,6 +3,7 @@
 #include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "session/CommandStates.h"
+#include "session/Configuration.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -27,7 +28,8 @@ bool takeMarker(const QString& path)
 
 Main::Main(Surroundings surroundings)
     : session_(surroundings.session), texts_(surroundings.texts), operator_(surroundings.op),
-      clock_(surroundings.clock), commands_(surroundings.commands), services_(std::move(surroundings.services))
+      clock_(surroundings.clock), commands_(surroundings.commands),
+      services_(std::move(surroundings.services))
 {
 }
 
@@ -43,7 +45,7 @@ bool Main::start()
     operator_.showForm("frmPresentation");
     operator_.repaint();
     if (!services_.Read_Configuration()) {
-        applyFirstRunDefaults();
+        applyFirstRunDefaults(session_);
         takeFirstRunMarkers();
     }
     services_.Inizialize_RUChr();
@@ -63,22 +65,6 @@ bool Main::start()
     services_.Set_COMPort();
     services_.Open_COMConnection();
     return true;
-}
-
-void Main::applyFirstRunDefaults()
-{
-    session_.DbName.clear();
-    session_.DbPath = session_.appFile("Data");
-    session_.DbVersion.clear();
-    session_.DirBackup = session_.appFile("Data");
-    session_.DirExport = session_.appFile("Log");
-    session_.DirImport = session_.appFile("Data");
-    session_.LogSet = {};
-    session_.ToolbarSet = {};
-    session_.ListBusSet = {};
-    session_.TreeBusSet = {};
-    session_.Language = {};
-    session_.COMPort = {};
 }
 
 void Main::takeFirstRunMarkers()

@@ -15,7 +15,8 @@ class CommandStates;
 class Texts;
 struct Session;
 
-// What the entry procedure has others do, as verbs. Each ends in its own guard and tells whether it went well.
+// What the entry procedure has others do, as verbs. Each ends in its own guard and tells whether it went
+// well.
 struct MainServices
 {
     std::function<bool()> Read_Configuration;
@@ -31,8 +32,8 @@ struct MainServices
     std::function<bool()> Close_COMConnection;
 };
 
-// The program's beginning and end: start-up in its order, the company commands of the File menu that close, the one
-// question before leaving.
+// The program's beginning and end: start-up in its order, the company commands of the File menu that close,
+// the one question before leaving.
 class Main
 {
 public:
@@ -65,7 +66,6 @@ public:
     void Unload();
 
 private:
-    void applyFirstRunDefaults();
     void takeFirstRunMarkers();
     bool start();
     void openLastCompany();
