@@ -13,7 +13,7 @@ struct ToolbarCommand
 {
     QString key;
     int text = 0;
-    QString icon; // name in the icon resources
+    QString icon = {}; // name in the icon resources
     bool inReducedView = false;
 
     bool isSeparator() const { return icon.isEmpty(); }
@@ -29,7 +29,7 @@ struct MenuEntry
 {
     QString name;
     int text = 0;
-    QString command;
+    QString command = {};
     std::vector<MenuEntry> entries = {};
     QString caption = {};
 
