@@ -31,7 +31,7 @@ void ConsoleModel::setSimulator(bool pressed)
     emit changed();
 }
 
-QString ConsoleModel::activity(const session::Texts& texts) const
+QString ConsoleModel::activity(const session::Texts& texts, const QString& group) const
 {
     const qint64 now = clock_.elapsed();
     if (operation_.running()) {
@@ -52,7 +52,7 @@ QString ConsoleModel::activity(const session::Texts& texts) const
     case 2:
         return texts.own(QStringLiteral("progress.dialling")).arg((now - busySince_) / 1000);
     default:
-        return texts.own(QStringLiteral("console.hint.connect"));
+        return texts.own(QStringLiteral("console.hint.connect")).arg(group);
     }
 }
 

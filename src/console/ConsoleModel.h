@@ -35,8 +35,9 @@ public:
     void setAutoDisconnect(bool pressed);
     void setSimulator(bool pressed);
 
-    // One line that tells what goes on: the item in hand, the wait for its answer, the time left.
-    QString activity(const session::Texts& texts) const;
+    // One line that tells what goes on: the item in hand, the wait for its answer, the time left; or the next
+    // step.
+    QString activity(const session::Texts& texts, const QString& group) const;
     // Parameters whose read-back did not give what was written, since the console opened.
     const QStringList& failedChecks() const { return failedChecks_; }
     void forgetFailedChecks();

@@ -3,63 +3,35 @@
 #include "platform/CodePage.h"
 #include "session/Session.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace session {
+
+namespace {
+
+struct Row
+{
+    int localeId;
+    int charset;
+};
+
+constexpr Row kCharsets[] = {
+    {1025, 178},  {2049, 178},  {3073, 178},  {4097, 178},  {5121, 178},  {6145, 178},  {7169, 178},
+    {8193, 178},  {9217, 178},  {10241, 178}, {11265, 178}, {12289, 178}, {13313, 178}, {14337, 178},
+    {15361, 178}, {16385, 178}, {1028, 136},  {1029, 238},  {1038, 238},  {1045, 238},  {1051, 238},
+    {1032, 161},  {1037, 177},  {1041, 128},  {1042, 129},  {1049, 204},  {1058, 204},  {1059, 204},
+    {1060, 204},  {1061, 204},  {1062, 204},  {1063, 204},  {3098, 204},  {1054, 222},  {1055, 162},
+    {2052, 134},  {3076, 134},  {4100, 134},
+};
+
+} // namespace
 
 int charsetOfLocale(int localeId)
 {
-    switch (localeId) {
-    case 1025:
-    case 2049:
-    case 3073:
-    case 4097:
-    case 5121:
-    case 6145:
-    case 7169:
-    case 8193:
-    case 9217:
-    case 10241:
-    case 11265:
-    case 12289:
-    case 13313:
-    case 14337:
-    case 15361:
-    case 16385:
-        return 178;
-    case 1028:
-        return 136;
-    case 1029:
-    case 1038:
-    case 1045:
-    case 1051:
-        return 238;
-    case 1032:
-        return 161;
-    case 1037:
-        return 177;
-    case 1041:
-        return 128;
-    case 1042:
-        return 129;
-    case 1049:
-    case 1058:
-    case 1059:
-    case 1060:
-    case 1061:
-    case 1062:
-    case 1063:
-    case 3098:
-        return 204;
-    case 1054:
-        return 222;
-    case 1055:
-        return 162;
-    case 2052:
-    case 3076:
-    case 4100:
-        return 134;
-    default:
-        return 0;
-    }
+    const auto row = std::find_if(std::begin(kCharsets), std::end(kCharsets),
+                                  [=](const Row& known) { return known.localeId == localeId; });
+    return row == std::end(kCharsets) ? 0 : row->charset;
 }
 
 void applyMachineLocale(Session& session, int localeId)
