@@ -1,5 +1,6 @@
 #include "session/widgets/Program.h"
 
+#include "console/frmReadWrite.h"
 #include "database/frmConnection.h"
 #include "dialogs/frmMessage.h"
 #include "events/frmReadLogFiles.h"
@@ -90,6 +91,9 @@ void Program::registerForms()
     with_.op.registerForm("frmLanguage", [&] { return new frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
     with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
+    with_.op.registerForm("frmReadWrite", [&, this] {
+        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
+    });
     with_.op.registerForm("frmConnection", [&] {
         auto* window = new database::frmConnection(session, texts, op);
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);

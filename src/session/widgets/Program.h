@@ -54,6 +54,8 @@ public:
     CommandStates& commands() { return commands_; }
     structure::Structure& structure() { return structure_; }
     bus::StatusPanels& panels() { return panels_; }
+    database::Database& database() { return database_; }
+    Main& main() { return main_; }
 
 signals:
     // The main window has gone.
