@@ -193,6 +193,20 @@ QString Console::groupName()
     return name;
 }
 
+QString Console::itemPath() const
+{
+    QStringList captions;
+    if (!item_.IDInst.isEmpty())
+        captions << structure_.tree().captionOf(structure::Compose_Key(3, item_.IDGrp, item_.IDInst, {}));
+    if (!item_.IDParGrp.isEmpty())
+        captions << structure_.tree().captionOf(
+            structure::Compose_Key(4, item_.IDGrp, item_.IDInst, item_.IDParGrp));
+    if (const structure::ListItem* parameter = structure_.list().item(session_.ClipKey);
+        !item_.IDPar.isEmpty() && parameter)
+        captions << parameter->text;
+    return captions.join(QStringLiteral(" \u203a "));
+}
+
 void Console::Set_Simulator(bool toggle)
 {
     QString& chosen = bus_.parTrasm().Simulator;

@@ -73,6 +73,8 @@ public:
 
     // The name of the group that the console stands on.
     QString groupName();
+    // Where it stands below that: "CELLA CARNE › Fans"; empty on the group itself.
+    QString itemPath() const;
 
 private:
     void openOn(const QString& key, const char* procedure);

@@ -158,6 +158,9 @@ QWidget* frmReadWrite::makeHeading()
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.15);
     lblGroup_->setFont(bold);
+    lblItem_ = new QLabel(heading);
+    lblItem_->setObjectName("lblItem");
+    lblItem_->setTextFormat(Qt::PlainText);
     lblActivity_ = new QLabel(heading);
     lblActivity_->setObjectName("lblActivity");
     lblActivity_->setTextFormat(Qt::PlainText);
@@ -171,7 +174,11 @@ QWidget* frmReadWrite::makeHeading()
     QSizePolicy keep = prgLoad_->sizePolicy();
     keep.setRetainSizeWhenHidden(true);
     prgLoad_->setSizePolicy(keep);
-    layout->addWidget(lblGroup_);
+    auto* place = new QHBoxLayout;
+    place->setSpacing(10);
+    place->addWidget(lblGroup_);
+    place->addWidget(lblItem_, 1, Qt::AlignBottom);
+    layout->addLayout(place);
     layout->addWidget(lblActivity_);
     layout->addWidget(prgLoad_);
     return heading;
@@ -184,6 +191,7 @@ QWidget* frmReadWrite::makeList()
     lvwItems_->setModel(&model_.log());
     lvwItems_->setRootIsDecorated(false);
     lvwItems_->setUniformRowHeights(true);
+    lvwItems_->setStyleSheet("QTreeView::item { padding: 3px 0; }");
     lvwItems_->setAlternatingRowColors(true);
     lvwItems_->setFrameShape(QFrame::NoFrame);
     lvwItems_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -332,6 +340,7 @@ void frmReadWrite::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange) {
         model_.log().setColumnCaptions({texts_(241), texts_(103)});
         lblGroup_->setText(group_);
+        lblItem_->setText(console_.itemPath());
         showCommands();
         showActivity();
         showFailedChecks();

@@ -83,7 +83,7 @@ private:
     QAction *mnuConnect_, *mnuDisconnect_, *mnuAutoDisconnect_, *mnuSimulator_, *mnuRead_, *mnuWrite_,
         *mnuExit_;
     QAction *connect_, *disconnect_, *autoDisconnect_, *simulator_, *read_, *write_, *exit_;
-    QLabel *lblGroup_, *lblActivity_;
+    QLabel *lblGroup_, *lblItem_, *lblActivity_;
     QTreeView* lvwItems_;
     QWidget* failedChecks_;
     QLabel* lblFailed_;
