@@ -15,7 +15,12 @@ constexpr int kPortBusy = 27;
 constexpr int kAlarm = 28;
 } // namespace images
 
-enum class Panel { COMSet, Info, Allarm };
+enum class Panel
+{
+    COMSet,
+    Info,
+    Allarm
+};
 
 // What the panels of the main status bar show; the console mirrors two of them.
 class StatusPanels : public QObject

@@ -2,6 +2,8 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
+#include <optional>
 
 namespace platform {
 class Operator;
@@ -16,8 +18,8 @@ class Structure;
 
 namespace database {
 
-// The life of the open company: connecting to its file, filling the tree from it, closing it again, and the two
-// commands that choose one.
+// The life of the open company: connecting to its file, filling the tree from it, closing it again, and the
+// two commands that choose one.
 class Database : public QObject
 {
     Q_OBJECT
@@ -34,12 +36,24 @@ public:
     void New_Database();
 
 signals:
-    void progress(int percent);            // frmConnection's prgLoad
+    void progress(int percent);                  // frmConnection's prgLoad
     void captionChanged(const QString& caption); // of the main window
-    void connected();                      // after the commands' own success: the login's place
-    void connectionLost();                 // a command's connect failed and was cleaned up
+    void companyMade();    // a new company is connected for the first time: its first user's place
+    void connected();      // after the commands' own success: the login's place
+    void connectionLost(); // a command's connect failed and was cleaned up
 
 private:
+    void makeReady();
+    void openCatalogue();
+    void readCompany();
+    void fillTree();
+    bool isFree();
+    QString startFolder() const;
+    std::optional<QString> askFile(const std::function<QString()>& ask);
+    bool takeName(const QString& file);
+    void makeCompany();
+    bool openCompany();
+
     session::Session& session_;
     const session::Texts& texts_;
     platform::Operator& operator_;

@@ -6,8 +6,8 @@
 
 namespace platform {
 
-// A form's timer: while Enabled it ticks every Interval milliseconds, never early. A tick that is still running
-// holds back the next one. Setting Interval or Enabled starts the interval anew.
+// A form's timer: while Enabled it ticks every Interval milliseconds, never early. A tick that is still
+// running holds back the next one. Setting Interval or Enabled starts the interval anew.
 class Timer
 {
 public:
@@ -49,8 +49,9 @@ public:
     double secondsSinceMidnight() const { return now().time().msecsSinceStartOfDay() / 1000.0; }
 };
 
-// Blocks until the clock of seconds since midnight stands `seconds` behind where it stood, and returns the time
-// elapsed. That clock restarts at midnight: a wait across it ends when the same value comes round the next day.
+// Blocks until the clock of seconds since midnight stands `seconds` behind where it stood, and returns the
+// time elapsed. That clock restarts at midnight: a wait across it ends when the same value comes round the
+// next day.
 double waitOnDayClock(Clock& clock, double seconds);
 
 } // namespace platform

@@ -63,7 +63,8 @@ void Connection::Open(const QString& connectionString)
         fail(errors::kInvalidCall, QStringLiteral("The connection is open already."));
     path_ = QDir::fromNativeSeparators(dataSourceOf(connectionString));
     if (!QFileInfo(path_).isFile())
-        fail(errors::kFileNotFound, QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
+        fail(errors::kFileNotFound,
+             QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
     try {
         auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(),
                                                            SQLite::OPEN_READWRITE, kBusyMilliseconds);

@@ -18,8 +18,8 @@ struct Failure
 
 using FailureHook = std::function<void(const Failure&)>;
 
-// Installs the one process-wide hook that shows the critical box and writes the report. Returns the former one,
-// so that a test can put it back.
+// Installs the one process-wide hook that shows the critical box and writes the report. Returns the former
+// one, so that a test can put it back.
 FailureHook setFailureHook(FailureHook hook);
 
 // Hands a failure to the hook. Never throws, whatever the hook does.

@@ -8,8 +8,9 @@
 
 namespace platform {
 
-// A serial port that ends in memory: what the program sends goes to `onOutput` and into a log with its time, what a
-// peer feeds arrives as receive events. Opening, writing and the whole device can be broken on purpose.
+// A serial port that ends in memory: what the program sends goes to `onOutput` and into a log with its time,
+// what a peer feeds arrives as receive events. Opening, writing and the whole device can be broken on
+// purpose.
 class MemorySerialPort : public SerialPort
 {
 public:

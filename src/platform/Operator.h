@@ -4,9 +4,26 @@
 
 namespace platform {
 
-enum class Icon { None, Critical, Question, Exclamation, Information };
-enum class Buttons { Ok, YesNo, YesNoCancel };
-enum class Pointer { Default = 0, Hourglass = 11, ArrowHourglass = 13 };
+enum class Icon
+{
+    None,
+    Critical,
+    Question,
+    Exclamation,
+    Information
+};
+enum class Buttons
+{
+    Ok,
+    YesNo,
+    YesNoCancel
+};
+enum class Pointer
+{
+    Default = 0,
+    Hourglass = 11,
+    ArrowHourglass = 13
+};
 
 // The answer to a question, with the numbers that `Answer` is compared with.
 namespace answers {

@@ -131,8 +131,10 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
     const QString device = port_.portName();
     port_.close();
     if (OnFault)
-        OnFault(RuntimeError(errors::kDeviceIo,
-                             QStringLiteral("The port %1 has vanished: was the cable or the adapter pulled out?").arg(device)));
+        OnFault(
+            RuntimeError(errors::kDeviceIo,
+                         QStringLiteral("The port %1 has vanished: was the cable or the adapter pulled out?")
+                             .arg(device)));
 }
 
 } // namespace platform

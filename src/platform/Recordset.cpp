@@ -6,8 +6,8 @@
 
 #include <QRegularExpression>
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <sqlite3.h>
 #include <algorithm>
+#include <sqlite3.h>
 
 namespace platform {
 
@@ -35,8 +35,9 @@ QString plainName(const char* name)
 
 [[noreturn]] void failWithoutRecord()
 {
-    fail(errors::kNoCurrentRecord, QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. "
-                                                  "Requested operation requires a current record."));
+    fail(errors::kNoCurrentRecord,
+         QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. "
+                        "Requested operation requires a current record."));
 }
 
 } // namespace
@@ -98,7 +99,8 @@ void Recordset::Find(const QString& criterion)
                                           QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = kForm.match(criterion);
     if (!match.hasMatch())
-        fail(errors::kInvalidCall, QStringLiteral("The search criterion '%1' is not understood.").arg(criterion));
+        fail(errors::kInvalidCall,
+             QStringLiteral("The search criterion '%1' is not understood.").arg(criterion));
     const int column = columnOf(match.captured(1));
     const QString wanted = match.captured(2).replace(QLatin1String("''"), QLatin1String("'")).toCaseFolded();
 

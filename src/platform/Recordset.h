@@ -12,12 +12,16 @@ class Connection;
 
 // The rows of one statement, walked with a cursor.
 //
-// All rows are read when it opens and the statement is finished at once: the walked table may change under it,
-// the file may be closed, and nothing outlives the connection. A NULL field is a null QVariant.
+// All rows are read when it opens and the statement is finished at once: the walked table may change under
+// it, the file may be closed, and nothing outlives the connection. A NULL field is a null QVariant.
 class Recordset
 {
 public:
-    enum State { Closed = 0, Opened = 1 };
+    enum State
+    {
+        Closed = 0,
+        Opened = 1
+    };
 
     // Fails with the engine's words; a recordset that is open already fails too.
     void Open(const QString& sql, const Connection& connection);
@@ -33,8 +37,9 @@ public:
     void MoveNext();
     void MovePrevious();
 
-    // Moves to the first row, from the current one on, whose column equals the quoted value of a criterion of the
-    // form "[column] = 'value'" (no case); stands at the end when there is none. One hash a column, no walk.
+    // Moves to the first row, from the current one on, whose column equals the quoted value of a criterion of
+    // the form "[column] = 'value'" (no case); stands at the end when there is none. One hash a column, no
+    // walk.
     void Find(const QString& criterion);
 
     QStringList fieldNames() const { return names_; }
@@ -46,7 +51,10 @@ public:
 
 private:
     int columnOf(const QString& name) const;
-    const QVariant& cell(int row, int column) const { return cells_[std::size_t(row) * names_.size() + column]; }
+    const QVariant& cell(int row, int column) const
+    {
+        return cells_[std::size_t(row) * names_.size() + column];
+    }
 
     int state_ = Closed;
     int rowCount_ = 0;

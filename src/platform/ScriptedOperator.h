@@ -9,8 +9,8 @@
 
 namespace platform {
 
-// An operator who answers from a script, so that a box is answered before it appears. A question that the script
-// does not expect is recorded in `unexpected` and answered with its safest button.
+// An operator who answers from a script, so that a box is answered before it appears. A question that the
+// script does not expect is recorded in `unexpected` and answered with its safest button.
 class ScriptedOperator : public Operator
 {
 public:
@@ -40,10 +40,10 @@ public:
     void enableForm(const QString& name, bool enabled) override;
     void repaint() override {}
 
-    std::vector<Box> boxes;       // every box that appeared
+    std::vector<Box> boxes; // every box that appeared
     std::vector<FileRequest> fileRequests;
-    QStringList unexpected;       // texts of boxes that no script expected
-    QStringList forms;            // what was asked of the windows, in order
+    QStringList unexpected; // texts of boxes that no script expected
+    QStringList forms;      // what was asked of the windows, in order
     Pointer pointer = Pointer::Default;
     int beeps = 0;
     // Plays the operator inside a modal window.

@@ -9,9 +9,10 @@ namespace platform {
 
 // The serial port as the bus sees it. Text mode carries bytes 1:1.
 //
-// Opening fails with 8002 (no such port), 8005 (held by another program) or another number with words of its own;
-// writing to a closed or broken port fails. OnComm comes once for every arrival, never from inside another call;
-// OnFault comes once when an open port breaks (the adapter was pulled out): the port is closed by then.
+// Opening fails with 8002 (no such port), 8005 (held by another program) or another number with words of its
+// own; writing to a closed or broken port fails. OnComm comes once for every arrival, never from inside
+// another call; OnFault comes once when an open port breaks (the adapter was pulled out): the port is closed
+// by then.
 class SerialPort
 {
 public:

@@ -8,12 +8,14 @@
 
 namespace platform {
 
-// Somebody outside the program who lives in the same time: a peer on the line. Goes on while the program blocks.
+// Somebody outside the program who lives in the same time: a peer on the line. Goes on while the program
+// blocks.
 class Peer
 {
 public:
     virtual ~Peer() = default;
-    // Milliseconds of VirtualClock::elapsed at which it wants to act next; none when it waits to be spoken to.
+    // Milliseconds of VirtualClock::elapsed at which it wants to act next; none when it waits to be spoken
+    // to.
     virtual std::optional<qint64> nextDue() const = 0;
     virtual void advance(qint64 elapsed) = 0;
 };

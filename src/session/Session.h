@@ -72,28 +72,40 @@ struct UserRecord
 // A right is true for a non-zero number text or "True".
 bool rightOf(const QString& booleanText);
 
-enum CompanyField { Company, Address, Postcode, Locality, Country, Phone, Fax, EMail, WEB, VATNumber };
+enum CompanyField
+{
+    Company,
+    Address,
+    Postcode,
+    Locality,
+    Country,
+    Phone,
+    Fax,
+    EMail,
+    WEB,
+    VATNumber
+};
 
 // The values that the whole program shares, made once by main and handed on by reference.
 struct Session
 {
     QString AppTitle = QStringLiteral("Calidora");
-    QString AppPath;                                // the application folder, no trailing separator
+    QString AppPath; // the application folder, no trailing separator
     QString ExeName = QStringLiteral("Calidora");
-    int CodePage = 1252;                            // of files and of the line, from the machine's locale
-    int Charset = 0;                                // the same as a character set number
+    int CodePage = 1252; // of files and of the line, from the machine's locale
+    int Charset = 0;     // the same as a character set number
 
     platform::Connection cnDatabase;
     QString ConnectionString;
-    QString DbName;                                 // file name, no path; "" means no company is open
-    QString DbPath;                                 // its folder, no trailing separator
+    QString DbName; // file name, no path; "" means no company is open
+    QString DbPath; // its folder, no trailing separator
     QString DbVersion;
 
     platform::Recordset rsInstrument, rsParam, rsParamEnum, rsInstMem, rsUsers; // open while connected
-    platform::Recordset rsWork;                     // opened and closed by each job
+    platform::Recordset rsWork; // opened and closed by each job
 
     QString strSQL, strMsg;
-    int Answer = 0;                                 // of the last question: one of platform::answers
+    int Answer = 0; // of the last question: one of platform::answers
     bool DialogOk = false;
 
     ToolbarSettings ToolbarSet;
@@ -104,10 +116,10 @@ struct Session
     LanguageSettings Language;
     QString DirBackup, DirExport, DirImport;
 
-    std::array<QString, 10> CompanySet;             // by CompanyField
+    std::array<QString, 10> CompanySet; // by CompanyField
     UserRecord CurrentUser;
 
-    int ClipOperation = 0;                          // 0 nothing, 1 cut, 2 copy
+    int ClipOperation = 0; // 0 nothing, 1 cut, 2 copy
     QString ClipKey;
     double TitlebarHeight = 0;
 

@@ -5,8 +5,8 @@
 
 namespace session {
 
-// One block of texts, read from a plain text file: a row a line, its key, then the text between the first and the
-// last quote of the line. Lines that are empty or begin with "#" say nothing.
+// One block of texts, read from a plain text file: a row a line, its key, then the text between the first and
+// the last quote of the line. Lines that are empty or begin with "#" say nothing.
 class TextBlock
 {
 public:

@@ -6,15 +6,19 @@
 
 namespace structure {
 
-// The plant as a tree: root, groups, instruments, parameter groups, each with its node key, caption and image.
-// Children stand in the order in which they were added. Column 0 only; KeyRole gives the key, ImageRole the image number
-// (level + 1; the root has image 1).
+// The plant as a tree: root, groups, instruments, parameter groups, each with its node key, caption and
+// image. Children stand in the order in which they were added. Column 0 only; KeyRole gives the key,
+// ImageRole the image number (level + 1; the root has image 1).
 class TreeModel : public QAbstractItemModel
 {
     Q_OBJECT
 
 public:
-    enum Role { KeyRole = Qt::UserRole, ImageRole };
+    enum Role
+    {
+        KeyRole = Qt::UserRole,
+        ImageRole
+    };
 
     explicit TreeModel(QObject* parent = nullptr);
     ~TreeModel() override;
@@ -23,8 +27,9 @@ public:
     // Adds nodes without a word to the views between the two calls: a whole company comes in at once.
     void beginBulk();
     void endBulk();
+    bool inBulk() const { return bulk_; }
 
-    // False when the parent is missing or the key is there already.
+    // False when the parent is missing or the key is there already. The parent "" makes the one root.
     bool addNode(const QString& parentKey, const QString& key, const QString& caption, int image);
     // Removes the node and all below it; false when it is missing.
     bool removeNode(const QString& key);
@@ -48,8 +53,29 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    struct Node;
-    // (implementation's own: flat storage, ids as internalId, key -> id hash)
+    struct Node
+    {
+        QString key;
+        QString caption;
+        int parent;
+        int row;
+        int image;
+        std::vector<int> children;
+    };
+
+    int idOf(const QModelIndex& index) const { return index.isValid() ? int(index.internalId()) : kNone; }
+    QModelIndex indexOfId(int id) const;
+    void renumber(std::vector<int>& siblings, std::size_t from);
+    void forget(int id);
+
+    static constexpr int kNone = -1;
+
+    // A node's place is its id as long as it lives; the place of a removed node stays empty until the next
+    // clear().
+    std::vector<Node> nodes_;
+    QHash<QString, int> idByKey_;
+    int root_ = kNone;
+    bool bulk_ = false;
 };
 
 } // namespace structure

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RuntimeError.h"
+#include "values/Failures.h"
 
 namespace values {
 
@@ -9,7 +9,7 @@ inline void requireInsideByte(int first, int count)
 {
     constexpr int kBits = 8;
     if (first < 0 || count < 0 || first > kBits || count > kBits - first)
-        platform::fail(platform::errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+        failInvalidCall();
 }
 
 } // namespace values

@@ -2,21 +2,19 @@
 
 #include "platform/Guard.h"
 #include "values/BitField.h"
+#include "values/Failures.h"
 #include "values/Numbers.h"
 #include "values/TimeText.h"
 #include "values/WireType.h"
 
 namespace values {
 
-using platform::fail;
-namespace errors = platform::errors;
-
 namespace {
 
 int byteAt(const QByteArray& raw, int index)
 {
     if (index >= raw.size())
-        fail(errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+        failInvalidCall();
     return static_cast<uchar>(raw[index]);
 }
 
@@ -25,7 +23,7 @@ double slope(const ParameterCoding& coding)
 {
     const double counts = double(coding.HW) - double(coding.LW);
     if (counts == 0)
-        fail(errors::kDivisionByZero, QStringLiteral("Division by zero"));
+        failDivisionByZero();
     return (coding.HR - coding.LR) / counts;
 }
 
@@ -40,22 +38,16 @@ double fromWrapped(int counts, const ParameterCoding& coding)
     return slope(coding) * wrapped(counts, coding) + coding.LR;
 }
 
-// The limits are compared with what the text says, not with the number behind it.
-bool isAbove(double stored, const ParameterCoding& coding)
+// The limits are compared with the number that the text says. A low limit of zero or below is never tested.
+bool isWithinLimits(double stored, const ParameterCoding& coding)
 {
-    return stored > coding.HL;
+    return !(stored > coding.HL) && !(coding.LL > 0 && stored < coding.LL);
 }
 
-// A low limit of zero or below is never tested.
-bool isBelow(double stored, const ParameterCoding& coding)
+QString limited(double value, const ParameterCoding& coding)
 {
-    return coding.LL > 0 && stored < coding.LL;
-}
-
-QString withinLimits(double value, const ParameterCoding& coding)
-{
-    const double stored = toFifteenDigits(value);
-    return isAbove(stored, coding) || isBelow(stored, coding) ? QString() : toText(value);
+    const StoredNumber stored = toStored(value);
+    return isWithinLimits(stored.number, coding) ? stored.text : QString();
 }
 
 QString composeByte(const QByteArray& raw, const ParameterCoding& coding)
@@ -63,9 +55,9 @@ QString composeByte(const QByteArray& raw, const ParameterCoding& coding)
     const double value = fromWrapped(byteAt(raw, 0), coding);
     const auto form = timeFormOf(coding.KeyType);
     if (!form)
-        return withinLimits(value, coding);
+        return limited(value, coding);
     const double seconds = toFifteenDigits(value);
-    return isAbove(seconds, coding) || isBelow(seconds, coding) ? QString() : composeTime(seconds, *form);
+    return isWithinLimits(seconds, coding) ? composeTime(seconds, *form) : QString();
 }
 
 QString composeBit(const QByteArray& raw, const ParameterCoding& coding)
@@ -75,21 +67,22 @@ QString composeBit(const QByteArray& raw, const ParameterCoding& coding)
     return toText(fromWrapped(field, coding));
 }
 
-// Four nibbles: sign (above 9 is minus), hundreds, tens, units. A nibble above 9 counts with its value.
+// Four nibbles: sign (above 9 is minus), hundreds, tens, units. A nibble above 9 counts with its value. Only
+// the high limit is tested.
 QString composeBcd(const QByteArray& raw, const ParameterCoding& coding)
 {
     const int high = byteAt(raw, 0);
     const int low = byteAt(raw, 1);
     const int sign = high >> 4 > 9 ? -1 : 1;
     const int counts = ((low >> 4) * 10 + (high & 15) * 100 + (low & 15)) * sign;
-    const double value = (double(counts) - coding.LW) * slope(coding) + coding.LR;
-    return isAbove(toFifteenDigits(value), coding) ? QString() : toText(value);
+    const StoredNumber stored = toStored((double(counts) - coding.LW) * slope(coding) + coding.LR);
+    return stored.number > coding.HL ? QString() : stored.text;
 }
 
 // No sign and no wrap, for INT as for WORD.
 QString composeWord(int word, const ParameterCoding& coding)
 {
-    return withinLimits(slope(coding) * (double(word) - coding.LW) + coding.LR, coding);
+    return limited(slope(coding) * (double(word) - coding.LW) + coding.LR, coding);
 }
 
 QString compose(const QByteArray& raw, const ParameterCoding& coding)

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
+#include <utility>
 
 namespace values {
 
@@ -19,7 +20,7 @@ struct CodePair
     uchar to;
 };
 
-// The letters in the order of code page 1251, from capital and small Yo over A to Ya and a to ya.
+// Display codes: capital and small Yo, then the capital and the small letters in the order of the alphabet.
 constexpr CodePair kOut[] = {
     {168, 162}, {184, 181}, {192, 65},  {193, 160}, {194, 66},  {195, 161}, {196, 224}, {197, 69},
     {198, 163}, {199, 164}, {200, 165}, {201, 166}, {202, 75},  {203, 167}, {204, 77},  {205, 72},
@@ -32,6 +33,7 @@ constexpr CodePair kOut[] = {
     {254, 198}, {255, 199},
 };
 
+// Instrument codes of the upper half.
 constexpr CodePair kIn[] = {
     {160, 193}, {161, 195}, {162, 168}, {163, 198}, {164, 199}, {165, 200}, {166, 201}, {167, 203},
     {168, 207}, {169, 211}, {170, 212}, {171, 215}, {172, 216}, {173, 218}, {174, 219}, {175, 221},

@@ -2,15 +2,14 @@
 
 #include "platform/Guard.h"
 #include "values/BitField.h"
+#include "values/Failures.h"
 #include "values/Numbers.h"
 
 #include <limits>
 
 namespace values {
 
-using platform::fail;
 using platform::guarded;
-namespace errors = platform::errors;
 
 namespace {
 
@@ -20,7 +19,7 @@ int digitAt(const QString& digits, int position)
 {
     const QChar digit = position < digits.size() ? digits[position] : QChar();
     if (digit < u'0' || digit > u'9')
-        fail(errors::kTypeMismatch, QStringLiteral("Type mismatch"));
+        failTypeMismatch();
     return digit.unicode() - u'0';
 }
 
@@ -33,7 +32,7 @@ int floorOfQuotient(int dividend, int divisor)
 void requireSixteenBits(int value)
 {
     if (value < std::numeric_limits<qint16>::min() || value > std::numeric_limits<qint16>::max())
-        fail(errors::kOverflow, QStringLiteral("Overflow"));
+        failOverflow();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "values/Coding.h"
 
 #include "platform/Guard.h"
+#include "values/Failures.h"
 #include "values/Numbers.h"
 #include "values/TimeText.h"
 #include "values/WireType.h"
@@ -8,9 +9,6 @@
 #include <cmath>
 
 namespace values {
-
-using platform::fail;
-namespace errors = platform::errors;
 
 namespace {
 
@@ -21,7 +19,7 @@ char toByte(double number)
 {
     const int byte = toInteger(number);
     if (byte < 0 || byte > 255)
-        fail(errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+        failInvalidCall();
     return static_cast<char>(byte);
 }
 
@@ -29,7 +27,7 @@ double toCounts(double value, const ParameterCoding& coding)
 {
     const double units = coding.HR - coding.LR;
     if (units == 0)
-        fail(errors::kDivisionByZero, QStringLiteral("Division by zero"));
+        failDivisionByZero();
     return (value - coding.LR) * (double(coding.HW) - double(coding.LW)) / units + coding.LW;
 }
 
@@ -106,7 +104,7 @@ QByteArray Compose_Str(const QByteArray& text, int size)
 {
     return platform::guarded("Module/Compose_Str", [&] {
         if (text.size() > size)
-            fail(errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+            failInvalidCall();
         return text.leftJustified(size, ' ');
     });
 }

@@ -23,6 +23,14 @@ QString toText(double number);
 // The number that toText would leave behind: what is compared is what is stored.
 double toFifteenDigits(double number);
 
+// Both at once, for a value that is stored as the text and judged by the number.
+struct StoredNumber
+{
+    QString text;
+    double number = 0;
+};
+StoredNumber toStored(double number);
+
 // To the nearest integer, halves to the even neighbour.
 double roundHalfEven(double number);
 

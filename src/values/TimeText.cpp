@@ -2,8 +2,7 @@
 
 #include "values/Numbers.h"
 
-#include <QStringList>
-#include <algorithm>
+#include <QStringView>
 #include <cmath>
 
 namespace values {
@@ -13,19 +12,33 @@ namespace {
 constexpr double kSecondsPerHour = 3600;
 constexpr double kSecondsPerMinute = 60;
 
-// One or two digits below the limit.
-std::optional<int> field(const QString& text, int limit)
+// The text up to the next colon, which goes too.
+QStringView takeField(QStringView& rest)
 {
-    const bool digits = std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    if (text.isEmpty() || text.size() > 2 || !digits)
+    const qsizetype colon = rest.indexOf(u':');
+    const QStringView field = colon < 0 ? rest : rest.first(colon);
+    rest = colon < 0 ? QStringView() : rest.mid(colon + 1);
+    return field;
+}
+
+// One or two digits below the limit.
+std::optional<int> numberBelow(int limit, QStringView field)
+{
+    if (field.isEmpty() || field.size() > 2)
         return std::nullopt;
-    const int number = text.toInt();
+    int number = 0;
+    for (const QChar digit : field) {
+        if (digit < u'0' || digit > u'9')
+            return std::nullopt;
+        number = number * 10 + (digit.unicode() - u'0');
+    }
     return number < limit ? std::optional(number) : std::nullopt;
 }
 
 QString twoDigits(int number)
 {
-    return QString::number(number).rightJustified(2, u'0');
+    const QChar digits[] = {QChar(u'0' + number / 10), QChar(u'0' + number % 10)};
+    return QString(digits, 2);
 }
 
 } // namespace
@@ -45,12 +58,13 @@ std::optional<TimeForm> timeFormOf(const QString& keyType)
 
 std::optional<TimeOfDay> parseTime(const QString& text)
 {
-    const QStringList fields = text.split(u':');
-    if (fields.size() < 2 || fields.size() > 3)
+    const auto colons = text.count(u':');
+    if (colons < 1 || colons > 2)
         return std::nullopt;
-    const auto hour = field(fields[0], 24);
-    const auto minute = field(fields[1], 60);
-    const auto second = fields.size() == 3 ? field(fields[2], 60) : std::optional(0);
+    QStringView rest(text);
+    const auto hour = numberBelow(24, takeField(rest));
+    const auto minute = numberBelow(60, takeField(rest));
+    const auto second = colons == 2 ? numberBelow(60, takeField(rest)) : std::optional(0);
     if (!hour || !minute || !second)
         return std::nullopt;
     return TimeOfDay{*hour, *minute, *second};

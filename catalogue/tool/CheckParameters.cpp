@@ -1,0 +1,212 @@
+#include "catalogue/tool/Checks.h"
+#include "catalogue/tool/Coding.h"
+
+#include <QRegularExpression>
+#include <algorithm>
+#include <cmath>
+
+namespace catalogue {
+
+namespace {
+
+constexpr int kSecondsADay = 86400;
+constexpr int kMostSamples = 4096;
+
+const QStringList kKeys{"STRING", "ENUM", "REAL", "TIME_H", "TIME_HM", "TIME_HMS"};
+const QStringList kWires{"BYTE", "S_BYTE", "BIT", "BCD", "WORD_L", "WORD_H", "INT_L", "INT_H", "STRING"};
+
+// The checks of one parameter. Each says what it found wrong, or nothing.
+class ParameterCheck
+{
+public:
+    ParameterCheck(const Catalogue& catalogue, const Parameter& parameter, Problems& problems)
+        : catalogue_(catalogue), parameter_(parameter), problems_(problems)
+    {
+    }
+
+    void run()
+    {
+        if (!keyFitsWire())
+            return;
+        checkEditable();
+        if (parameter_.wire == "STRING") {
+            checkString();
+        } else if (isLine()) {
+            checkLimits();
+            checkSteps();
+            checkChoices();
+            checkStandard();
+        }
+    }
+
+private:
+    void say(const QString& reason) { problems_.push_back({parameter_.origin, reason}); }
+
+    bool isTime() const { return parameter_.key.startsWith(QStringLiteral("TIME")); }
+
+    bool keyFitsWire()
+    {
+        const QString& key = parameter_.key;
+        const QString& wire = parameter_.wire;
+        if (!kKeys.contains(key) || !kWires.contains(wire))
+            say(QStringLiteral("\"%1\" on \"%2\" is no kind of value").arg(key, wire));
+        else if ((key == "STRING") != (wire == "STRING"))
+            say(QStringLiteral("a text is STRING in its key and on the wire"));
+        else if (isTime() && wire != "BYTE")
+            say(QStringLiteral("a time lies in one BYTE"));
+        else if (key == "ENUM" && wire != "BYTE" && wire != "BIT")
+            say(QStringLiteral("a choice lies in a BYTE or in bits"));
+        else
+            return true;
+        return false;
+    }
+
+    void checkEditable()
+    {
+        if (!parameter_.editable)
+            return;
+        if (!hasEncoder(parameter_))
+            say(QStringLiteral("nothing writes %1 as %2, so it can only be read")
+                    .arg(parameter_.key, parameter_.wire));
+        // The merged byte of a bit field is sent to the EEPROM whatever its command.
+        if (parameter_.wire == "BIT" && parameter_.writeCmd == 0)
+            say(QStringLiteral("a bit field that can be edited has a place in the EEPROM"));
+        if (parameter_.unit == QStringLiteral("°C"))
+            checkHalfDegrees();
+    }
+
+    // Operators' temperatures are raised to the next half degree, which must stay on the scale and inside the
+    // limits.
+    void checkHalfDegrees()
+    {
+        for (const double limit : {parameter_.low, parameter_.high})
+            if (limit * 2 != std::floor(limit * 2))
+                say(QStringLiteral("limits in °C are whole or half degrees"));
+    }
+
+    void checkString()
+    {
+        if (parameter_.size < 1 || parameter_.size > 255)
+            say(QStringLiteral("a text has 1 to 255 characters"));
+        if (!parameter_.standard)
+            return;
+        const QString& standard = *parameter_.standard;
+        if (standard.size() > parameter_.size || standard.isEmpty() || standard.endsWith(' '))
+            say(QStringLiteral("the standard value \"%1\" does not fit").arg(standard));
+        if (std::ranges::any_of(standard, [](QChar sign) { return sign < ' ' || sign > '~'; }))
+            say(QStringLiteral("a standard value is in plain letters, alike in every language"));
+    }
+
+    bool isLine()
+    {
+        const Scale& scale = parameter_.scale;
+        const auto [first, last] = rawRange(parameter_);
+        if (scale.low == scale.high || scale.lowValue == scale.highValue)
+            say(QStringLiteral("the scale is no line"));
+        else if (std::min(scale.low, scale.high) < first || std::max(scale.low, scale.high) > last)
+            say(QStringLiteral("the scale reaches beyond what %1 can hold").arg(parameter_.wire));
+        else if (parameter_.wire == "S_BYTE" && scale.low != -128)
+            say(QStringLiteral("the scale of an S_BYTE begins at -128, where it is unwrapped"));
+        else if (parameter_.wire == "BYTE" && scale.low != 0)
+            say(QStringLiteral("the scale of a BYTE begins at 0"));
+        else
+            return true;
+        return false;
+    }
+
+    void checkLimits()
+    {
+        const Scale& scale = parameter_.scale;
+        const auto [low, high] = std::minmax(scale.lowValue, scale.highValue);
+        const double lowest =
+            parameter_.wire == "BCD" ? std::min(low, -high) : low; // the sign nibble mirrors it
+        if (parameter_.low >= parameter_.high)
+            say(QStringLiteral("the limits are the wrong way round"));
+        if (parameter_.low < lowest || parameter_.high > high)
+            say(QStringLiteral("the limits lie outside the scale"));
+        if (isTime() && parameter_.high >= kSecondsADay)
+            say(QStringLiteral("a time stays below 24 hours"));
+    }
+
+    // Every count between the limits must show what it means: no digit behind the mask, no part of a minute.
+    void checkSteps()
+    {
+        static const QRegularExpression kMask(QStringLiteral("^(?:#,##)?0(?:\\.(0+))?$"));
+        const QRegularExpressionMatch mask = kMask.match(parameter_.mask);
+        if ((parameter_.key == "REAL") != mask.hasMatch())
+            return say(QStringLiteral("a REAL, and nothing else, has a mask such as 0.0"));
+        const double places = std::pow(10, mask.captured(1).size());
+        const double step = parameter_.key == "TIME_H" ? 3600 : parameter_.key == "TIME_HM" ? 60 : 1;
+        const auto [first, last] = rawRange(parameter_);
+        const int stride = (last - first) / kMostSamples + 1;
+        for (int raw = first; raw <= last; raw += stride) {
+            const double value = engineering(parameter_, raw);
+            if (value < parameter_.low || value > parameter_.high)
+                continue;
+            const double shown =
+                isTime() ? std::floor(value / step) * step : std::round(value * places) / places;
+            if (QString::number(shown, 'g', 15) != QString::number(value, 'g', 15))
+                return say(
+                    QStringLiteral("count %1 is %2, which cannot be shown").arg(raw).arg(value, 0, 'g', 15));
+        }
+    }
+
+    void checkChoices()
+    {
+        if (parameter_.key != "ENUM") {
+            if (!parameter_.choices.isEmpty())
+                say(QStringLiteral("only an ENUM has choices"));
+            return;
+        }
+        const ChoiceSet* set = catalogue_.choiceSet(parameter_.choices);
+        if (set == nullptr || set->choices.empty())
+            return say(QStringLiteral("there are no choices \"%1\"").arg(parameter_.choices));
+        QList<int> values;
+        for (const Choice& choice : set->choices) {
+            if (values.contains(choice.value))
+                say(QStringLiteral("the choice %1 of \"%2\" is there twice")
+                        .arg(choice.value)
+                        .arg(set->name));
+            if (choice.value < parameter_.low || choice.value > parameter_.high)
+                say(QStringLiteral("the choice %1 of \"%2\" lies outside the limits")
+                        .arg(choice.value)
+                        .arg(set->name));
+            values << choice.value;
+        }
+        if (parameter_.standard && !values.contains(parameter_.standard->toInt()))
+            say(QStringLiteral("the standard value \"%1\" is not among the choices")
+                    .arg(*parameter_.standard));
+    }
+
+    void checkStandard()
+    {
+        if (!parameter_.standard)
+            return;
+        const std::optional<int> raw = rawOf(parameter_, *parameter_.standard);
+        if (!raw)
+            return say(
+                QStringLiteral("the standard value \"%1\" is not on the scale").arg(*parameter_.standard));
+        const double value = engineering(parameter_, *raw);
+        if (value < parameter_.low || value > parameter_.high)
+            return say(QStringLiteral("the standard value \"%1\" lies outside the limits")
+                           .arg(*parameter_.standard));
+        if (decoded(parameter_, bytesOf(parameter_, *raw)) != parameter_.standard)
+            say(QStringLiteral("the standard value \"%1\" does not come back from its bytes")
+                    .arg(*parameter_.standard));
+    }
+
+    const Catalogue& catalogue_;
+    const Parameter& parameter_;
+    Problems& problems_;
+};
+
+} // namespace
+
+void checkParameters(const Catalogue& catalogue, Problems& problems)
+{
+    forEachParameter(catalogue, [&](const Type&, const Group&, const Parameter& parameter) {
+        ParameterCheck(catalogue, parameter, problems).run();
+    });
+}
+
+} // namespace catalogue

@@ -1,0 +1,16 @@
+#include "catalogue/tool/Checks.h"
+
+namespace catalogue {
+
+Problems problemsOf(const Catalogue& catalogue)
+{
+    Problems problems;
+    checkNames(catalogue, problems);
+    checkTexts(catalogue, problems);
+    checkParameters(catalogue, problems);
+    checkMemory(catalogue, problems);
+    checkCopies(catalogue, problems);
+    return problems;
+}
+
+} // namespace catalogue

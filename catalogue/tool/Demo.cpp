@@ -1,0 +1,111 @@
+#include "catalogue/tool/Demo.h"
+#include "catalogue/tool/Words.h"
+
+#include <QFileInfo>
+
+namespace catalogue {
+
+namespace {
+
+const QStringList kCompanyColumns{"Company", "Address", "Postcode", "Locality", "Country",
+                                  "Phone",   "Fax",     "EMail",    "WEB",      "VATNumber"};
+
+class DemoParser
+{
+public:
+    Demo parse(const std::vector<Line>& lines)
+    {
+        for (const Line& line : lines)
+            line.indented ? readDescription(line) : readStatement(line);
+        return std::move(demo_);
+    }
+
+private:
+    void readStatement(const Line& line)
+    {
+        const QStringList columns = columnsOf(line.text, line.origin);
+        const QString& verb = columns[0];
+        description_ = nullptr;
+        if (verb == "company")
+            readCompany(columns, line);
+        else if (verb == "plant")
+            readPlant(columns, line);
+        else if (verb == "instrument")
+            readInstrument(columns, line);
+        else if (verb == "value" || verb == "changed")
+            instrument(line).values.push_back(value(columns, verb == "changed" ? 1 : 0, line));
+        else if (verb == "unknown")
+            instrument(line).values.push_back({column(columns, 1, 2, line), std::nullopt, 0, line.origin});
+        else if (verb == "holds")
+            instrument(line).holds.push_back(value(columns, 0, line));
+        else
+            refuse(line.origin, QStringLiteral("\"%1\" means nothing here").arg(verb));
+    }
+
+    void readCompany(const QStringList& columns, const Line& line)
+    {
+        const QString value = column(columns, 2, 3, line);
+        if (!kCompanyColumns.contains(columns[1]))
+            refuse(line.origin, QStringLiteral("a company has no \"%1\"").arg(columns[1]));
+        demo_.company[columns[1]] = value;
+    }
+
+    // plant "NAME" "phone number"
+    void readPlant(const QStringList& columns, const Line& line)
+    {
+        const QString phone = column(columns, 2, 3, line);
+        demo_.plants.push_back({columns[1], phone, {}, {}, line.origin});
+        description_ = &demo_.plants.back().description;
+    }
+
+    // instrument 00 ZG-100 "NAME"
+    void readInstrument(const QStringList& columns, const Line& line)
+    {
+        if (demo_.plants.empty())
+            refuse(line.origin, QStringLiteral("an instrument without a plant above it"));
+        const QString name = column(columns, 3, 4, line);
+        auto& instruments = demo_.plants.back().instruments;
+        instruments.push_back({columns[1], columns[2], name, {}, {}, {}, line.origin});
+        description_ = &instruments.back().description;
+    }
+
+    void readDescription(const Line& line)
+    {
+        if (description_ == nullptr)
+            refuse(line.origin, QStringLiteral("a description that belongs to nothing"));
+        *description_ = line.text;
+    }
+
+    DemoInstrument& instrument(const Line& line)
+    {
+        if (demo_.plants.empty() || demo_.plants.back().instruments.empty())
+            refuse(line.origin, QStringLiteral("a value without an instrument above it"));
+        return demo_.plants.back().instruments.back();
+    }
+
+    static DemoValue value(const QStringList& columns, int state, const Line& line)
+    {
+        const QString text = column(columns, 2, 3, line);
+        return {columns[1], text, state, line.origin};
+    }
+
+    static QString column(const QStringList& columns, int index, int count, const Line& line)
+    {
+        if (columns.size() != count)
+            refuse(line.origin, QStringLiteral("\"%1\" takes %2 columns").arg(columns[0]).arg(count - 1));
+        return columns[index];
+    }
+
+    Demo demo_;
+    QString* description_ = nullptr;
+};
+
+} // namespace
+
+Demo readDemo(const QString& file)
+{
+    const QFileInfo info(file);
+    return DemoParser().parse(readSource(info.path(), info.fileName()));
+}
+
+} // namespace catalogue

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "catalogue/tool/Source.h"
+
+#include <QMap>
+#include <optional>
+
+namespace catalogue {
+
+// A value that a demo instrument has other than its type's standard.
+struct DemoValue
+{
+    QString parameter;
+    std::optional<QString> value; // none: not known
+    int state = 0;                // 1: changed here and not yet written
+    Origin origin;
+};
+
+struct DemoInstrument
+{
+    QString address; // two hexadecimal characters
+    QString type;
+    QString name;
+    QString description;
+    std::vector<DemoValue> values; // in the company
+    std::vector<DemoValue> holds;  // in the instrument's own memory, where that matters
+    Origin origin;
+};
+
+struct DemoPlant
+{
+    QString name;
+    QString phone;
+    QString description;
+    std::vector<DemoInstrument> instruments;
+    Origin origin;
+};
+
+// A customer, as catalogue/demo tells it.
+struct Demo
+{
+    QMap<QString, QString> company; // columns of tbCompanySettings
+    std::vector<DemoPlant> plants;
+};
+
+// Reads a plant description; the forms are told in catalogue/README.md. Refuses a line that has no meaning.
+Demo readDemo(const QString& file);
+
+} // namespace catalogue

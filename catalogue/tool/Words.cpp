@@ -1,0 +1,64 @@
+#include "catalogue/tool/Words.h"
+
+namespace catalogue {
+
+QStringList columnsOf(const QString& row, const Origin& origin)
+{
+    QStringList columns;
+    QString column;
+    bool inside = false;
+    bool quoted = false;
+    for (const QChar sign : row + ' ') {
+        if (sign == '"') {
+            quoted = !quoted;
+            inside = true;
+        } else if (sign.isSpace() && !quoted) {
+            if (inside)
+                columns << column;
+            column.clear();
+            inside = false;
+        } else {
+            column += sign;
+            inside = true;
+        }
+    }
+    if (quoted)
+        refuse(origin, QStringLiteral("a \" that nothing closes"));
+    return columns;
+}
+
+int wholeNumber(const QString& text, const Origin& origin)
+{
+    bool isNumber = false;
+    const int result = text.toInt(&isNumber);
+    if (!isNumber)
+        refuse(origin, QStringLiteral("\"%1\" is not a whole number").arg(text));
+    return result;
+}
+
+double number(const QString& text, const Origin& origin)
+{
+    bool isNumber = false;
+    const double result = text.toDouble(&isNumber);
+    if (!isNumber)
+        refuse(origin, QStringLiteral("\"%1\" is not a number").arg(text));
+    return result;
+}
+
+std::pair<double, double> range(const QString& text, const Origin& origin)
+{
+    const QStringList ends = text.split(QStringLiteral(".."));
+    if (ends.size() != 2)
+        refuse(origin, QStringLiteral("\"%1\" is not a range such as 0..255").arg(text));
+    return {number(ends[0], origin), number(ends[1], origin)};
+}
+
+Text texts(const QString& text, const Origin& origin)
+{
+    const QStringList parts = text.split('|');
+    if (parts.size() != static_cast<qsizetype>(kLanguages.size()))
+        refuse(origin, QStringLiteral("three texts are wanted here: Italian | English | Russian"));
+    return {parts[0].trimmed(), parts[1].trimmed(), parts[2].trimmed()};
+}
+
+} // namespace catalogue
