@@ -19,6 +19,15 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
+// A date as it is stored, free of any time zone: an instrument's clock may tell an hour that the summer time
+// here leaves out. A text of another form gives an invalid date.
+QDateTime storedDate(const QString& text)
+{
+    const QDate date = QDate::fromString(text.left(10), kStoredDate.left(10));
+    const QTime time = QTime::fromString(text.mid(10), kStoredDate.mid(10));
+    return date.isValid() && time.isValid() ? QDateTime(date, time, Qt::UTC) : QDateTime();
+}
+
 // Lays the fields of one line side by side, each left-justified and padded or cut to its width.
 class LineWriter
 {
@@ -38,7 +47,7 @@ private:
     {
         QByteArray bytes = encode(text, codePage_);
         std::replace_if(
-            bytes.begin(), bytes.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
+            bytes.begin(), bytes.end(), [](char c) { return uchar(c) < ' '; }, ' ');
         return decode(bytes, codePage_);
     }
 
@@ -48,7 +57,7 @@ private:
 
 QString logLine(const Recordset& event, int codePage)
 {
-    const QDateTime when = QDateTime::fromString(event.text("Date_Reg"), kStoredDate);
+    const QDateTime when = storedDate(event.text("Date_Reg"));
     return LineWriter(codePage)
         .field(event.text("IDType"), 1)
         .field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
@@ -92,7 +101,7 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
 bool EventLog::Add_Event_ReadWrite(QString& When, const QString& Description)
 {
     return guarded("Module/Add_Event_ReadWrite", [&] {
-        const QDateTime when = QDateTime::fromString(When, kStoredDate);
+        const QDateTime when = storedDate(When);
         if (!when.isValid())
             fail(errors::kTypeMismatch, QStringLiteral("'%1' is not a date.").arg(When));
         When = when.toString(QStringLiteral("yyyy/MM/dd HH:mm:ss"));

@@ -8,6 +8,7 @@
 #include "support/FailureRecorder.h"
 #include "support/FullDisk.h"
 
+#include <ctime>
 #include <gmock/gmock.h>
 
 using namespace events;
@@ -144,6 +145,21 @@ TEST_F(EventLogTest, NullsAreBlanks)
     add("", "", "");
     const auto lines = flushedLines();
     EXPECT_EQ(lines[0].mid(23), QByteArray(355, ' '));
+}
+
+TEST_F(EventLogTest, AnHourThatSummerTimeLeavesOutIsKept)
+{
+    const QByteArray former = qgetenv("TZ");
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    tzset();
+    session_.cnDatabase.Execute(
+        "INSERT INTO tbEvent (IDType, Date_Reg, Source) VALUES (2, '2026-03-29 02:30:00', 1)");
+    EXPECT_EQ(flushedLines()[0].mid(1, 19), "29/03/2026 02:30:00");
+    QString when = "2026-03-29 02:30:00";
+    EXPECT_TRUE(log_.Add_Event_ReadWrite(when, ""));
+    EXPECT_EQ(when, "2026/03/29 02:30:00");
+    former.isNull() ? qunsetenv("TZ") : qputenv("TZ", former);
+    tzset();
 }
 
 TEST_F(EventLogTest, FieldsAreCutToTheirWidth)
