@@ -63,7 +63,8 @@ void Connection::Open(const QString& connectionString)
         fail(errors::kInvalidCall, QStringLiteral("The connection is open already."));
     path_ = QDir::fromNativeSeparators(dataSourceOf(connectionString));
     if (!QFileInfo(path_).isFile())
-        fail(errors::kFileNotFound, QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
+        fail(errors::kFileNotFound,
+             QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
     try {
         auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(),
                                                            SQLite::OPEN_READWRITE, kBusyMilliseconds);
@@ -138,6 +139,20 @@ void Transaction::commit()
 {
     connection_.CommitTrans();
     open_ = false;
+}
+
+Snapshot::Snapshot(Connection& connection) : connection_(connection)
+{
+    connection_.Execute(QStringLiteral("SAVEPOINT snapshot;"));
+}
+
+Snapshot::~Snapshot()
+{
+    try {
+        connection_.Execute(QStringLiteral("RELEASE snapshot;"));
+    } catch (const RuntimeError&) {
+        // Closed or rolled back meanwhile: there is nothing left to let go.
+    }
 }
 
 } // namespace platform

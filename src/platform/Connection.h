@@ -9,14 +9,19 @@ class Database;
 
 namespace platform {
 
-// The connection on one database file. Every failure is a RuntimeError with the engine's words and the file's name.
+// The connection on one database file. Every failure is a RuntimeError with the engine's words and the file's
+// name.
 //
 // Opening never makes a file: a path that does not exist fails, and a file that is no database fails at once,
 // because the first statement runs inside Open.
 class Connection
 {
 public:
-    enum State { Closed = 0, Opened = 1 };
+    enum State
+    {
+        Closed = 0,
+        Opened = 1
+    };
 
     Connection();
     ~Connection();
@@ -57,6 +62,20 @@ public:
 private:
     Connection& connection_;
     bool open_ = true;
+};
+
+// One state of the file for all that is read while it lives, and one lock instead of one a statement. Inside
+// a transaction it changes nothing.
+class Snapshot
+{
+public:
+    explicit Snapshot(Connection& connection);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+private:
+    Connection& connection_;
 };
 
 } // namespace platform

@@ -6,8 +6,8 @@
 
 #include <QRegularExpression>
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <sqlite3.h>
 #include <algorithm>
+#include <sqlite3.h>
 
 namespace platform {
 
@@ -35,8 +35,9 @@ QString plainName(const char* name)
 
 [[noreturn]] void failWithoutRecord()
 {
-    fail(errors::kNoCurrentRecord, QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. "
-                                                  "Requested operation requires a current record."));
+    fail(errors::kNoCurrentRecord,
+         QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. "
+                        "Requested operation requires a current record."));
 }
 
 } // namespace
@@ -52,8 +53,11 @@ void Recordset::Open(const QString& sql, const Connection& connection)
         for (int i = 0; i < columns; ++i) {
             const QString name = plainName(statement.getColumnName(i));
             names_ << name;
-            if (!columns_.contains(name.toLower()))
-                columns_.insert(name.toLower(), i);
+            // As spelt and in small letters: the usual spelling is found at once, any other one too.
+            for (const QString& spelling : {name, name.toLower()}) {
+                if (!columns_.contains(spelling))
+                    columns_.insert(spelling, i);
+            }
         }
         while (statement.executeStep()) {
             for (int i = 0; i < columns; ++i)
@@ -98,17 +102,22 @@ void Recordset::Find(const QString& criterion)
                                           QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = kForm.match(criterion);
     if (!match.hasMatch())
-        fail(errors::kInvalidCall, QStringLiteral("The search criterion '%1' is not understood.").arg(criterion));
+        fail(errors::kInvalidCall,
+             QStringLiteral("The search criterion '%1' is not understood.").arg(criterion));
     const int column = columnOf(match.captured(1));
     const QString wanted = match.captured(2).replace(QLatin1String("''"), QLatin1String("'")).toCaseFolded();
 
     auto index = rowsByValue_.find(column);
     if (index == rowsByValue_.end()) {
         index = rowsByValue_.insert(column, {});
-        for (int row = 0; row < rowCount_; ++row)
-            (*index)[cell(row, column).toString().toCaseFolded()].push_back(row);
+        for (int row = 0; row < rowCount_; ++row) {
+            if (!cell(row, column).isNull()) // NULL equals nothing
+                (*index)[cell(row, column).toString().toCaseFolded()].push_back(row);
+        }
     }
-    const std::vector<int>& rows = (*index)[wanted];
+    const std::vector<int> none;
+    const auto found = index->constFind(wanted);
+    const std::vector<int>& rows = found == index->constEnd() ? none : *found;
     const auto hit = std::lower_bound(rows.begin(), rows.end(), current_);
     current_ = hit == rows.end() ? rowCount_ : *hit;
 }

@@ -153,6 +153,47 @@ TEST_F(ConnectionTest, AFileThatAnotherHoldsIsInUse)
     EXPECT_EQ(connection.Execute("DELETE FROM tbUnit"), 1);
 }
 
+TEST_F(ConnectionTest, ASnapshotSeesOneStateOfTheFile)
+{
+    open();
+    Connection other;
+    other.Open(source);
+    const auto count = [&] {
+        Recordset rows;
+        rows.Open("SELECT * FROM tbGroup", connection);
+        return rows.RecordCount();
+    };
+    {
+        const Snapshot snapshot(connection);
+        EXPECT_EQ(count(), 2);
+        EXPECT_NE(failureOf([&] { other.Execute("INSERT INTO tbGroup VALUES (3, 'three')"); }), "");
+        EXPECT_EQ(count(), 2);
+    }
+    EXPECT_EQ(other.Execute("INSERT INTO tbGroup VALUES (3, 'three')"), 1) << "the file is free again";
+    EXPECT_EQ(count(), 3);
+}
+
+TEST_F(ConnectionTest, ASnapshotInsideATransactionChangesNothing)
+{
+    open();
+    {
+        Transaction transaction(connection);
+        connection.Execute("INSERT INTO tbGroup VALUES (3, 'three')");
+        {
+            const Snapshot snapshot(connection);
+        }
+        EXPECT_EQ(groups(), (QStringList{"1", "2"})) << "nothing is committed yet";
+        transaction.commit();
+    }
+    EXPECT_EQ(groups(), (QStringList{"1", "2", "3"}));
+    const auto closeUnderIt = [&] {
+        const Snapshot snapshot(connection);
+        connection.Close();
+    };
+    EXPECT_NO_THROW(closeUnderIt());
+    EXPECT_THROW(Snapshot{connection}, RuntimeError);
+}
+
 TEST_F(ConnectionTest, AnInterruptedChangeIsUndoneAtTheNextOpen)
 {
     // What a crash leaves: the file half changed, and the journal that undoes it.
