@@ -141,4 +141,18 @@ void Transaction::commit()
     open_ = false;
 }
 
+Snapshot::Snapshot(Connection& connection) : connection_(connection)
+{
+    connection_.Execute(QStringLiteral("SAVEPOINT snapshot;"));
+}
+
+Snapshot::~Snapshot()
+{
+    try {
+        connection_.Execute(QStringLiteral("RELEASE snapshot;"));
+    } catch (const RuntimeError&) {
+        // Closed or rolled back meanwhile: there is nothing left to let go.
+    }
+}
+
 } // namespace platform

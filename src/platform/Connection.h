@@ -64,4 +64,18 @@ private:
     bool open_ = true;
 };
 
+// One state of the file for all that is read while it lives, and one lock instead of one a statement. Inside
+// a transaction it changes nothing.
+class Snapshot
+{
+public:
+    explicit Snapshot(Connection& connection);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+private:
+    Connection& connection_;
+};
+
 } // namespace platform

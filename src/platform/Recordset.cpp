@@ -53,8 +53,11 @@ void Recordset::Open(const QString& sql, const Connection& connection)
         for (int i = 0; i < columns; ++i) {
             const QString name = plainName(statement.getColumnName(i));
             names_ << name;
-            if (!columns_.contains(name.toLower()))
-                columns_.insert(name.toLower(), i);
+            // As spelt and in small letters: the usual spelling is found at once, any other one too.
+            for (const QString& spelling : {name, name.toLower()}) {
+                if (!columns_.contains(spelling))
+                    columns_.insert(spelling, i);
+            }
         }
         while (statement.executeStep()) {
             for (int i = 0; i < columns; ++i)
@@ -107,10 +110,14 @@ void Recordset::Find(const QString& criterion)
     auto index = rowsByValue_.find(column);
     if (index == rowsByValue_.end()) {
         index = rowsByValue_.insert(column, {});
-        for (int row = 0; row < rowCount_; ++row)
-            (*index)[cell(row, column).toString().toCaseFolded()].push_back(row);
+        for (int row = 0; row < rowCount_; ++row) {
+            if (!cell(row, column).isNull()) // NULL equals nothing
+                (*index)[cell(row, column).toString().toCaseFolded()].push_back(row);
+        }
     }
-    const std::vector<int>& rows = (*index)[wanted];
+    const std::vector<int> none;
+    const auto found = index->constFind(wanted);
+    const std::vector<int>& rows = found == index->constEnd() ? none : *found;
     const auto hit = std::lower_bound(rows.begin(), rows.end(), current_);
     current_ = hit == rows.end() ? rowCount_ : *hit;
 }

@@ -1,5 +1,6 @@
 #include "structure/Structure.h"
 
+#include "platform/Connection.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Helpers.h"
@@ -18,6 +19,22 @@ using platform::Recordset;
 using session::Compose_SqlText;
 
 namespace {
+
+// The fields, named once: a list may have thousands of rows.
+const QString kIDGrp = QStringLiteral("IDGrp");
+const QString kIDInst = QStringLiteral("IDInst");
+const QString kIDParGrp = QStringLiteral("IDParGrp");
+const QString kIDPar = QStringLiteral("IDPar");
+const QString kName = QStringLiteral("Name");
+const QString kDescription = QStringLiteral("Description");
+const QString kPhone = QStringLiteral("Phone");
+const QString kAddress = QStringLiteral("Address");
+const QString kDes = QStringLiteral("Des");
+const QString kValue = QStringLiteral("Value");
+const QString kState = QStringLiteral("State");
+const QString kKeyType = QStringLiteral("KeyType");
+const QString kPrec = QStringLiteral("Prec");
+const QString kUnit = QStringLiteral("mUnit");
 
 // The items of one load. They reach the list all at once, on every way out: a failure leaves it as far as it
 // was filled.
@@ -82,19 +99,19 @@ std::optional<QString> textOrNull(const QVariant& value)
 
 ListItem groupItem(const Recordset& row)
 {
-    return {u"1_" % row.text("IDGrp"), row.text("Name"), row.text("Phone"), row.text("Description"), 2};
+    return {u"1_" % row.text(kIDGrp), row.text(kName), row.text(kPhone), row.text(kDescription), 2};
 }
 
 ListItem instrumentItem(const Recordset& row)
 {
-    return {u"2_" % row.text("IDGrp") % u'_' % row.text("IDInst"), row.text("Name"), row.text("Address"),
-            row.text("Description"), 3};
+    return {u"2_" % row.text(kIDGrp) % u'_' % row.text(kIDInst), row.text(kName), row.text(kAddress),
+            row.text(kDescription), 3};
 }
 
 ListItem paramGroupItem(const Recordset& row)
 {
-    return {u"3_" % row.text("IDGrp") % u'_' % row.text("IDInst") % u'_' % row.text("IDParGrp"),
-            row.text("Name"),
+    return {u"3_" % row.text(kIDGrp) % u'_' % row.text(kIDInst) % u'_' % row.text(kIDParGrp),
+            row.text(kName),
             {},
             {},
             4};
@@ -102,12 +119,12 @@ ListItem paramGroupItem(const Recordset& row)
 
 ListItem parameterItem(const Recordset& row, const QString& shown)
 {
-    return {u"4_" % row.text("IDGrp") % u'_' % row.text("IDInst") % u'_' % row.text("IDParGrp") % u'_' %
-                row.text("IDPar"),
-            row.text("Des"),
+    return {u"4_" % row.text(kIDGrp) % u'_' % row.text(kIDInst) % u'_' % row.text(kIDParGrp) % u'_' %
+                row.text(kIDPar),
+            row.text(kDes),
             shown,
             {},
-            row.number("State") + 5};
+            row.number(kState) + 5};
 }
 
 } // namespace
@@ -130,6 +147,7 @@ void Structure::fillList(int level, const KeyParts& ids)
     Filling filling(list_);
     Set_ColName_ListBus(level);
     session_.strSQL = sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code));
+    const platform::Snapshot snapshot(session_.cnDatabase); // the rows and the choices looked up for them
     // The text of the row before stands until a row gives one of its own.
     QString shown;
     for (WorkRecordset rows(session_); !rows->Eof(); rows->MoveNext()) {
@@ -145,10 +163,10 @@ void Structure::fillList(int level, const KeyParts& ids)
             break;
         default:
             const auto choice = [&](const QString& value) {
-                return Search_ParamEnum(rows->text("IDPar"), value);
+                return Search_ParamEnum(rows->text(kIDPar), value);
             };
-            shown = values::displayValue(textOrNull((*rows)["Value"]), rows->text("KeyType"),
-                                         rows->text("Prec"), textOrNull((*rows)["mUnit"]), choice, shown);
+            shown = values::displayValue(textOrNull((*rows)[kValue]), rows->text(kKeyType), rows->text(kPrec),
+                                         textOrNull((*rows)[kUnit]), choice, shown);
             filling.add(parameterItem(*rows, shown));
         }
     }
@@ -160,15 +178,15 @@ QString Structure::Search_ParamEnum(const QString& IDPar, const QString& Value)
         const int number = values::toInteger(values::toNumber(Value));
         if (number < std::numeric_limits<qint16>::min() || number > std::numeric_limits<qint16>::max())
             platform::fail(platform::errors::kOverflow, QStringLiteral("Overflow"));
-        session_.strSQL =
+        const QString sql =
             u"SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue "
             u"FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID "
             u"WHERE ((tbParamEnum.mKeyParam = " %
             Compose_SqlText(IDPar) % u") AND (tbParamEnum.mValue = " % QString::number(number) %
             u") AND (tbParamEnumLanguage.mKeyLang = " % Compose_SqlText(session_.Language.Code) % u"));";
-        Recordset choices; // its own: the caller is walking rsWork
-        choices.Open(session_.strSQL, session_.cnDatabase);
-        return choices.Eof() ? QString() : choices.text("mDesc");
+        Recordset choices; // its own, as is the statement: the caller is walking rsWork
+        choices.Open(sql, session_.cnDatabase);
+        return choices.Eof() ? QString() : choices.text(QStringLiteral("mDesc"));
     });
 }
 

@@ -6,6 +6,7 @@
 #include "session/Texts.h"
 #include "structure/Structure.h"
 #include "support/FailureRecorder.h"
+#include "support/QtPrinters.h"
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
