@@ -13,12 +13,13 @@ struct Failure
     int number = 0;
     QString description;
     QString procedure;
+    bool silent = false; // no box, only the report
 };
 
 using FailureHook = std::function<void(const Failure&)>;
 
-// Installs the one process-wide hook that shows the critical box and writes the report. Returns the former one,
-// so that a test can put it back.
+// Installs the one process-wide hook that shows the critical box and writes the report. Returns the former
+// one, so that a test can put it back.
 FailureHook setFailureHook(FailureHook hook);
 
 // Hands a failure to the hook. Never throws, whatever the hook does.

@@ -5,7 +5,8 @@
 
 namespace platform {
 
-// A failure that a procedure ends with: the number that goes into the report, the words that the operator reads.
+// A failure that a procedure ends with: the number that goes into the report, the words that the operator
+// reads.
 struct RuntimeError : std::exception
 {
     RuntimeError(int number, QString description)

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+namespace bus {
+
+// The console as the bus sees it. The console may be closed while a connection lives: then nobody looks, and
+// the toggles are as they were left.
+class ConsoleView
+{
+public:
+    virtual ~ConsoleView() = default;
+
+    // Sets commands and pointer for the line's state (see EnableDisable_RWMenu).
+    virtual void applyStatus(int status) = 0;
+    virtual void showProgress(bool visible) = 0;
+    virtual void setProgress(int percent) = 0;
+    virtual bool autoDisconnectPressed() const = 0;
+    virtual bool simulatorPressed() const = 0;
+
+    // For the eye only: an operation begins that takes its records up in so many passes; a record is taken up, with an answer to come
+    // or without; an answer is awaited once more for the record in hand; the operation is over, however it
+    // ended.
+    virtual void operationBegan(int records, int passes) = 0;
+    virtual void recordBegan(bool awaitsAnswer) = 0;
+    virtual void answerAwaited() = 0;
+    virtual void operationEnded() = 0;
+    // The read-back of a written parameter did not give what was written.
+    virtual void checkFailed(const QString& instrument, const QString& group, const QString& parameter) = 0;
+};
+
+} // namespace bus

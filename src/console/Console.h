@@ -1,0 +1,94 @@
+#pragma once
+
+#include "structure/NodeKey.h"
+
+#include <QString>
+
+namespace platform {
+class Clock;
+class Operator;
+} // namespace platform
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+namespace structure {
+class Structure;
+}
+namespace events {
+class EventLog;
+}
+namespace bus {
+class Bus;
+}
+
+namespace console {
+
+class ConsoleModel;
+
+// The commands of the console: it connects to the group of the item that it was opened on, starts reads and
+// writes, and disconnects. The connection belongs to the bus; the console only steers it.
+class Console
+{
+public:
+    struct Surroundings
+    {
+        session::Session& session;
+        const session::Texts& texts;
+        platform::Operator& op;
+        platform::Clock& clock;
+        structure::Structure& structure;
+        events::EventLog& events;
+        bus::Bus& bus;
+        ConsoleModel& model;
+    };
+
+    explicit Console(const Surroundings& surroundings);
+
+    // Open the window on the selected item of the list, or on the selected node of the tree.
+    void ReadWrite_Item();
+    void ReadWrite_Node();
+
+    // The window loads and unloads.
+    void load();
+    void unload();
+    // Whether the window may be closed by its own close box.
+    bool mayClose() const;
+
+    void Connect();
+    void Disconnect();
+    void Set_Simulator(bool toggle);
+    void Set_AutoDisconnect();
+    void Read_Param();
+    void Write_Param();
+    // Rebuilds the list from what the connection has logged so far.
+    bool Read_Events();
+    // Escape in the list.
+    void interrupt();
+
+    // Two empty texts when there is no such group.
+    void Search_Group(int IDGrp, QString& Name, QString& Phone);
+    // The alive poll of the group's master without its checksum; empty when the group can't be reached.
+    QByteArray Search_AliveParGrp(int IDGrp);
+
+    // The name of the group that the console stands on.
+    QString groupName();
+
+private:
+    void openOn(const QString& key, const char* procedure);
+    bool otherGroupConnected();
+    void sayConnected();
+    bool openOperation(const QString& statement);
+
+    session::Session& session_;
+    const session::Texts& texts_;
+    platform::Operator& operator_;
+    platform::Clock& clock_;
+    structure::Structure& structure_;
+    events::EventLog& events_;
+    bus::Bus& bus_;
+    ConsoleModel& model_;
+    structure::KeyParts item_;
+};
+
+} // namespace console

@@ -1,0 +1,116 @@
+#include "console/ConsoleModel.h"
+
+#include "platform/Clock.h"
+#include "session/Texts.h"
+
+namespace console {
+
+namespace {
+
+QString minutesAndSeconds(int seconds)
+{
+    return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+void ConsoleModel::addLine(const QString& when, const QString& description)
+{
+    emit lineAdded(log_.add(when, description));
+}
+
+void ConsoleModel::setAutoDisconnect(bool pressed)
+{
+    autoDisconnect_ = pressed;
+    emit changed();
+}
+
+void ConsoleModel::setSimulator(bool pressed)
+{
+    simulator_ = pressed;
+    emit changed();
+}
+
+QString ConsoleModel::activity(const session::Texts& texts, const QString& group) const
+{
+    const qint64 now = clock_.elapsed();
+    if (operation_.running()) {
+        QStringList parts;
+        if (operation_.record() > 0)
+            parts << texts.own(QStringLiteral("progress.item"))
+                         .arg(operation_.record())
+                         .arg(operation_.records());
+        if (const std::optional<int> waiting = operation_.secondsWaiting(now))
+            parts << texts.own(QStringLiteral("progress.waiting")).arg(*waiting);
+        parts
+            << texts.own(QStringLiteral("progress.left")).arg(minutesAndSeconds(operation_.secondsLeft(now)));
+        return parts.join(QStringLiteral("  \u00b7  "));
+    }
+    switch (status_) {
+    case 1:
+        return texts.own(QStringLiteral("console.hint.connected"));
+    case 2:
+        return texts.own(QStringLiteral("progress.dialling")).arg((now - busySince_) / 1000);
+    default:
+        return texts.own(QStringLiteral("console.hint.connect")).arg(group);
+    }
+}
+
+void ConsoleModel::forgetFailedChecks()
+{
+    failedChecks_.clear();
+    emit failedChecksChanged();
+}
+
+void ConsoleModel::applyStatus(int status)
+{
+    if (status == 2 && status_ != 2)
+        busySince_ = clock_.elapsed();
+    status_ = status;
+    commands_ = statesFor(status, commands_);
+    emit changed();
+}
+
+void ConsoleModel::showProgress(bool visible)
+{
+    progressVisible_ = visible;
+    emit changed();
+}
+
+void ConsoleModel::setProgress(int percent)
+{
+    progress_ = percent;
+    emit changed();
+}
+
+void ConsoleModel::operationBegan(int records, int passes)
+{
+    operation_.begin(records, passes, clock_.elapsed());
+    emit changed();
+}
+
+void ConsoleModel::recordBegan(bool awaitsAnswer)
+{
+    operation_.takeRecord(awaitsAnswer, clock_.elapsed());
+    emit changed();
+}
+
+void ConsoleModel::answerAwaited()
+{
+    operation_.awaitAnswer(clock_.elapsed());
+    emit changed();
+}
+
+void ConsoleModel::operationEnded()
+{
+    operation_.end();
+    emit changed();
+}
+
+void ConsoleModel::checkFailed(const QString& instrument, const QString& group, const QString& parameter)
+{
+    failedChecks_ << instrument + QStringLiteral(" \u203a ") + group + QStringLiteral(" \u203a ") + parameter;
+    emit failedChecksChanged();
+}
+
+} // namespace console

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "bus/ConsoleView.h"
+#include "console/CommandStates.h"
+#include "console/LogModel.h"
+#include "console/OperationProgress.h"
+
+#include <QObject>
+#include <QStringList>
+
+namespace platform {
+class Clock;
+}
+namespace session {
+class Texts;
+}
+
+namespace console {
+
+// What the console shows. It outlives the window: a connection goes on behind a closed console.
+class ConsoleModel : public QObject, public bus::ConsoleView
+{
+    Q_OBJECT
+
+public:
+    explicit ConsoleModel(platform::Clock& clock) : clock_(clock) {}
+
+    LogModel& log() { return log_; }
+    void addLine(const QString& when, const QString& description);
+
+    int status() const { return status_; }
+    const CommandStates& commands() const { return commands_; }
+    bool progressVisible() const { return progressVisible_; }
+    int progress() const { return progress_; }
+    void setAutoDisconnect(bool pressed);
+    void setSimulator(bool pressed);
+
+    // One line that tells what goes on: the item in hand, the wait for its answer, the time left; or the next
+    // step.
+    QString activity(const session::Texts& texts, const QString& group) const;
+    // Parameters whose read-back did not give what was written, since the console opened.
+    const QStringList& failedChecks() const { return failedChecks_; }
+    void forgetFailedChecks();
+
+    void applyStatus(int status) override;
+    void showProgress(bool visible) override;
+    void setProgress(int percent) override;
+    bool autoDisconnectPressed() const override { return autoDisconnect_; }
+    bool simulatorPressed() const override { return simulator_; }
+    void operationBegan(int records, int passes) override;
+    void recordBegan(bool awaitsAnswer) override;
+    void answerAwaited() override;
+    void operationEnded() override;
+    void checkFailed(const QString& instrument, const QString& group, const QString& parameter) override;
+
+signals:
+    void changed();          // commands, toggles, progress, activity
+    void lineAdded(int row); // the list selects it
+    void failedChecksChanged();
+
+private:
+    platform::Clock& clock_;
+    LogModel log_;
+    OperationProgress operation_;
+    int status_ = 0;
+    qint64 busySince_ = 0;
+    CommandStates commands_;
+    bool progressVisible_ = false;
+    int progress_ = 0;
+    bool autoDisconnect_ = false;
+    bool simulator_ = false;
+    QStringList failedChecks_;
+};
+
+} // namespace console

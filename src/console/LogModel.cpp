@@ -1,0 +1,86 @@
+#include "console/LogModel.h"
+
+#include <algorithm>
+
+namespace console {
+
+void LogModel::clear()
+{
+    beginResetModel();
+    lines_.clear();
+    sortColumn_ = -1;
+    ascending_ = true;
+    endResetModel();
+}
+
+int LogModel::add(const QString& when, const QString& description)
+{
+    const Line line{when, description};
+    auto place = lines_.end();
+    if (sortColumn_ >= 0)
+        place = std::upper_bound(lines_.begin(), lines_.end(), line,
+                                 [this](const Line& a, const Line& b) { return before(a, b); });
+    const int row = int(place - lines_.begin());
+    beginInsertRows({}, row, row);
+    lines_.insert(place, line);
+    endInsertRows();
+    return row;
+}
+
+void LogModel::clickColumn(int column)
+{
+    ascending_ = column != sortColumn_ || !ascending_;
+    sortColumn_ = column;
+    emit layoutAboutToBeChanged();
+    std::stable_sort(lines_.begin(), lines_.end(),
+                     [this](const Line& a, const Line& b) { return before(a, b); });
+    emit layoutChanged();
+    emit headerDataChanged(Qt::Horizontal, 0, 1);
+}
+
+void LogModel::setColumnCaptions(const QStringList& captions)
+{
+    captions_ = captions;
+    emit headerDataChanged(Qt::Horizontal, 0, 1);
+}
+
+QString LogModel::text(int row, int column) const
+{
+    const Line& line = lines_[std::size_t(row)];
+    return column == 0 ? line.when : line.description;
+}
+
+int LogModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(lines_.size());
+}
+
+int LogModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : 2;
+}
+
+QVariant LogModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid() || role != Qt::DisplayRole)
+        return {};
+    return text(index.row(), index.column());
+}
+
+QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+        section >= captions_.size())
+        return {};
+    return captions_[section];
+}
+
+bool LogModel::before(const Line& a, const Line& b) const
+{
+    const QString& left = sortColumn_ == 0 ? a.when : a.description;
+    const QString& right = sortColumn_ == 0 ? b.when : b.description;
+    const int order = QString::compare(left, right, Qt::CaseInsensitive);
+    return ascending_ ? order < 0 : order > 0;
+}
+
+} // namespace console

@@ -1,0 +1,342 @@
+#include "console/frmReadWrite.h"
+
+#include "bus/StatusPanels.h"
+#include "console/Console.h"
+#include "console/ConsoleModel.h"
+#include "platform/widgets/DesktopOperator.h"
+#include "platform/widgets/Icons.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "session/widgets/FormLanguage.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace console {
+
+using platform::icon;
+using session::kTag;
+
+namespace {
+
+constexpr int kRefreshMilliseconds = 1000;
+constexpr QSize kPanelPicture(16, 16);
+
+void setTag(QObject* object, int tag)
+{
+    object->setProperty(kTag, QString::number(tag));
+}
+
+} // namespace
+
+frmReadWrite::frmReadWrite(const Surroundings& with, QWidget* parent)
+    : QDialog(parent), session_(with.session), texts_(with.texts), operator_(with.op), console_(with.console),
+      model_(with.model), staMain_(with.panels)
+{
+    setObjectName("frmReadWrite");
+    setTag(this, 274);
+    setWindowTitle(session_.AppTitle + "\\Leggi/Scrivi");
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    resize(780, 540);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->setMenuBar(makeMenus());
+    layout->addWidget(makeToolbar());
+    layout->addWidget(makeHeading());
+    layout->addWidget(makeList(), 1);
+    layout->addWidget(makeFailedChecks());
+    layout->addWidget(makeStatusBar());
+
+    connect(&model_, &ConsoleModel::changed, this, &frmReadWrite::showCommands);
+    connect(&model_, &ConsoleModel::changed, this, &frmReadWrite::showActivity);
+    connect(&model_, &ConsoleModel::lineAdded, this, &frmReadWrite::selectLine);
+    connect(&model_, &ConsoleModel::failedChecksChanged, this, &frmReadWrite::showFailedChecks);
+    connect(&tmrRefresh_, &QTimer::timeout, this, &frmReadWrite::tmrRefresh_Timer);
+
+    console_.load();
+    group_ = console_.groupName();
+    session::Set_Language(*this, session_, texts_, operator_);
+    tmrRefresh_Timer();
+    tmrRefresh_.start(kRefreshMilliseconds);
+    lvwItems_->setFocus();
+}
+
+frmReadWrite::~frmReadWrite() = default;
+
+QMenuBar* frmReadWrite::makeMenus()
+{
+    auto* bar = new QMenuBar(this);
+    mnuFile_ = bar->addMenu(QStringLiteral("File"));
+    mnuFile_->setObjectName("mnuFile");
+    setTag(mnuFile_, 108);
+    mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, &Console::Connect);
+    mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, &Console::Disconnect);
+    mnuFile_->addSeparator();
+    mnuAutoDisconnect_ = addCommand(*mnuFile_, "mnuAutoDisconnect", 270, &Console::Set_AutoDisconnect);
+    mnuAutoDisconnect_->setCheckable(true);
+    mnuSimulator_ = addCommand(*mnuFile_, "mnuSimulator", 271, nullptr);
+    mnuSimulator_->setCheckable(true);
+    connect(mnuSimulator_, &QAction::triggered, this, [this] { console_.Set_Simulator(true); });
+    mnuFile_->addSeparator();
+    mnuExit_ = addCommand(*mnuFile_, "mnuExit", 83, nullptr);
+    connect(mnuExit_, &QAction::triggered, this, &QWidget::close);
+
+    mnuCommands_ = bar->addMenu(QStringLiteral("Commands"));
+    mnuCommands_->setObjectName("mnuCommands");
+    setTag(mnuCommands_, 116);
+    mnuRead_ = addCommand(*mnuCommands_, "mnuRead", 272, &Console::Read_Param);
+    mnuWrite_ = addCommand(*mnuCommands_, "mnuWrite", 273, &Console::Write_Param);
+    return bar;
+}
+
+QAction* frmReadWrite::addCommand(QMenu& menu, const char* name, int tag, void (Console::*command)())
+{
+    QAction* action = menu.addAction(QString());
+    action->setObjectName(name);
+    setTag(action, tag);
+    if (command)
+        connect(action, &QAction::triggered, this, [this, command] { (console_.*command)(); });
+    return action;
+}
+
+QToolBar* frmReadWrite::makeToolbar()
+{
+    auto* toolbar = new QToolBar(this);
+    toolbar->setObjectName("tlbMain");
+    const int size = session_.ToolbarSet.Icons ? 32 : 16;
+    toolbar->setIconSize({size, size});
+    connect_ = addButton(*toolbar, "Connect", "connect", 275, mnuConnect_);
+    disconnect_ = addButton(*toolbar, "Disconnect", "disconnect", 276, mnuDisconnect_);
+    toolbar->addSeparator();
+    autoDisconnect_ = addButton(*toolbar, "AutoDisconnect", "auto-disconnect", 277, mnuAutoDisconnect_);
+    simulator_ = addButton(*toolbar, "Simulator", "simulator", 278, mnuSimulator_);
+    toolbar->addSeparator();
+    read_ = addButton(*toolbar, "Read", "read", 279, mnuRead_);
+    write_ = addButton(*toolbar, "Write", "write", 280, mnuWrite_);
+    toolbar->addSeparator();
+    exit_ = addButton(*toolbar, "Exit", "exit", 56, mnuExit_);
+    return toolbar;
+}
+
+// A button does what its menu entry does, but is enabled by a rule of its own.
+QAction* frmReadWrite::addButton(QToolBar& toolbar, const char* key, const QString& iconName, int tag,
+                                 QAction* command)
+{
+    auto* button = new QAction(icon(iconName), QString(), &toolbar);
+    button->setObjectName(key);
+    button->setCheckable(command->isCheckable());
+    setTag(button, tag);
+    toolbar.addAction(button);
+    connect(button, &QAction::triggered, command,
+            [command] { emit command->triggered(command->isChecked()); });
+    return button;
+}
+
+QWidget* frmReadWrite::makeHeading()
+{
+    auto* heading = new QWidget(this);
+    heading->setObjectName("heading");
+    auto* layout = new QVBoxLayout(heading);
+    layout->setContentsMargins(10, 6, 10, 6);
+    layout->setSpacing(2);
+    lblGroup_ = new QLabel(heading);
+    lblGroup_->setObjectName("lblGroup");
+    lblGroup_->setTextFormat(Qt::PlainText);
+    QFont bold = lblGroup_->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.15);
+    lblGroup_->setFont(bold);
+    lblActivity_ = new QLabel(heading);
+    lblActivity_->setObjectName("lblActivity");
+    lblActivity_->setTextFormat(Qt::PlainText);
+    lblActivity_->setWordWrap(true);
+    prgLoad_ = new QProgressBar(heading);
+    prgLoad_->setObjectName("prgLoad");
+    prgLoad_->setRange(0, 100);
+    prgLoad_->setTextVisible(false);
+    prgLoad_->setFixedHeight(10);
+    // The place stays when the bar hides, so that the list doesn't jump.
+    QSizePolicy keep = prgLoad_->sizePolicy();
+    keep.setRetainSizeWhenHidden(true);
+    prgLoad_->setSizePolicy(keep);
+    layout->addWidget(lblGroup_);
+    layout->addWidget(lblActivity_);
+    layout->addWidget(prgLoad_);
+    return heading;
+}
+
+QWidget* frmReadWrite::makeList()
+{
+    lvwItems_ = new QTreeView(this);
+    lvwItems_->setObjectName("lvwItems");
+    lvwItems_->setModel(&model_.log());
+    lvwItems_->setRootIsDecorated(false);
+    lvwItems_->setUniformRowHeights(true);
+    lvwItems_->setAlternatingRowColors(true);
+    lvwItems_->setFrameShape(QFrame::NoFrame);
+    lvwItems_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lvwItems_->installEventFilter(this);
+    QHeaderView* header = lvwItems_->header();
+    header->setSectionsClickable(true);
+    header->setStretchLastSection(true);
+    header->resizeSection(0, fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00 00:00:00")) + 28);
+    connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
+        model_.log().clickColumn(column);
+        showSortArrows();
+    });
+    return lvwItems_;
+}
+
+QWidget* frmReadWrite::makeFailedChecks()
+{
+    failedChecks_ = new QWidget(this);
+    failedChecks_->setObjectName("failedChecks");
+    auto* layout = new QVBoxLayout(failedChecks_);
+    layout->setContentsMargins(10, 6, 10, 6);
+    layout->setSpacing(4);
+    auto* line = new QHBoxLayout;
+    auto* picture = new QLabel(failedChecks_);
+    picture->setPixmap(icon("warning").pixmap(kPanelPicture, devicePixelRatio()));
+    lblFailed_ = new QLabel(failedChecks_);
+    lblFailed_->setObjectName("lblFailed");
+    line->addWidget(picture);
+    line->addWidget(lblFailed_, 1);
+    lvwFailed_ = new QListWidget(failedChecks_);
+    lvwFailed_->setObjectName("lvwFailed");
+    lvwFailed_->setMaximumHeight(fontMetrics().lineSpacing() * 5);
+    layout->addLayout(line);
+    layout->addWidget(lvwFailed_);
+    failedChecks_->hide();
+    return failedChecks_;
+}
+
+QWidget* frmReadWrite::makeStatusBar()
+{
+    auto* bar = new QStatusBar(this);
+    bar->setObjectName("staReadWrite");
+    comSetPicture_ = new QLabel(bar);
+    comSetText_ = new QLabel(bar);
+    comSetText_->setObjectName("COMSet");
+    info_ = new QLabel(bar);
+    info_->setObjectName("Info");
+    bar->addWidget(comSetPicture_);
+    bar->addWidget(comSetText_);
+    bar->addWidget(info_, 1);
+    return bar;
+}
+
+void frmReadWrite::showCommands()
+{
+    const CommandStates& states = model_.commands();
+    mnuFile_->setEnabled(states.mnuFile);
+    mnuConnect_->setEnabled(states.mnuConnect);
+    mnuDisconnect_->setEnabled(states.mnuDisconnect);
+    mnuAutoDisconnect_->setEnabled(states.mnuAutoDisconnect);
+    mnuSimulator_->setEnabled(states.mnuSimulator);
+    mnuCommands_->setEnabled(states.mnuCommands);
+    connect_->setEnabled(states.Connect);
+    disconnect_->setEnabled(states.Disconnect);
+    autoDisconnect_->setEnabled(states.AutoDisconnect);
+    simulator_->setEnabled(states.Simulator);
+    read_->setEnabled(states.Read);
+    write_->setEnabled(states.Write);
+    exit_->setEnabled(states.Exit);
+    for (QAction* toggle : {mnuAutoDisconnect_, autoDisconnect_})
+        toggle->setChecked(model_.autoDisconnectPressed());
+    for (QAction* toggle : {mnuSimulator_, simulator_})
+        toggle->setChecked(model_.simulatorPressed());
+}
+
+void frmReadWrite::showActivity()
+{
+    lblActivity_->setText(model_.activity(texts_, group_));
+    prgLoad_->setVisible(model_.progressVisible());
+    prgLoad_->setValue(model_.progress());
+}
+
+void frmReadWrite::showFailedChecks()
+{
+    const QStringList& failed = model_.failedChecks();
+    lblFailed_->setText(texts_.own("write.failed.count").arg(failed.size()));
+    lvwFailed_->clear();
+    lvwFailed_->addItems(failed);
+    failedChecks_->setVisible(!failed.isEmpty());
+}
+
+void frmReadWrite::showSortArrows()
+{
+    QHeaderView* header = lvwItems_->header();
+    header->setSortIndicatorShown(model_.log().sortColumn() >= 0);
+    header->setSortIndicator(model_.log().sortColumn(),
+                             model_.log().sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void frmReadWrite::selectLine(int row)
+{
+    const QModelIndex line = model_.log().index(row, 0);
+    lvwItems_->setCurrentIndex(line);
+    lvwItems_->scrollTo(line);
+}
+
+void frmReadWrite::tmrRefresh_Timer()
+{
+    const QIcon picture = platform::imageOf(staMain_.picture(bus::Panel::COMSet));
+    comSetPicture_->setPixmap(picture.pixmap(kPanelPicture, devicePixelRatio()));
+    comSetText_->setText(staMain_.text(bus::Panel::COMSet));
+    info_->setText(staMain_.text(bus::Panel::Info));
+    showActivity();
+}
+
+void frmReadWrite::closeEvent(QCloseEvent* event)
+{
+    if (!console_.mayClose() && !property(platform::kClosedByProgram).toBool()) {
+        event->ignore();
+        return;
+    }
+    console_.unload();
+    QDialog::closeEvent(event);
+}
+
+void frmReadWrite::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        console_.interrupt();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+bool frmReadWrite::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == lvwItems_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        console_.interrupt();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmReadWrite::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        model_.log().setColumnCaptions({texts_(241), texts_(103)});
+        lblGroup_->setText(group_);
+        showCommands();
+        showActivity();
+        showFailedChecks();
+    }
+    QDialog::changeEvent(event);
+}
+
+} // namespace console

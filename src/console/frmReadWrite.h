@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QDialog>
+#include <QTimer>
+
+class QAction;
+class QLabel;
+class QListWidget;
+class QMenu;
+class QMenuBar;
+class QProgressBar;
+class QToolBar;
+class QTreeView;
+
+namespace bus {
+class StatusPanels;
+}
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+
+namespace console {
+
+class Console;
+class ConsoleModel;
+
+// The window of the console: its commands as menu and toolbar, the live list, what goes on and how far it is.
+class frmReadWrite : public QDialog
+{
+    Q_OBJECT
+
+public:
+    struct Surroundings
+    {
+        const session::Session& session;
+        const session::Texts& texts;
+        platform::Operator& op;
+        Console& console;
+        ConsoleModel& model;
+        const bus::StatusPanels& panels;
+    };
+
+    explicit frmReadWrite(const Surroundings& surroundings, QWidget* parent = nullptr);
+    ~frmReadWrite() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QMenuBar* makeMenus();
+    QToolBar* makeToolbar();
+    QWidget* makeHeading();
+    QWidget* makeList();
+    QWidget* makeFailedChecks();
+    QWidget* makeStatusBar();
+    QAction* addCommand(QMenu& menu, const char* name, int tag, void (Console::*command)());
+    QAction* addButton(QToolBar& toolbar, const char* key, const QString& icon, int tag, QAction* command);
+
+    void showCommands();
+    void showActivity();
+    void showFailedChecks();
+    void showSortArrows();
+    void selectLine(int row);
+    void tmrRefresh_Timer();
+
+    const session::Session& session_;
+    const session::Texts& texts_;
+    platform::Operator& operator_;
+    Console& console_;
+    ConsoleModel& model_;
+    const bus::StatusPanels& staMain_;
+    QString group_;
+
+    QMenu* mnuFile_;
+    QMenu* mnuCommands_;
+    QAction *mnuConnect_, *mnuDisconnect_, *mnuAutoDisconnect_, *mnuSimulator_, *mnuRead_, *mnuWrite_,
+        *mnuExit_;
+    QAction *connect_, *disconnect_, *autoDisconnect_, *simulator_, *read_, *write_, *exit_;
+    QLabel *lblGroup_, *lblActivity_;
+    QTreeView* lvwItems_;
+    QWidget* failedChecks_;
+    QLabel* lblFailed_;
+    QListWidget* lvwFailed_;
+    QProgressBar* prgLoad_;
+    QLabel *comSetPicture_, *comSetText_, *info_;
+    QTimer tmrRefresh_;
+};
+
+} // namespace console

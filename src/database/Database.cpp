@@ -1,0 +1,133 @@
+#include "database/Database.h"
+
+#include "database/FileCopy.h"
+#include "platform/Guard.h"
+#include "platform/Operator.h"
+#include "session/Helpers.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace database {
+
+using platform::guarded;
+
+namespace {
+
+const QString kModelName = QStringLiteral("Calidora_Model_Instrument.mdb");
+const QString kFilter = QStringLiteral("Access (*.mdb)|*.mdb");
+
+} // namespace
+
+Database::Database(session::Session& session, const session::Texts& texts, platform::Operator& op,
+                   structure::Structure& structure)
+    : session_(session), texts_(texts), operator_(op), structure_(structure)
+{
+}
+
+void Database::Open_Database()
+{
+    guarded("Module/Open_Database", [&] {
+        if (!isFree())
+            return;
+        session_.DbPath = startFolder();
+        const auto file = askFile([&] {
+            return operator_.openFile({texts_(185), kFilter, QString(), session_.DbPath});
+        });
+        if (file && takeName(*file) && openCompany())
+            emit connected();
+    });
+}
+
+void Database::New_Database()
+{
+    guarded("Module/New_Database", [&] {
+        if (!isFree())
+            return;
+        session_.DbPath = startFolder();
+        const auto file = askFile([&] {
+            return operator_.saveFile(
+                {texts_(187), kFilter, session_.AppTitle + QStringLiteral(".mdb"), session_.DbPath});
+        });
+        if (!file || !takeName(*file))
+            return;
+        if (session_.DbName.compare(kModelName, Qt::CaseInsensitive) == 0) {
+            session_.DbName.clear();
+            return;
+        }
+        makeCompany();
+        if (openCompany()) {
+            emit companyMade();
+            emit connected();
+        }
+    });
+}
+
+bool Database::isFree()
+{
+    if (session_.DbName.isEmpty())
+        return true;
+    session_.strMsg = texts_(505);
+    operator_.messageBox(session_.strMsg, platform::Buttons::Ok, platform::Icon::Exclamation,
+                         session_.AppTitle);
+    return false;
+}
+
+QString Database::startFolder() const
+{
+    return session::Exist_Path(session_.DbPath) ? session_.DbPath : session_.appFile(QStringLiteral("Data"));
+}
+
+// The chosen file, or none when the operator cancelled.
+std::optional<QString> Database::askFile(const std::function<QString()>& ask)
+{
+    try {
+        return ask();
+    } catch (const platform::RuntimeError& error) {
+        if (error.number != platform::errors::kCancelled)
+            throw;
+        session_.strMsg = error.description + QStringLiteral("\r\n") + texts_(502);
+        operator_.messageBox(session_.strMsg, platform::Buttons::Ok, platform::Icon::Exclamation,
+                             session_.AppTitle);
+        return std::nullopt;
+    }
+}
+
+// False, with no company named, when folder or name is missing.
+bool Database::takeName(const QString& file)
+{
+    const QString path = QDir::fromNativeSeparators(file);
+    const qsizetype separator = path.lastIndexOf(u'/');
+    session_.DbPath = path.left(std::max<qsizetype>(separator, 0));
+    session_.DbName = path.mid(separator + 1);
+    if (session_.DbPath.isEmpty())
+        session_.DbName.clear();
+    return !session_.DbName.isEmpty();
+}
+
+void Database::makeCompany()
+{
+    const QString model = session_.appFile(QStringLiteral("Data Model/") + kModelName);
+    try {
+        if (!session::Exist_File(model))
+            platform::fail(platform::errors::kFileNotFound,
+                           texts_.own(QStringLiteral("model.missing")).arg(QDir::toNativeSeparators(model)));
+        copyDatabaseFile(model, session_.dbFile());
+    } catch (...) {
+        session_.DbName.clear(); // no company stands behind the name
+        throw;
+    }
+}
+
+bool Database::openCompany()
+{
+    if (Connect_Database(session_.dbFile()))
+        return true;
+    Disconnect_Database();
+    emit connectionLost();
+    return false;
+}
+
+} // namespace database

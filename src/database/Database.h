@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <optional>
+
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+namespace structure {
+class Structure;
+}
+
+namespace database {
+
+// The life of the open company: connecting to its file, filling the tree from it, closing it again, and the
+// two commands that choose one.
+class Database : public QObject
+{
+    Q_OBJECT
+
+public:
+    Database(session::Session& session, const session::Texts& texts, platform::Operator& op,
+             structure::Structure& structure);
+
+    // `path` is the whole file name. What was opened before a failure stays open until Disconnect_Database.
+    bool Connect_Database(const QString& path);
+    // Safe when nothing is open.
+    void Disconnect_Database();
+    void Open_Database();
+    void New_Database();
+
+signals:
+    void progress(int percent);                  // frmConnection's prgLoad
+    void captionChanged(const QString& caption); // of the main window
+    void companyMade();    // a new company is connected for the first time: its first user's place
+    void connected();      // after the commands' own success: the login's place
+    void connectionLost(); // a command's connect failed and was cleaned up
+
+private:
+    void makeReady();
+    void openCatalogue();
+    void readCompany();
+    void fillTree();
+    bool isFree();
+    QString startFolder() const;
+    std::optional<QString> askFile(const std::function<QString()>& ask);
+    bool takeName(const QString& file);
+    void makeCompany();
+    bool openCompany();
+
+    session::Session& session_;
+    const session::Texts& texts_;
+    platform::Operator& operator_;
+    structure::Structure& structure_;
+};
+
+} // namespace database

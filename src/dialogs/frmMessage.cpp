@@ -1,0 +1,42 @@
+#include "dialogs/frmMessage.h"
+
+#include "platform/widgets/Icons.h"
+#include "session/Session.h"
+#include "session/widgets/FormLanguage.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace dialogs {
+
+frmMessage::frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op)
+{
+    setWindowTitle(session.AppTitle);
+    auto* imgMsg = new QLabel(this);
+    imgMsg->setObjectName("imgMsg");
+    imgMsg->setPixmap(platform::icon("alarm").pixmap(QSize(48, 48), devicePixelRatio()));
+    auto* lblMsg = session::tagged(new QLabel("-", this), "lblMsg", "582");
+    auto* lblMsgDetail = session::tagged(new QLabel("-", this), "lblMsgDetail", "585");
+    QFont strong = lblMsg->font();
+    strong.setBold(true);
+    lblMsg->setFont(strong);
+    auto* cmdOK = session::tagged(new QPushButton("-", this), "cmdOK", "13");
+    cmdOK->setDefault(true);
+
+    auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(20, 18, 20, 16);
+    layout->setHorizontalSpacing(16);
+    layout->addWidget(imgMsg, 0, 0, 2, 1, Qt::AlignTop);
+    layout->addWidget(lblMsg, 0, 1);
+    layout->addWidget(lblMsgDetail, 1, 1);
+    layout->addWidget(cmdOK, 2, 0, 1, 2, Qt::AlignRight);
+    layout->setRowMinimumHeight(2, 44);
+    layout->setColumnStretch(1, 1);
+    // The window is as large as its words.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    session::Set_Language(*this, session, texts, op);
+}
+
+} // namespace dialogs

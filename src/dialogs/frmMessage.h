@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+
+namespace dialogs {
+
+// The notice that instruments have called in and left alarms.
+class frmMessage : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op);
+};
+
+} // namespace dialogs

@@ -1,0 +1,157 @@
+#include "events/ErrorReport.h"
+
+#include "events/SystemInfo.h"
+#include "platform/Clock.h"
+#include "platform/Guard.h"
+#include "platform/Machine.h"
+#include "platform/Operator.h"
+#include "platform/TextFile.h"
+#include "session/Session.h"
+#include "values/NumberMask.h"
+
+#include <QDir>
+#include <QStringList>
+
+namespace events {
+
+using namespace platform;
+using namespace session;
+
+namespace {
+
+QString grouped(qint64 number)
+{
+    return values::formatMask(QString::number(number), QStringLiteral("#,##0"));
+}
+
+// A folder on a network share has no drive of its own.
+bool liesOnShare(const QString& path)
+{
+    return path.startsWith(QLatin1Char('\\')) || path.startsWith(QLatin1String("//"));
+}
+
+QString diskLine(const FileSystem& disk)
+{
+    return QStringLiteral("Spazio disponibile sull'unità %1 %2 KB di %3 KB")
+        .arg(QDir::toNativeSeparators(disk.mountPoint), grouped(disk.free / 1024),
+             grouped(disk.total / 1024));
+}
+
+} // namespace
+
+ErrorReport::ErrorReport(const Session& session, const Clock& clock, const Machine& machine)
+    : session_(session), clock_(clock), machine_(machine)
+{
+}
+
+void ErrorReport::Report_RuntimeError(int Number, const QString& Description,
+                                      const QString& Procedure) const noexcept
+{
+    try {
+        TextWriter file(fileName(), session_.CodePage);
+        for (const QString& line : lines(Number, Description, Procedure))
+            file.WriteLine(line);
+        file.commit();
+    } catch (...) {
+        // A failure of the report costs the report and nothing else.
+    }
+}
+
+QString ErrorReport::fileName() const
+{
+    const QString second = clock_.now().toString(QStringLiteral("yyyyMMddHHmmss"));
+    return session_.appFile(QStringLiteral("Log/%1_Error_%2.log").arg(session_.ExeName, second));
+}
+
+QStringList ErrorReport::lines(int Number, const QString& Description, const QString& Procedure) const
+{
+    QStringList lines;
+    addError(lines, Number, Description, Procedure);
+    addProgram(lines);
+    addSystem(lines);
+    addCompany(lines);
+    addUser(lines);
+    return lines;
+}
+
+void ErrorReport::addError(QStringList& lines, int Number, const QString& Description,
+                           const QString& Procedure) const
+{
+    lines << QStringLiteral("---------------< Informazioni Errore >---------------")
+          << QStringLiteral("Errore N°: ") + QString::number(Number)
+          << QStringLiteral("Descrizione: ") + Description
+          << QStringLiteral("Nome della funzione che ha generato l'errore: ") + Procedure << QString();
+}
+
+void ErrorReport::addProgram(QStringList& lines) const
+{
+    lines << QStringLiteral("---------------< Informazioni %1 >---------------").arg(session_.ExeName)
+          << QStringLiteral("Versione programma: " CALIDORA_VERSION)
+          << QStringLiteral("Percorso installazione: ") + QDir::toNativeSeparators(session_.AppPath)
+          << QString();
+}
+
+void ErrorReport::addSystem(QStringList& lines) const
+{
+    const cSystemInfo system(machine_);
+    lines << QStringLiteral("---------------< Informazioni Sistema >---------------")
+          << QStringLiteral("Sistema operativo: %1  ver. %2").arg(system.osName(), system.osVersion())
+          << QStringLiteral("CPU: ") + system.cpuName()
+          << QStringLiteral("RAM totale: %1 KB").arg(grouped(system.totalPhysicalMemory()))
+          << QStringLiteral("RAM libera: %1KB").arg(grouped(system.availablePhysicalMemory()));
+    addDisks(lines);
+    lines << QString();
+}
+
+void ErrorReport::addDisks(QStringList& lines) const
+{
+    QString told;
+    if (!liesOnShare(session_.AppPath)) {
+        const FileSystem disk = machine_.fileSystemOf(session_.AppPath);
+        lines << diskLine(disk);
+        told = disk.mountPoint;
+    }
+    if (session_.DbPath.isEmpty() || liesOnShare(session_.DbPath))
+        return;
+    const FileSystem disk = machine_.fileSystemOf(session_.DbPath);
+    if (disk.mountPoint != told)
+        lines << diskLine(disk);
+}
+
+void ErrorReport::addCompany(QStringList& lines) const
+{
+    const auto& company = session_.CompanySet;
+    const QString file = session_.DbName.isEmpty() ? QString() : QDir::toNativeSeparators(session_.dbFile());
+    lines << QStringLiteral("---------------< Informazioni Società >---------------")
+          << QStringLiteral("Percorso e nome del database: ") + file
+          << QStringLiteral("Versione database: ") + session_.DbVersion << QString()
+          << QStringLiteral("Ragione sociale: ") + company[Company]
+          << QStringLiteral("Indirizzo: ") + company[Address]
+          << QStringLiteral("C.A.P.: ") + company[Postcode]
+          << QStringLiteral("Località: ") + company[Locality]
+          << QStringLiteral("Nazione: ") + company[Country] << QStringLiteral("Telefono: ") + company[Phone]
+          << QStringLiteral("Fax: ") + company[Fax] << QStringLiteral("E-mail: ") + company[EMail]
+          << QStringLiteral("Sito WEB: ") + company[WEB]
+          << QStringLiteral("Partita I.V.A.: ") + company[VATNumber] << QString();
+}
+
+void ErrorReport::addUser(QStringList& lines) const
+{
+    const UserRecord& user = session_.CurrentUser;
+    lines << QStringLiteral("Operatore connesso: ") + user.Name;
+    if (user.isAdministrator() || user.IDUser.isEmpty())
+        return;
+    lines << QStringLiteral("Telefono: ") + user.Phone << QStringLiteral("Fax: ") + user.Fax
+          << QStringLiteral("Cellulare: ") + user.MobilePhone << QStringLiteral("E-mail: ") + user.EMail;
+}
+
+void installFailureHook(const Session& session, Operator& op, const Clock& clock, const Machine& machine)
+{
+    setFailureHook([&session, &op, report = ErrorReport(session, clock, machine)](const Failure& failure) {
+        if (!failure.silent)
+            op.messageBox(failure.description, Buttons::Ok, Icon::Critical, session.AppTitle);
+        report.Report_RuntimeError(failure.number, failure.description, failure.procedure);
+    });
+}
+
+} // namespace events

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <functional>
+
+namespace platform {
+class Clock;
+class Operator;
+} // namespace platform
+namespace session {
+struct Session;
+}
+
+namespace events {
+
+enum EventType
+{
+    kInformation = 1,
+    kWarning = 2,
+    kError = 3
+};
+enum EventSource
+{
+    kAlarms = 1,
+    kReadWrite = 2
+};
+
+// What happens on a connection: rows of tbEvent while it lives, one log file when it ends.
+class EventLog
+{
+public:
+    EventLog(session::Session& session, platform::Operator& op, platform::Clock& clock);
+
+    // The one entry of the read/write side: a line on the console's list and a row of tbEvent.
+    void Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
+                   const QString& Instrument, const QString& Description);
+    // The row alone; empty texts are stored as NULL.
+    void Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
+                      const QString& Instrument, const QString& Description);
+    // The line alone; `When` is rewritten as "yyyy/mm/dd HH:MM:SS".
+    bool Add_Event_ReadWrite(QString& When, const QString& Description);
+
+    // Flushes tbEvent into one new log file, which stands whole or not at all. An empty table makes no file.
+    void CreateLog_App();
+    // Empties tbEvent. Fails as any statement does: called inside a procedure.
+    void deleteEvents();
+
+    // Receives each line of the console's list.
+    std::function<void(const QString& when, const QString& description)> onLine;
+
+private:
+    session::Session& session_;
+    platform::Operator& operator_;
+    platform::Clock& clock_;
+};
+
+} // namespace events

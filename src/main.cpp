@@ -1,0 +1,50 @@
+#include "events/ErrorReport.h"
+#include "platform/CodePage.h"
+#include "platform/Machine.h"
+#include "platform/QtClock.h"
+#include "platform/QtSerialPort.h"
+#include "platform/widgets/DesktopOperator.h"
+#include "session/Charset.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "session/widgets/Look.h"
+#include "session/widgets/Program.h"
+
+#include <QApplication>
+#include <QDir>
+
+namespace {
+
+QString applicationFolder()
+{
+    const QString home = qEnvironmentVariable("CALIDORA_HOME");
+    return home.isEmpty() ? QCoreApplication::applicationDirPath() : QDir(home).absolutePath();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Calidora");
+    QApplication::setQuitOnLastWindowClosed(false);
+    session::applyLook(application);
+
+    session::Session session;
+    session.AppPath = applicationFolder();
+    session.Charset = session::charsetOfLocale(platform::localeIdOfMachine());
+    session.CodePage = platform::codePageOf(session.Charset);
+
+    const session::Texts texts(session.Language);
+    platform::DesktopOperator op([&texts](const QString& key) { return texts.own(key); });
+    platform::QtClock clock;
+    platform::QtSerialPort port(session.AppPath);
+    const platform::Machine machine;
+    events::installFailureHook(session, op, clock, machine);
+
+    session::Program program({session, texts, op, clock, port});
+    // The window goes before the loop ends, and what it shows after it.
+    QObject::connect(&program, &session::Program::left, &application, &QApplication::quit,
+                     Qt::QueuedConnection);
+    return program.run() ? QApplication::exec() : 0;
+}

@@ -1,0 +1,144 @@
+#include "platform/Connection.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/SqlFailure.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+namespace platform {
+
+namespace {
+
+constexpr int kBusyMilliseconds = 500;
+
+QString dataSourceOf(const QString& connectionString)
+{
+    static const QString kMark = QStringLiteral("Data Source = ");
+    const qsizetype at = connectionString.indexOf(kMark);
+    if (at < 0)
+        fail(errors::kInvalidCall, QStringLiteral("The connection string names no data source."));
+    return connectionString.mid(at + kMark.size());
+}
+
+QString wordsFor(const SQLite::Exception& exception, const QString& path)
+{
+    const QString file = QDir::toNativeSeparators(path);
+    switch (exception.getErrorCode()) {
+    case SQLITE_NOTADB:
+        return QStringLiteral("'%1' is not a company database.").arg(file);
+    case SQLITE_CORRUPT:
+        return QStringLiteral("'%1' is damaged: the file is cut off or was overwritten.").arg(file);
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("'%1' is in use by another program.").arg(file);
+    case SQLITE_READONLY:
+        return QStringLiteral("'%1' is read-only.").arg(file);
+    case SQLITE_FULL:
+        return QStringLiteral("The disk of '%1' is full.").arg(file);
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("'%1' can't be opened.").arg(file);
+    default:
+        return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(exception.what()), file);
+    }
+}
+
+} // namespace
+
+void failWithSql(const SQLite::Exception& exception, const QString& path)
+{
+    fail(exception.getErrorCode() == SQLITE_FULL ? errors::kDiskFull : errors::kDatabase,
+         wordsFor(exception, path));
+}
+
+Connection::Connection() = default;
+
+Connection::~Connection() = default;
+
+void Connection::Open(const QString& connectionString)
+{
+    if (database_)
+        fail(errors::kInvalidCall, QStringLiteral("The connection is open already."));
+    path_ = QDir::fromNativeSeparators(dataSourceOf(connectionString));
+    if (!QFileInfo(path_).isFile())
+        fail(errors::kFileNotFound,
+             QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
+    try {
+        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(),
+                                                           SQLite::OPEN_READWRITE, kBusyMilliseconds);
+        database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
+        database->exec("SELECT Count(*) FROM sqlite_master;");
+        database->exec("PRAGMA journal_mode=DELETE;");
+        database_ = std::move(database);
+    } catch (const SQLite::Exception& exception) {
+        failWithSql(exception, path_);
+    }
+}
+
+void Connection::Close()
+{
+    database_.reset();
+}
+
+int Connection::State() const
+{
+    return database_ ? Opened : Closed;
+}
+
+int Connection::Execute(const QString& sql)
+{
+    SQLite::Database& engine = database();
+    try {
+        return engine.exec(sql.toStdString());
+    } catch (const SQLite::Exception& exception) {
+        failWithSql(exception, path_);
+    }
+}
+
+void Connection::BeginTrans()
+{
+    Execute(QStringLiteral("BEGIN IMMEDIATE;"));
+}
+
+void Connection::CommitTrans()
+{
+    Execute(QStringLiteral("COMMIT;"));
+}
+
+void Connection::RollbackTrans()
+{
+    Execute(QStringLiteral("ROLLBACK;"));
+}
+
+SQLite::Database& Connection::database() const
+{
+    if (!database_)
+        fail(errors::kObjectClosed, QStringLiteral("Operation is not allowed when the object is closed."));
+    return *database_;
+}
+
+Transaction::Transaction(Connection& connection) : connection_(connection)
+{
+    connection_.BeginTrans();
+}
+
+Transaction::~Transaction()
+{
+    if (!open_)
+        return;
+    try {
+        connection_.RollbackTrans();
+    } catch (const RuntimeError&) {
+        // The engine has rolled back by itself (a full disk does that): nothing is left to undo.
+    }
+}
+
+void Transaction::commit()
+{
+    connection_.CommitTrans();
+    open_ = false;
+}
+
+} // namespace platform

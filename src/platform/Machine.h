@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QString>
+
+namespace platform {
+
+// Sizes in KB. What the system doesn't tell is 0.
+struct Memory
+{
+    qint64 totalPhysical = 0;
+    qint64 availablePhysical = 0;
+    qint64 totalVirtual = 0; // physical memory and swap space
+    qint64 availableVirtual = 0;
+};
+
+// Sizes in bytes; `free` is what this operator may use.
+struct FileSystem
+{
+    QString mountPoint;
+    qint64 free = 0;
+    qint64 total = 0;
+};
+
+// The computer as its system describes it. A test describes another one.
+class Machine
+{
+public:
+    virtual ~Machine() = default;
+
+    virtual Memory memory() const;
+    // "Debian GNU/Linux 12 (bookworm)".
+    virtual QString osName() const;
+    // The kernel's release, "6.1.0-18-amd64".
+    virtual QString osRelease() const;
+    // The processor's model name; "" when the system doesn't tell it.
+    virtual QString cpuName() const;
+    // The desktop that the windows live in; "" without one.
+    virtual QString desktop() const;
+    // The file system that holds the path, or would hold it if the path doesn't exist. None fails.
+    virtual FileSystem fileSystemOf(const QString& path) const;
+};
+
+// The Windows locale id of a locale's name ("it_IT.UTF-8", "sr_RS@latin"). A country that isn't known gives
+// the language's own id, a language that isn't known 1033.
+int localeIdOf(const QString& name);
+
+// The locale id of this machine, from LC_ALL, LC_CTYPE and LANG: the first that is set.
+int localeIdOfMachine();
+
+} // namespace platform

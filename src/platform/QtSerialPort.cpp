@@ -1,0 +1,140 @@
+#include "platform/QtSerialPort.h"
+
+#include "platform/Ports.h"
+
+#include <QFileInfo>
+
+namespace platform {
+
+namespace {
+
+// Qt's enumerators stand in another order than the handshaking values: map by name.
+QSerialPort::FlowControl flowControlOf(int handshaking)
+{
+    switch (handshaking) {
+    case 1:
+        return QSerialPort::SoftwareControl;
+    case 2:
+    case 3:
+        return QSerialPort::HardwareControl;
+    default:
+        return QSerialPort::NoFlowControl;
+    }
+}
+
+QSerialPort::Parity parityOf(char letter)
+{
+    switch (letter) {
+    case 'E':
+        return QSerialPort::EvenParity;
+    case 'O':
+        return QSerialPort::OddParity;
+    case 'M':
+        return QSerialPort::MarkParity;
+    case 'S':
+        return QSerialPort::SpaceParity;
+    default:
+        return QSerialPort::NoParity;
+    }
+}
+
+QSerialPort::StopBits stopBitsOf(const QString& text)
+{
+    if (text == QLatin1String("1.5"))
+        return QSerialPort::OneAndHalfStop;
+    return text == QLatin1String("2") ? QSerialPort::TwoStop : QSerialPort::OneStop;
+}
+
+QString groupOf(const QString& device)
+{
+    const QString group = QFileInfo(device).group();
+    return group.isEmpty() ? QStringLiteral("dialout") : group;
+}
+
+[[noreturn]] void failToOpen(const QSerialPort& port)
+{
+    const QString words = port.errorString();
+    switch (port.error()) {
+    case QSerialPort::DeviceNotFoundError:
+        fail(errors::kPortNumberInvalid, QStringLiteral("Invalid port number"));
+    case QSerialPort::PermissionError:
+        if (words.contains(QLatin1String("lock"), Qt::CaseInsensitive) ||
+            words.contains(QLatin1String("busy"), Qt::CaseInsensitive))
+            fail(errors::kPortOpen, QStringLiteral("Port already open"));
+        fail(errors::kPermissionDenied,
+             QStringLiteral("Access to %1 is refused. Add your user to the group '%2' and log in again.")
+                 .arg(port.portName(), groupOf(port.portName())));
+    default:
+        fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port.portName(), words));
+    }
+}
+
+} // namespace
+
+QtSerialPort::QtSerialPort(QString applicationPath) : applicationPath_(std::move(applicationPath))
+{
+    // Queued: a message box opened inside a slot of readyRead would stop readyRead until it closes.
+    connect(
+        &port_, &QSerialPort::readyRead, this,
+        [this] {
+            if (OnComm && port_.bytesAvailable() > 0)
+                OnComm();
+        },
+        Qt::QueuedConnection);
+    connect(&port_, &QSerialPort::errorOccurred, this, &QtSerialPort::onError, Qt::QueuedConnection);
+}
+
+void QtSerialPort::setPortOpen(bool wanted)
+{
+    if (wanted && !port_.isOpen())
+        open();
+    else if (!wanted)
+        port_.close();
+}
+
+void QtSerialPort::open()
+{
+    const QString device = deviceOfPort(applicationPath_, CommPort());
+    if (device.isEmpty())
+        fail(errors::kPortNumberInvalid, QStringLiteral("Invalid port number"));
+    const LineSettings line = LineSettings::parse(Settings());
+    // All parameters before the opening: some combinations are refused on an open port.
+    port_.setPortName(device);
+    port_.setBaudRate(line.speed);
+    port_.setParity(parityOf(line.parity));
+    port_.setDataBits(QSerialPort::DataBits(line.dataBits));
+    port_.setStopBits(stopBitsOf(line.stopBits));
+    port_.setFlowControl(flowControlOf(Handshaking()));
+    const bool opened = port_.open(QIODevice::ReadWrite);
+    if (!opened)
+        failToOpen(port_);
+}
+
+void QtSerialPort::Output(const QByteArray& bytes)
+{
+    if (!port_.isOpen())
+        fail(errors::kDeviceIo, QStringLiteral("Operation valid only when the port is open"));
+    const bool written = port_.write(bytes) == bytes.size();
+    // Without the flush the bytes would leave only when the event loop runs again, behind a Delay.
+    port_.flush();
+    if (!written)
+        fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port_.portName(), port_.errorString()));
+}
+
+void QtSerialPort::onError(QSerialPort::SerialPortError error)
+{
+    const bool gone = error == QSerialPort::ResourceError || error == QSerialPort::ReadError ||
+                      error == QSerialPort::WriteError;
+    if (!gone || !port_.isOpen())
+        return;
+    // A vanished device repeats its error without end and stays open: close it at the first one.
+    const QString device = port_.portName();
+    port_.close();
+    if (OnFault)
+        OnFault(
+            RuntimeError(errors::kDeviceIo,
+                         QStringLiteral("The port %1 has vanished: was the cable or the adapter pulled out?")
+                             .arg(device)));
+}
+
+} // namespace platform

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <vector>
+
+namespace platform {
+
+class Connection;
+
+// The rows of one statement, walked with a cursor.
+//
+// All rows are read when it opens and the statement is finished at once: the walked table may change under
+// it, the file may be closed, and nothing outlives the connection. A NULL field is a null QVariant.
+class Recordset
+{
+public:
+    enum State
+    {
+        Closed = 0,
+        Opened = 1
+    };
+
+    // Fails with the engine's words; a recordset that is open already fails too.
+    void Open(const QString& sql, const Connection& connection);
+    void Close();
+    int State() const { return state_; }
+
+    bool Eof() const { return current_ >= RecordCount(); }
+    bool Bof() const { return current_ < 0 || RecordCount() == 0; }
+    int RecordCount() const { return rowCount_; }
+
+    // Walking past either end stands on it; moving on from there fails.
+    void MoveFirst();
+    void MoveNext();
+    void MovePrevious();
+
+    // Moves to the first row, from the current one on, whose column equals the quoted value of a criterion of
+    // the form "[column] = 'value'" (no case); stands at the end when there is none. One hash a column, no
+    // walk.
+    void Find(const QString& criterion);
+
+    QStringList fieldNames() const { return names_; }
+    bool hasField(const QString& name) const { return columns_.contains(name.toLower()); }
+    // The field of the current record, by name without regard to case. No such field or no record fails.
+    const QVariant& operator[](const QString& name) const;
+    QString text(const QString& name) const { return (*this)[name].toString(); }
+    int number(const QString& name) const { return (*this)[name].toInt(); }
+
+private:
+    int columnOf(const QString& name) const;
+    const QVariant& cell(int row, int column) const
+    {
+        return cells_[std::size_t(row) * names_.size() + column];
+    }
+
+    int state_ = Closed;
+    int rowCount_ = 0;
+    int current_ = 0;
+    QStringList names_;
+    QHash<QString, int> columns_;
+    std::vector<QVariant> cells_;
+    QHash<int, QHash<QString, std::vector<int>>> rowsByValue_;
+};
+
+} // namespace platform

@@ -1,0 +1,54 @@
+#include "platform/ScriptedOperator.h"
+
+#include "platform/RuntimeError.h"
+
+namespace platform {
+
+void ScriptedOperator::expect(const QString& text, int answer)
+{
+    script_.emplace_back(text, answer);
+}
+
+int ScriptedOperator::messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title)
+{
+    boxes.push_back({text, buttons, icon, title});
+    if (!script_.empty() && script_.front().first == text) {
+        const int answer = script_.front().second;
+        script_.pop_front();
+        return answer;
+    }
+    unexpected << text;
+    switch (buttons) {
+    case Buttons::YesNo:
+        return answers::kNo;
+    case Buttons::YesNoCancel:
+        return answers::kCancel;
+    default:
+        return answers::kOk;
+    }
+}
+
+void ScriptedOperator::showFormModal(const QString& name)
+{
+    forms << "modal " + name;
+    if (onModal)
+        onModal(name);
+}
+
+void ScriptedOperator::enableForm(const QString& name, bool enabled)
+{
+    forms << (enabled ? "enable " : "disable ") + name;
+}
+
+QString ScriptedOperator::nextFile(const FileRequest& request)
+{
+    fileRequests.push_back(request);
+    const QString name = files_.empty() ? QString() : files_.front();
+    if (!files_.empty())
+        files_.pop_front();
+    if (name.isEmpty())
+        fail(errors::kCancelled, QStringLiteral("Cancel was selected."));
+    return name;
+}
+
+} // namespace platform

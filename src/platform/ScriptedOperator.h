@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/Operator.h"
+
+#include <QStringList>
+#include <deque>
+#include <functional>
+#include <vector>
+
+namespace platform {
+
+// An operator who answers from a script, so that a box is answered before it appears. A question that the
+// script does not expect is recorded in `unexpected` and answered with its safest button.
+class ScriptedOperator : public Operator
+{
+public:
+    struct Box
+    {
+        QString text;
+        Buttons buttons;
+        Icon icon;
+        QString title;
+    };
+
+    // The next box must show this text and gets this answer.
+    void expect(const QString& text, int answer = answers::kOk);
+    // The next file dialog gives this name; an empty one is a cancel.
+    void chooseFile(const QString& name) { files_.push_back(name); }
+    bool done() const { return script_.empty() && files_.empty(); }
+
+    int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+    QString openFile(const FileRequest& request) override { return nextFile(request); }
+    QString saveFile(const FileRequest& request) override { return nextFile(request); }
+    void setPointer(Pointer pointer) override { this->pointer = pointer; }
+    void beep() override { ++beeps; }
+    void showForm(const QString& name) override { forms << "show " + name; }
+    void showFormModal(const QString& name) override;
+    void unloadForm(const QString& name) override { forms << "unload " + name; }
+    void unloadAllForms() override { forms << "unload all"; }
+    void enableForm(const QString& name, bool enabled) override;
+    void repaint() override {}
+
+    std::vector<Box> boxes; // every box that appeared
+    std::vector<FileRequest> fileRequests;
+    QStringList unexpected; // texts of boxes that no script expected
+    QStringList forms;      // what was asked of the windows, in order
+    Pointer pointer = Pointer::Default;
+    int beeps = 0;
+    // Plays the operator inside a modal window.
+    std::function<void(const QString& form)> onModal;
+
+private:
+    QString nextFile(const FileRequest& request);
+
+    std::deque<std::pair<QString, int>> script_;
+    std::deque<QString> files_;
+};
+
+} // namespace platform

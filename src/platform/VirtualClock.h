@@ -1,0 +1,64 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+namespace platform {
+
+// Somebody outside the program who lives in the same time: a peer on the line. Goes on while the program
+// blocks.
+class Peer
+{
+public:
+    virtual ~Peer() = default;
+    // Milliseconds of VirtualClock::elapsed at which it wants to act next; none when it waits to be spoken
+    // to.
+    virtual std::optional<qint64> nextDue() const = 0;
+    virtual void advance(qint64 elapsed) = 0;
+};
+
+// Time that is moved by hand, so that an hour of protocol runs in milliseconds.
+//
+// It owns the event loop of a test: what falls due first happens first, a peer before a posted event before a
+// timer, and everything but the peers waits while the program blocks.
+class VirtualClock : public Clock
+{
+public:
+    explicit VirtualClock(QDateTime start = QDateTime(QDate(2026, 3, 14), QTime(9, 0)));
+    ~VirtualClock() override;
+
+    QDateTime now() const override { return start_.addMSecs(elapsed_); }
+    qint64 elapsed() const override { return elapsed_; }
+    void block(double seconds) override;
+    std::unique_ptr<Timer> makeTimer() override;
+
+    void addPeer(Peer& peer) { peers_.push_back(&peer); }
+    void removePeer(Peer& peer);
+    // Queues an event of the program: it runs as soon as nothing blocks, in the order of posting.
+    void post(std::function<void()> event);
+
+    // Lets time pass with everything that falls due in it.
+    void run(qint64 milliseconds);
+    // Runs what is due now without moving the clock.
+    void settle() { run(0); }
+    // Lets time pass until the condition holds; false when `limit` milliseconds pass without it.
+    bool runUntil(const std::function<bool()>& condition, qint64 limit);
+
+private:
+    class VirtualTimer;
+
+    bool runDueNow();
+    std::optional<qint64> nextDue() const;
+    std::optional<qint64> nextPeerDue() const;
+
+    QDateTime start_;
+    qint64 elapsed_ = 0;
+    std::vector<Peer*> peers_;
+    std::vector<VirtualTimer*> timers_;
+    std::deque<std::function<void()>> events_;
+};
+
+} // namespace platform

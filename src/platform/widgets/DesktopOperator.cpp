@@ -1,0 +1,280 @@
+#include "platform/widgets/DesktopOperator.h"
+
+#include "platform/RuntimeError.h"
+#include "platform/widgets/Icons.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace platform {
+
+namespace {
+
+struct BoxButton
+{
+    int answer;
+    const char* word;
+    QMessageBox::ButtonRole role;
+};
+
+std::vector<BoxButton> buttonsOf(Buttons buttons)
+{
+    const BoxButton yes{answers::kYes, "common.yes", QMessageBox::YesRole};
+    const BoxButton no{answers::kNo, "common.no", QMessageBox::NoRole};
+    const BoxButton cancel{answers::kCancel, "common.cancel", QMessageBox::RejectRole};
+    switch (buttons) {
+    case Buttons::YesNo:
+        return {yes, no};
+    case Buttons::YesNoCancel:
+        return {yes, no, cancel};
+    default:
+        return {{answers::kOk, "common.ok", QMessageBox::AcceptRole}};
+    }
+}
+
+QString pictureOf(Icon icon)
+{
+    switch (icon) {
+    case Icon::Critical:
+        return "error";
+    case Icon::Question:
+        return "question";
+    case Icon::Exclamation:
+        return "warning";
+    case Icon::Information:
+        return "info";
+    default:
+        return {};
+    }
+}
+
+// A dialog wants the plain pointer while it stands; the hourglass of the job behind it comes back afterwards.
+class PlainPointer
+{
+public:
+    explicit PlainPointer(DesktopOperator& op, Pointer former) : operator_(op), former_(former)
+    {
+        operator_.setPointer(Pointer::Default);
+    }
+    ~PlainPointer() { operator_.setPointer(former_); }
+    PlainPointer(const PlainPointer&) = delete;
+    PlainPointer& operator=(const PlainPointer&) = delete;
+
+private:
+    DesktopOperator& operator_;
+    Pointer former_;
+};
+
+} // namespace
+
+DesktopOperator::~DesktopOperator()
+{
+    for (const auto& [name, window] : loaded_)
+        delete window;
+}
+
+QWidget* DesktopOperator::form(const QString& name) const
+{
+    for (const auto* windows : {&adopted_, &loaded_}) {
+        const auto found = windows->find(name);
+        if (found != windows->end() && found->second)
+            return found->second;
+    }
+    return nullptr;
+}
+
+QList<QWidget*> DesktopOperator::loadedForms() const
+{
+    QList<QWidget*> forms;
+    for (const auto* windows : {&adopted_, &loaded_}) {
+        for (const auto& [name, window] : *windows) {
+            if (window)
+                forms << window;
+        }
+    }
+    return forms;
+}
+
+int DesktopOperator::messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title)
+{
+    const PlainPointer plain(*this, pointer_);
+    QMessageBox box(owner());
+    box.setObjectName("messageBox");
+    box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString(text).replace("\r\n", "\n"));
+    if (const QString picture = pictureOf(icon); !picture.isEmpty())
+        box.setIconPixmap(platform::icon(picture).pixmap(QSize(40, 40), box.devicePixelRatio()));
+
+    std::map<QAbstractButton*, int> answerOf;
+    for (const BoxButton& button : buttonsOf(buttons)) {
+        QPushButton* added = box.addButton(words_(button.word), button.role);
+        added->setObjectName(button.word);
+        answerOf[added] = button.answer;
+        if (button.answer == answers::kYes || button.answer == answers::kOk)
+            box.setDefaultButton(added);
+        // Escape and the close box mean the last button: Cancel, else No, else OK.
+        box.setEscapeButton(added);
+    }
+    box.exec();
+    const auto answered = answerOf.find(box.clickedButton());
+    return answered == answerOf.end() ? answers::kCancel : answered->second;
+}
+
+QString DesktopOperator::openFile(const FileRequest& request)
+{
+    return chooseFile(request, false);
+}
+
+QString DesktopOperator::saveFile(const FileRequest& request)
+{
+    return chooseFile(request, true);
+}
+
+QString DesktopOperator::chooseFile(const FileRequest& request, bool save)
+{
+    const PlainPointer plain(*this, pointer_);
+    QFileDialog dialog(owner(), request.title, request.folder);
+    dialog.setNameFilters(nameFilters(request.filter));
+    dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setLabelText(QFileDialog::Accept, words_(save ? "file.save" : "file.open"));
+    dialog.setLabelText(QFileDialog::Reject, words_("common.cancel"));
+    dialog.setLabelText(QFileDialog::LookIn, words_("file.folder"));
+    dialog.setLabelText(QFileDialog::FileName, words_("file.name"));
+    dialog.setLabelText(QFileDialog::FileType, words_("file.type"));
+    // A name typed without its ending gets that of the first filter.
+    if (const qsizetype dot = request.filter.lastIndexOf("*."); save && dot >= 0)
+        dialog.setDefaultSuffix(request.filter.section('|', 1, 1).section("*.", 1).section(';', 0, 0));
+    if (!request.fileName.isEmpty())
+        dialog.selectFile(request.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        fail(errors::kCancelled, words_("file.cancelled"));
+    return dialog.selectedFiles().constFirst();
+}
+
+void DesktopOperator::setPointer(Pointer pointer)
+{
+    if (pointer == pointer_)
+        return;
+    if (pointer_ != Pointer::Default)
+        QApplication::restoreOverrideCursor();
+    if (pointer != Pointer::Default)
+        QApplication::setOverrideCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::BusyCursor);
+    pointer_ = pointer;
+}
+
+void DesktopOperator::beep()
+{
+    QApplication::beep();
+}
+
+void DesktopOperator::showForm(const QString& name)
+{
+    QWidget* window = load(name);
+    window->show();
+    window->raise();
+}
+
+void DesktopOperator::showFormModal(const QString& name)
+{
+    const PlainPointer plain(*this, pointer_);
+    QPointer<QWidget> window = load(name);
+    if (auto* dialog = qobject_cast<QDialog*>(window)) {
+        dialog->exec();
+    } else {
+        QEventLoop untilClosed;
+        window->setWindowModality(Qt::ApplicationModal);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        QObject::connect(window, &QObject::destroyed, &untilClosed, &QEventLoop::quit);
+        window->show();
+        untilClosed.exec();
+    }
+    delete window;
+    loaded_.erase(name);
+}
+
+void DesktopOperator::unloadForm(const QString& name)
+{
+    QPointer<QWidget> window = form(name);
+    if (!window)
+        return;
+    window->setProperty(kClosedByProgram, true);
+    const bool closed = window->close();
+    if (window)
+        window->setProperty(kClosedByProgram, QVariant());
+    const auto found = loaded_.find(name);
+    if (found == loaded_.end() || !closed)
+        return;
+    // A modal window is destroyed by the call that showed it.
+    if (window && !window->isModal())
+        window->deleteLater();
+    loaded_.erase(found);
+}
+
+void DesktopOperator::unloadAllForms()
+{
+    static const QStringList kStaying{"frmListBus", "frmTreeBus", "frmMain"};
+    QStringList names;
+    for (const auto& [name, window] : loaded_) {
+        if (!kStaying.contains(name))
+            names << name;
+    }
+    for (const QString& name : names)
+        unloadForm(name);
+}
+
+void DesktopOperator::enableForm(const QString& name, bool enabled)
+{
+    if (QWidget* window = form(name))
+        window->setEnabled(enabled);
+}
+
+void DesktopOperator::repaint()
+{
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+}
+
+QWidget* DesktopOperator::load(const QString& name)
+{
+    if (QWidget* window = form(name))
+        return window;
+    const auto factory = factories_.find(name);
+    if (factory == factories_.end())
+        fail(errors::kInvalidCall, QStringLiteral("There is no window %1.").arg(name));
+    QWidget* window = factory->second();
+    window->setObjectName(name);
+    loaded_[name] = window;
+    // A dialog stands over the window that called it up; the main window's icon and stacking are its own
+    // then.
+    if (QWidget* above = owner(); above && above != window && qobject_cast<QDialog*>(window))
+        window->setParent(above, window->windowFlags());
+    return window;
+}
+
+QWidget* DesktopOperator::owner() const
+{
+    if (QWidget* active = QApplication::activeModalWidget())
+        return active;
+    QWidget* main = form("frmMain");
+    return main && main->isVisible() ? main : nullptr;
+}
+
+QStringList nameFilters(const QString& filter)
+{
+    const QStringList parts = filter.split('|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = QString(parts[i + 1]).replace(';', ' ');
+        // The words in front often name the pattern already.
+        const QString words = parts[i].section(" (*", 0, 0);
+        filters << QStringLiteral("%1 (%2)").arg(words, patterns);
+    }
+    return filters;
+}
+
+} // namespace platform

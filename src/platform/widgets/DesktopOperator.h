@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/Operator.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <map>
+
+namespace platform {
+
+// A window closed by the program, not by the operator, carries this property while its closeEvent runs.
+inline constexpr char kClosedByProgram[] = "ClosedByProgram";
+
+// The person at the desktop: Qt's dialogs, and the program's windows by name.
+//
+// A window exists once, is made on first use by its factory and is destroyed when it is unloaded. The main
+// window's two children are adopted instead: they belong to it.
+class DesktopOperator : public Operator
+{
+public:
+    using Factory = std::function<QWidget*()>;
+    // A word of the current language by name: "common.yes".
+    using Words = std::function<QString(const QString& key)>;
+
+    explicit DesktopOperator(Words words) : words_(std::move(words)) {}
+    ~DesktopOperator() override;
+
+    void registerForm(const QString& name, Factory factory) { factories_[name] = std::move(factory); }
+    void adoptForm(const QString& name, QWidget* window) { adopted_[name] = window; }
+    // The window of that name when it is loaded, else null.
+    QWidget* form(const QString& name) const;
+    // Every window that is loaded, adopted ones first.
+    QList<QWidget*> loadedForms() const;
+
+    int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+    QString openFile(const FileRequest& request) override;
+    QString saveFile(const FileRequest& request) override;
+    void setPointer(Pointer pointer) override;
+    void beep() override;
+    void showForm(const QString& name) override;
+    void showFormModal(const QString& name) override;
+    void unloadForm(const QString& name) override;
+    void unloadAllForms() override;
+    void enableForm(const QString& name, bool enabled) override;
+    void repaint() override;
+
+private:
+    QWidget* load(const QString& name);
+    QWidget* owner() const;
+    QString chooseFile(const FileRequest& request, bool save);
+
+    Words words_;
+    std::map<QString, Factory> factories_;
+    std::map<QString, QPointer<QWidget>> adopted_;
+    std::map<QString, QPointer<QWidget>> loaded_;
+    Pointer pointer_ = Pointer::Default;
+};
+
+// The filters of a file dialog, "Text (*.txt)|*.txt|All|*.*", as Qt writes them.
+QStringList nameFilters(const QString& filter);
+
+} // namespace platform

@@ -1,0 +1,168 @@
+#include "session/CommandStates.h"
+
+#include "session/Session.h"
+#include "structure/NodeKey.h"
+#include "structure/Structure.h"
+
+namespace session {
+
+namespace {
+
+void collectNames(const std::vector<MenuEntry>& menu, QStringList& names)
+{
+    for (const MenuEntry& entry : menu) {
+        if (!entry.isSeparator())
+            names << entry.name;
+        collectNames(entry.entries, names);
+    }
+}
+
+// The view of the list that a mark stands for, or -1.
+int viewOfMark(const QString& name)
+{
+    static const std::vector<QStringList> kMarks{
+        {"mnuLargeIcons", "mnuBusLargeIcon", "LargeIcon"},
+        {"mnuSmallIcons", "mnuBusSmallIcon", "SmallIcon"},
+        {"mnuListIcons", "mnuBusList", "List"},
+        {"mnuReportIcons", "mnuBusReport", "Report"},
+    };
+    for (size_t view = 0; view < kMarks.size(); ++view) {
+        if (kMarks[view].contains(name))
+            return int(view);
+    }
+    return -1;
+}
+
+} // namespace
+
+CommandStates::CommandStates(Session& session, const structure::Structure& structure)
+    : session_(session), structure_(structure)
+{
+}
+
+void CommandStates::EnableDisable_TlbMainButtons(int level)
+{
+    apply(buttons_, rules::toolbar(level, rights(), session_.TreeBusSet.Visible != 0));
+}
+
+void CommandStates::EnableDisable_StructureButtons(bool flag)
+{
+    apply(buttons_, {{"Expand", flag}, {"Collapse", flag}});
+}
+
+void CommandStates::DisableMainMenu()
+{
+    setAllMenus(false);
+    EnabledStates left;
+    for (const QString& name : rules::menusWithoutCompany())
+        left[name] = true;
+    apply(treeMenus_, left);
+    apply(listMenus_, left);
+}
+
+void CommandStates::Enable_MainMenu()
+{
+    setAllMenus(true);
+}
+
+void CommandStates::EnableDisable_MainMenu(int level)
+{
+    apply(listMenus_, rules::listMenus(level, rights()));
+}
+
+void CommandStates::EnableDisable_Menu(Place place)
+{
+    if (place == Place::Tree)
+        apply(treeMenus_, rules::treeMenus(levelOfNode(), rights()));
+    else
+        EnableDisable_MainMenu(levelOfList());
+}
+
+void CommandStates::EnableDisable_PopupMenu(Place place)
+{
+    if (place == Place::Tree)
+        apply(treePopup_, rules::treePopup(levelOfNode(), rights()));
+    else
+        apply(listPopup_, rules::listPopup(levelOfList(), rights()));
+}
+
+void CommandStates::Set_View_Toolbar(int view)
+{
+    session_.ToolbarSet.View = qint16(view);
+    emit changed();
+}
+
+void CommandStates::Set_Form_Icons(int icons)
+{
+    session_.ToolbarSet.Icons = qint16(icons);
+    emit changed();
+}
+
+bool CommandStates::markable(const QString& name) const
+{
+    static const QStringList kLooks{"mnuStructure",     "Tree",
+                                    "mnuTlbComplete",   "mnuTlbViewComplete",
+                                    "mnuTlbReduced",    "mnuTlbViewReduced",
+                                    "mnuTlbLargeIcons", "mnuTlbSmallIcons"};
+    return viewOfMark(name) >= 0 || kLooks.contains(name);
+}
+
+bool CommandStates::marked(const QString& name) const
+{
+    if (const int view = viewOfMark(name); view >= 0)
+        return std::max<int>(session_.ListBusSet.View, 0) == view;
+    if (name == "mnuStructure" || name == "Tree")
+        return session_.TreeBusSet.Visible != 0;
+    if (name == "mnuTlbComplete" || name == "mnuTlbViewComplete")
+        return session_.ToolbarSet.View != 0;
+    if (name == "mnuTlbReduced" || name == "mnuTlbViewReduced")
+        return session_.ToolbarSet.View == 0;
+    if (name == "mnuTlbLargeIcons")
+        return session_.ToolbarSet.Icons != 0;
+    if (name == "mnuTlbSmallIcons")
+        return session_.ToolbarSet.Icons == 0;
+    return false;
+}
+
+bool CommandStates::stateOf(const EnabledStates& states, const QString& name)
+{
+    const auto found = states.find(name);
+    return found == states.end() || found->second;
+}
+
+void CommandStates::apply(EnabledStates& states, const EnabledStates& rule)
+{
+    for (const auto& [name, enabled] : rule)
+        states[name] = enabled;
+    emit changed();
+}
+
+void CommandStates::setAllMenus(bool enabled)
+{
+    for (const Place place : {Place::Tree, Place::List}) {
+        QStringList names;
+        collectNames(menuBar(place), names);
+        EnabledStates all;
+        for (const QString& name : names)
+            all[name] = enabled;
+        apply(place == Place::Tree ? treeMenus_ : listMenus_, all);
+    }
+}
+
+Rights CommandStates::rights() const
+{
+    return Rights::of(session_.CurrentUser);
+}
+
+int CommandStates::levelOfNode() const
+{
+    const QString key = structure_.selectedNode();
+    return key.isEmpty() ? structure::kNoSelection : structure::Extract_Level(key);
+}
+
+int CommandStates::levelOfList() const
+{
+    return structure_.selectedItem() == structure::kRootKey ? structure::kNoSelection : levelOfNode();
+}
+
+} // namespace session

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "session/CommandRules.h"
+#include "session/Commands.h"
+
+#include <QObject>
+
+namespace structure {
+class Structure;
+}
+
+namespace session {
+
+struct Session;
+
+// Which command may be used now, and which carries a mark. The windows show what stands here; everything
+// starts enabled, as a form's controls do.
+class CommandStates : public QObject
+{
+    Q_OBJECT
+
+public:
+    CommandStates(Session& session, const structure::Structure& structure);
+
+    void EnableDisable_TlbMainButtons(int level);
+    void EnableDisable_StructureButtons(bool flag);
+    void DisableMainMenu();
+    void Enable_MainMenu();
+    void EnableDisable_MainMenu(int level);
+    // By the selected node of the tree, and for the list by its selected item too.
+    void EnableDisable_Menu(Place place);
+    void EnableDisable_PopupMenu(Place place);
+    // 0 the reduced view, else the complete one.
+    void Set_View_Toolbar(int view);
+    // 0 small icons, else large ones.
+    void Set_Form_Icons(int icons);
+    // The marks follow the session: view of the list, visible tree, look of the toolbar.
+    void refreshMarks() { emit changed(); }
+
+    bool buttonEnabled(const QString& key) const { return stateOf(buttons_, key); }
+    bool menuEnabled(Place place, const QString& name) const { return stateOf(menusOf(place), name); }
+    bool popupEnabled(Place place, const QString& name) const { return stateOf(popupsOf(place), name); }
+    // Whether an entry or button is of the kind that carries a mark, and whether it does.
+    bool markable(const QString& name) const;
+    bool marked(const QString& name) const;
+
+signals:
+    void changed();
+
+private:
+    static bool stateOf(const EnabledStates& states, const QString& name);
+    const EnabledStates& menusOf(Place place) const { return place == Place::Tree ? treeMenus_ : listMenus_; }
+    const EnabledStates& popupsOf(Place place) const
+    {
+        return place == Place::Tree ? treePopup_ : listPopup_;
+    }
+    void apply(EnabledStates& states, const EnabledStates& rule);
+    void setAllMenus(bool enabled);
+    Rights rights() const;
+    int levelOfNode() const;
+    int levelOfList() const;
+
+    Session& session_;
+    const structure::Structure& structure_;
+    EnabledStates buttons_, treeMenus_, listMenus_, treePopup_, listPopup_;
+};
+
+} // namespace session

@@ -1,0 +1,198 @@
+#include "session/Commands.h"
+
+namespace session {
+
+const std::vector<ToolbarCommand>& toolbarCommands()
+{
+    static const std::vector<ToolbarCommand> kCommands{
+        {"NewDb", 164, "new-db"},
+        {"OpenDb", 165, "open-db"},
+        {"CloseDb", 166, "close-db"},
+        {"SepDb"},
+        {"Tree", 167, "tree"},
+        {"Expand", 168, "expand"},
+        {"Collapse", 169, "collapse"},
+        {"SepTree"},
+        {"Parent", 170, "parent", true},
+        {"View", 171, "view", true},
+        {"SepView", 0, {}, true},
+        {"New", 172, "new", true},
+        {"Delete", 173, "delete", true},
+        {"Cut", 174, "cut", true},
+        {"Copy", 175, "copy", true},
+        {"Paste", 176, "paste", true},
+        {"Refresh", 234, "refresh", true},
+        {"Resync", 177, "resync"},
+        {"Reset", 178, "reset", true},
+        {"Property", 179, "property", true},
+        {"ReadWrite", 181, "read-write", true},
+        {"SepTool", 0, {}, true},
+        {"EventViewer", 180, "event-viewer", true},
+        {"Settings", 182, "settings"},
+        {"Enter", 183, "enter", true},
+        {"About", 184, "about", true},
+        {"Exit", 45, "exit", true},
+    };
+    return kCommands;
+}
+
+namespace {
+
+const MenuEntry kSeparator{"-"};
+
+// The command on the selected node has a name of its own beside the one on the selected item.
+QString twin(Place place, const QString& command)
+{
+    return place == Place::Tree ? command + QStringLiteral("Node") : command;
+}
+
+std::vector<MenuEntry> itemCommands(Place place, const QString& prefix)
+{
+    return {
+        {prefix + "New", 117, twin(place, "New")},
+        {prefix + "Delete", 118, twin(place, "Delete")},
+        kSeparator,
+        {prefix + "Cut", 119, twin(place, "Cut")},
+        {prefix + "Copy", 120, twin(place, "Copy")},
+        {prefix + "Paste", 121, twin(place, "Paste")},
+        kSeparator,
+        {prefix + "Refresh", 228, "Refresh"},
+        {prefix + "Resync", 123, twin(place, "Resync")},
+        {prefix + "Reset", 122, twin(place, "Reset")},
+        kSeparator,
+        {prefix + "ReadWrite", 125, twin(place, "ReadWrite")},
+        {prefix + "Property", 124, twin(place, "Property")},
+    };
+}
+
+MenuEntry commandMenu(Place place)
+{
+    MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu")};
+    menu.entries.push_back(kSeparator);
+    menu.entries.push_back({"mnuAllarms", 291, "Allarms"});
+    return menu;
+}
+
+std::vector<MenuEntry> toolbarLook(const QString& complete, const QString& reduced)
+{
+    return {
+        {complete, 129, "TlbComplete"},
+        {reduced, 130, "TlbReduced"},
+        kSeparator,
+        {"mnuTlbLargeIcons", 131, "TlbLargeIcons"},
+        {"mnuTlbSmallIcons", 132, "TlbSmallIcons"},
+    };
+}
+
+} // namespace
+
+std::vector<MenuEntry> menuBar(Place place)
+{
+    return {
+        {"mnuFile",
+         108,
+         {},
+         {{"mnuNewDb", 109, "NewDb"},
+          {"mnuOpenDb", 110, "OpenDb"},
+          {"mnuCloseDb", 111, "CloseDb"},
+          kSeparator,
+          {"mnuUsers", 112, "Users"},
+          {"mnuSettings", 113, "Settings"},
+          {"mnuEnter", 114, "Enter"},
+          kSeparator,
+          {"mnuExit", 115, "Exit"}}},
+        commandMenu(place),
+        {"mnuView",
+         126,
+         {},
+         {{"mnuStructure", 127, "Tree"},
+          {"mnuTlb", 128, {}, toolbarLook("mnuTlbComplete", "mnuTlbReduced")},
+          kSeparator,
+          {"mnuLargeIcons", 131, "LargeIcon"},
+          {"mnuSmallIcons", 132, "SmallIcon"},
+          {"mnuListIcons", 133, "List"},
+          {"mnuReportIcons", 134, "Report"}}},
+        {"mnuUtility",
+         135,
+         {},
+         {{"mnuDb",
+           136,
+           {},
+           {{"mnuBackupDb", 137, "BackupDb"},
+            {"mnuRestoreDb", 138, "RestoreDb"},
+            {"mnuUpgradeDb", 139, "UpgradeDb"}}},
+          kSeparator,
+          {"mnuEventViewer", 140, "EventViewer"}}},
+        {"mnuHelp", 0, {}, {{"mnuAbout", 141, "About"}}, "&?"},
+    };
+}
+
+std::vector<MenuEntry> popupBus(Place place)
+{
+    std::vector<MenuEntry> entries = itemCommands(place, "mnuBus");
+    if (place == Place::List) {
+        const std::vector<MenuEntry> views{
+            {"mnuBusLargeIcon", 131, "LargeIcon"},
+            {"mnuBusSmallIcon", 132, "SmallIcon"},
+            {"mnuBusList", 133, "List"},
+            {"mnuBusReport", 134, "Report"},
+            kSeparator,
+        };
+        entries.insert(entries.begin(), views.begin(), views.end());
+    }
+    return entries;
+}
+
+std::vector<MenuEntry> popupToolbar()
+{
+    return toolbarLook("mnuTlbViewComplete", "mnuTlbViewReduced");
+}
+
+void CommandHandlers::run(const QString& command) const
+{
+    const auto found = handlers_.find(command);
+    if (found != handlers_.end())
+        found->second();
+}
+
+QStringList offeredButtons(const CommandHandlers& handlers, bool completeView)
+{
+    QStringList offered;
+    QString separator; // waits for a button behind it
+    for (const ToolbarCommand& command : toolbarCommands()) {
+        if (!completeView && !command.inReducedView)
+            continue;
+        if (command.isSeparator()) {
+            separator = offered.isEmpty() ? QString() : command.key;
+        } else if (handlers.has(command.key)) {
+            if (!separator.isEmpty())
+                offered << separator;
+            separator.clear();
+            offered << command.key;
+        }
+    }
+    return offered;
+}
+
+std::vector<MenuEntry> offeredEntries(const std::vector<MenuEntry>& menu, const CommandHandlers& handlers)
+{
+    std::vector<MenuEntry> offered;
+    bool separate = false;
+    for (const MenuEntry& entry : menu) {
+        if (entry.isSeparator()) {
+            separate = !offered.empty();
+            continue;
+        }
+        MenuEntry kept = entry;
+        kept.entries = offeredEntries(entry.entries, handlers);
+        if (kept.entries.empty() && !handlers.has(entry.command))
+            continue;
+        if (separate)
+            offered.push_back(kSeparator);
+        separate = false;
+        offered.push_back(kept);
+    }
+    return offered;
+}
+
+} // namespace session

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <map>
+#include <vector>
+
+namespace session {
+
+// A button of tlbMain. `text` is the offset of its tool tip; a separator has neither text nor icon.
+struct ToolbarCommand
+{
+    QString key;
+    int text = 0;
+    QString icon = {}; // name in the icon resources
+    bool inReducedView = false;
+
+    bool isSeparator() const { return icon.isEmpty(); }
+};
+
+// The buttons in their order.
+const std::vector<ToolbarCommand>& toolbarCommands();
+
+// An entry of a menu. `name` is the control's name; "-" is a separator. `text` is the caption's offset, 0 for
+// one that is the same in every language and stands in `caption`. An entry with entries of its own opens
+// them.
+struct MenuEntry
+{
+    QString name;
+    int text = 0;
+    QString command = {};
+    std::vector<MenuEntry> entries = {};
+    QString caption = {};
+
+    bool isSeparator() const { return name == QLatin1String("-"); }
+};
+
+// Which of the two children a menu belongs to: commands on the selected node and on the selected item are
+// twins.
+enum class Place
+{
+    Tree,
+    List
+};
+
+std::vector<MenuEntry> menuBar(Place place);
+// The popup mnuBus.
+std::vector<MenuEntry> popupBus(Place place);
+// The popup mnuTlb of the toolbar.
+std::vector<MenuEntry> popupToolbar();
+
+// What the program can do so far: command -> procedure. A button or an entry is offered only with a handler.
+class CommandHandlers
+{
+public:
+    void set(const QString& command, std::function<void()> handler)
+    {
+        handlers_[command] = std::move(handler);
+    }
+    bool has(const QString& command) const { return handlers_.contains(command); }
+    // Runs the command; one without a handler does nothing.
+    void run(const QString& command) const;
+
+private:
+    std::map<QString, std::function<void()>> handlers_;
+};
+
+// The buttons that stand on the toolbar: those with a handler that the view shows, and the separators between
+// them.
+QStringList offeredButtons(const CommandHandlers& handlers, bool completeView);
+// A menu without the entries that nothing handles yet, and without separators that part nothing.
+std::vector<MenuEntry> offeredEntries(const std::vector<MenuEntry>& menu, const CommandHandlers& handlers);
+
+} // namespace session

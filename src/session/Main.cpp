@@ -1,0 +1,161 @@
+#include "session/Main.h"
+
+#include "platform/Clock.h"
+#include "platform/Guard.h"
+#include "session/CommandStates.h"
+#include "session/Configuration.h"
+#include "session/Helpers.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "structure/NodeKey.h"
+
+#include <QFile>
+
+namespace session {
+
+using platform::Buttons;
+using platform::Icon;
+
+namespace {
+
+// Deletes a marker that the installation left; true when it was there.
+bool takeMarker(const QString& path)
+{
+    return Exist_File(path) && QFile::remove(path);
+}
+
+} // namespace
+
+Main::Main(Surroundings surroundings)
+    : session_(surroundings.session), texts_(surroundings.texts), operator_(surroundings.op),
+      clock_(surroundings.clock), commands_(surroundings.commands),
+      services_(std::move(surroundings.services))
+{
+}
+
+bool Main::run()
+{
+    bool goOn = true;
+    platform::guarded("Module/Main", [&] { goOn = start(); });
+    return goOn;
+}
+
+bool Main::start()
+{
+    operator_.showForm("frmPresentation");
+    operator_.repaint();
+    if (!services_.Read_Configuration()) {
+        applyFirstRunDefaults(session_);
+        takeFirstRunMarkers();
+    }
+    services_.Inizialize_RUChr();
+    Wait_Seconds(clock_, 2);
+    operator_.unloadForm("frmPresentation");
+
+    if (services_.anotherInstanceRuns()) {
+        session_.strMsg = texts_(580) + "\r\n" + texts_(581);
+        operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+        return false;
+    }
+
+    operator_.showForm("frmVideoProperty");
+    operator_.unloadForm("frmVideoProperty");
+    operator_.showForm("frmMain");
+    openLastCompany();
+    services_.Set_COMPort();
+    services_.Open_COMConnection();
+    return true;
+}
+
+void Main::takeFirstRunMarkers()
+{
+    if (takeMarker(session_.appFile("Data/Readme_Data.txt")))
+        operator_.showFormModal("frmLanguage");
+    takeMarker(session_.appFile("Log/Readme_Log.txt"));
+}
+
+void Main::openLastCompany()
+{
+    if (session_.DbPath.isEmpty() || session_.DbName.isEmpty()) {
+        operator_.enableForm("frmTreeBus", false);
+        operator_.enableForm("frmListBus", false);
+        companyLost();
+    } else if (services_.Connect_Database(session_.dbFile())) {
+        services_.Delete_Log(session_.LogSet.DelLog != 0, false);
+        companyConnected();
+    } else {
+        services_.Disconnect_Database();
+        companyLost();
+    }
+}
+
+void Main::companyConnected()
+{
+    // A company is worked with by its administrator as long as nobody can log in.
+    session_.CurrentUser = {};
+    session_.CurrentUser.IDUser = "0";
+    session_.CurrentUser.Name = "ADMINISTRATOR";
+    for (QString UserRecord::*right : {&UserRecord::UpgradeDb, &UserRecord::Settings, &UserRecord::Modify,
+                                       &UserRecord::EventViewer, &UserRecord::ReadWrite})
+        session_.CurrentUser.*right = "True";
+
+    commands_.EnableDisable_TlbMainButtons(structure::kNoSelection);
+    commands_.Enable_MainMenu();
+    commands_.EnableDisable_MainMenu(structure::kNoSelection);
+}
+
+void Main::companyLost()
+{
+    commands_.EnableDisable_TlbMainButtons(structure::kNoCompany);
+    commands_.DisableMainMenu();
+}
+
+void Main::Close_Database()
+{
+    platform::guarded("Module/Close_Database", [&] {
+        if (session_.DbName.isEmpty()) {
+            operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+            return;
+        }
+        if (!confirmed(503))
+            return;
+        services_.Disconnect_Database();
+        operator_.unloadAllForms();
+        companyLost();
+    });
+}
+
+void Main::leave()
+{
+    platform::guarded("frmMain.mnuExit_Click", [&] {
+        if (!confirmed(524))
+            return;
+        closingByCode_ = true;
+        operator_.unloadForm("frmMain");
+    });
+}
+
+bool Main::QueryUnload()
+{
+    bool allowed = true;
+    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmed(524); });
+    return allowed;
+}
+
+void Main::Unload()
+{
+    platform::guarded("frmMain.Unload", [&] {
+        operator_.unloadAllForms();
+        services_.Write_Configuration();
+        services_.Disconnect_Database();
+        services_.Close_COMConnection();
+    });
+}
+
+bool Main::confirmed(int text)
+{
+    session_.Answer = operator_.messageBox(texts_(text), Buttons::YesNo, Icon::Question, session_.AppTitle);
+    return session_.Answer == platform::answers::kYes;
+}
+
+} // namespace session

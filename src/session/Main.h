@@ -1,0 +1,83 @@
+#pragma once
+
+#include "platform/Operator.h"
+
+#include <QString>
+#include <functional>
+
+namespace platform {
+class Clock;
+}
+
+namespace session {
+
+class CommandStates;
+class Texts;
+struct Session;
+
+// What the entry procedure has others do, as verbs. Each ends in its own guard and tells whether it went
+// well.
+struct MainServices
+{
+    std::function<bool()> Read_Configuration;
+    std::function<bool()> Write_Configuration;
+    std::function<void()> Inizialize_RUChr;
+    // Whether another instance of the program runs with this application folder.
+    std::function<bool()> anotherInstanceRuns;
+    std::function<bool(const QString& path)> Connect_Database;
+    std::function<void()> Disconnect_Database;
+    std::function<void(bool enabled, bool all)> Delete_Log;
+    std::function<bool()> Set_COMPort;
+    std::function<bool()> Open_COMConnection;
+    std::function<bool()> Close_COMConnection;
+};
+
+// The program's beginning and end: start-up in its order, the company commands of the File menu that close,
+// the one question before leaving.
+class Main
+{
+public:
+    struct Surroundings
+    {
+        Session& session;
+        const Texts& texts;
+        platform::Operator& op;
+        platform::Clock& clock;
+        CommandStates& commands;
+        MainServices services;
+    };
+
+    explicit Main(Surroundings surroundings);
+
+    // The start. False when the process is to end at once, because another instance runs.
+    bool run();
+
+    // A company has been connected: somebody works with it from here on.
+    void companyConnected();
+    // A command's connect failed and was cleaned up, or nobody logged in.
+    void companyLost();
+    void Close_Database();
+
+    // mnuExit and the toolbar's "Exit": asks, and unloads the main window by code.
+    void leave();
+    // The main window is asked to close; false refuses. A close by code passes with no question.
+    bool QueryUnload();
+    // The main window goes: windows, configuration, company, port, in this order.
+    void Unload();
+
+private:
+    void takeFirstRunMarkers();
+    bool start();
+    void openLastCompany();
+    bool confirmed(int text);
+
+    Session& session_;
+    const Texts& texts_;
+    platform::Operator& operator_;
+    platform::Clock& clock_;
+    CommandStates& commands_;
+    MainServices services_;
+    bool closingByCode_ = false;
+};
+
+} // namespace session

@@ -1,0 +1,93 @@
+#include "session/widgets/MenuSet.h"
+
+#include "platform/widgets/Icons.h"
+#include "session/CommandStates.h"
+#include "session/widgets/FormLanguage.h"
+
+#include <QWidget>
+
+namespace session {
+
+namespace {
+
+QIcon iconOf(const QString& commandName)
+{
+    const QString command = commandName.endsWith("Node") ? commandName.chopped(4) : commandName;
+    for (const ToolbarCommand& button : toolbarCommands()) {
+        if (button.key == command && !button.isSeparator())
+            return platform::icon(button.icon);
+    }
+    return command == "Allarms" ? platform::icon("alarm") : QIcon();
+}
+
+QString tagOf(const MenuEntry& entry)
+{
+    return entry.text == 0 ? QString() : QString::number(entry.text);
+}
+
+} // namespace
+
+MenuSet::MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, CommandStates& states)
+    : QObject(form), place_(place), states_(states)
+{
+    for (const MenuEntry& menu : offeredEntries(menuBar(place), handlers))
+        bar_ << makeMenu(menu, form, handlers);
+    mnuBus_ = makeMenu({"mnuBus", 0, {}, offeredEntries(popupBus(place), handlers)}, form, handlers);
+    mnuBus_->setDefaultAction(mnuBus_->findChild<QAction*>("mnuBusProperty"));
+    if (QAction* refreshEntry = form->findChild<QAction*>("mnuRefresh"))
+        refreshEntry->setShortcut(Qt::Key_F5);
+    connect(&states, &CommandStates::changed, this, &MenuSet::refresh);
+    refresh();
+}
+
+void MenuSet::popup(const QPoint& globalPosition)
+{
+    states_.EnableDisable_PopupMenu(place_);
+    mnuBus_->popup(globalPosition);
+}
+
+QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandHandlers& handlers)
+{
+    auto* menu = tagged(new QMenu(entry.caption, parent), entry.name, tagOf(entry));
+    menu->menuAction()->setObjectName(entry.name);
+    for (const MenuEntry& below : entry.entries) {
+        if (below.isSeparator()) {
+            menu->addSeparator();
+        } else if (!below.entries.empty()) {
+            menu->addMenu(makeMenu(below, menu, handlers));
+        } else {
+            QAction* action =
+                tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
+            connect(action, &QAction::triggered, menu,
+                    [&handlers, command = below.command] { handlers.run(command); });
+        }
+    }
+    return menu;
+}
+
+void MenuSet::refresh()
+{
+    for (QMenu* menu : bar_) {
+        const auto enabled = [this](const QString& name) { return states_.menuEnabled(place_, name); };
+        menu->menuAction()->setEnabled(enabled(menu->objectName()));
+        refreshMenu(*menu, states_, enabled);
+    }
+    refreshMenu(*mnuBus_, states_,
+                [this](const QString& name) { return states_.popupEnabled(place_, name); });
+}
+
+void refreshMenu(QMenu& menu, const CommandStates& states, const std::function<bool(const QString&)>& enabled)
+{
+    for (QAction* action : menu.actions()) {
+        const QString name = action->objectName();
+        if (action->isSeparator())
+            continue;
+        action->setEnabled(enabled(name));
+        action->setCheckable(states.markable(name));
+        action->setChecked(states.marked(name));
+        if (action->menu())
+            refreshMenu(*action->menu(), states, enabled);
+    }
+}
+
+} // namespace session

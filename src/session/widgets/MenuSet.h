@@ -1,0 +1,43 @@
+#pragma once
+
+#include "session/Commands.h"
+
+#include <QList>
+#include <QMenu>
+
+namespace session {
+
+class CommandStates;
+
+// The menus of one child form: its menu bar and its popup, with the controls' names, kept in step with the
+// states.
+class MenuSet : public QObject
+{
+    Q_OBJECT
+
+public:
+    // The menus are children of `form`, so that they are found under it by name.
+    MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, CommandStates& states);
+
+    const QList<QMenu*>& bar() const { return bar_; }
+    // Shows mnuBus after its rule has been applied.
+    void popup(const QPoint& globalPosition);
+
+    // A menu made from entries, with a handler behind each and an icon where the toolbar has one for the
+    // command.
+    static QMenu* makeMenu(const MenuEntry& entry, QWidget* parent, const CommandHandlers& handlers);
+
+private:
+    void refresh();
+
+    Place place_;
+    CommandStates& states_;
+    QList<QMenu*> bar_;
+    QMenu* mnuBus_ = nullptr;
+};
+
+// Enables and marks every entry of a menu, and of the menus below it.
+void refreshMenu(QMenu& menu, const CommandStates& states,
+                 const std::function<bool(const QString&)>& enabled);
+
+} // namespace session

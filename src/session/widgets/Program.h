@@ -1,0 +1,87 @@
+#pragma once
+
+#include "bus/Bus.h"
+#include "bus/StatusPanels.h"
+#include "console/Console.h"
+#include "console/ConsoleModel.h"
+#include "database/Database.h"
+#include "events/EventLog.h"
+#include "events/Purge.h"
+#include "platform/SingleInstance.h"
+#include "session/CommandStates.h"
+#include "session/Commands.h"
+#include "session/Main.h"
+#include "structure/Structure.h"
+
+#include <QObject>
+#include <optional>
+
+namespace platform {
+class Clock;
+class DesktopOperator;
+class SerialPort;
+} // namespace platform
+
+namespace session {
+
+class frmMain;
+class Texts;
+struct Session;
+
+// The whole program put together: the logic, its commands and its windows. What it lives in is the caller's,
+// so that a test gives it a clock, a line and an operator of its own.
+class Program : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Surroundings
+    {
+        Session& session;
+        const Texts& texts;
+        platform::DesktopOperator& op;
+        platform::Clock& clock;
+        platform::SerialPort& port;
+    };
+
+    explicit Program(const Surroundings& surroundings);
+    ~Program() override;
+
+    // The start; false when the process is to end at once.
+    bool run() { return main_.run(); }
+
+    const CommandHandlers& handlers() const { return handlers_; }
+    CommandStates& commands() { return commands_; }
+    structure::Structure& structure() { return structure_; }
+    bus::StatusPanels& panels() { return panels_; }
+    database::Database& database() { return database_; }
+    Main& main() { return main_; }
+
+signals:
+    // The main window has gone.
+    void left();
+
+private:
+    void registerCommands();
+    void registerForms();
+    void listen();
+    MainServices services();
+    QWidget* makeMainWindow();
+    frmMain* mainWindow() const;
+
+    Surroundings with_;
+    structure::Structure structure_;
+    database::Database database_;
+    events::EventLog events_;
+    events::LogPurge purge_;
+    bus::StatusPanels panels_;
+    console::ConsoleModel consoleModel_;
+    bus::Bus bus_;
+    console::Console console_;
+    CommandHandlers handlers_;
+    CommandStates commands_;
+    Main main_;
+    std::optional<platform::SingleInstance> instance_;
+};
+
+} // namespace session

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+
+namespace structure {
+
+enum Level
+{
+    kNoCompany = -2,
+    kNoSelection = -1,
+    kRoot = 0,
+    kGroup = 1,
+    kInstrument = 2,
+    kParamGroup = 3,
+    kParameter = 4
+};
+
+inline const QString kRootKey = QStringLiteral("Root");
+inline const QString kRootCaption = QStringLiteral("ZEL Bus");
+
+// A node key taken apart; parts that the key lacks are "".
+struct KeyParts
+{
+    QString Level, IDGrp, IDInst, IDParGrp, IDPar;
+};
+
+// 0 for "Root", else the number before the first "_". Another text without "_" fails.
+int Extract_Level(const QString& key);
+
+// All parts as texts; "Root" gives level "0" and empty ids.
+KeyParts Extract_Key(const QString& key);
+
+// The key of the parent of an element of that level: 0 or 1 give "Root", 2 to 4 the key one level up, any
+// other "". An element's own key is that of a parent one level further down.
+QString Compose_Key(int level, const QString& IDGrp, const QString& IDInst, const QString& IDParGrp);
+
+} // namespace structure

@@ -1,0 +1,104 @@
+#include "structure/frmListBus.h"
+
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "session/widgets/FormUnits.h"
+#include "structure/Structure.h"
+#include "structure/widgets/ListBusView.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace structure {
+
+frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
+                       QWidget* parent)
+    : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
+      lvwBus_(new ListBusView(structure.list(), this)), prgUpdate_(new QProgressBar(this))
+{
+    setObjectName("frmListBus");
+    lblPath_->setObjectName("lblPath");
+    lblPath_->setTextFormat(Qt::PlainText);
+    lblPath_->setContentsMargins(8, 5, 8, 5);
+    // A long path must not hold the window wide.
+    lblPath_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    lvwBus_->setObjectName("lvwBus");
+    prgUpdate_->setObjectName("prgUpdate");
+    prgUpdate_->setTextVisible(false);
+    prgUpdate_->setFixedHeight(6);
+    prgUpdate_->hide();
+    setFocusProxy(lvwBus_);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(lblPath_);
+    layout->addWidget(lvwBus_, 1);
+    layout->addWidget(prgUpdate_);
+
+    restoreColumnWidths();
+    lvwBus_->setView(std::max<int>(session.ListBusSet.View, 0));
+    listen();
+}
+
+void frmListBus::listen()
+{
+    connect(lvwBus_, &ListBusView::itemPressed, &structure_, &Structure::pressItem);
+    connect(lvwBus_, &ListBusView::itemOpened, &structure_, &Structure::openItem);
+    connect(lvwBus_, &ListBusView::columnClicked, &structure_, &Structure::clickColumn);
+    connect(lvwBus_, &ListBusView::menuWanted, this, &frmListBus::menuWanted);
+    connect(lvwBus_, &ListBusView::deletePressed, this, [this] { emit commandWanted("Delete"); });
+    connect(lvwBus_, &ListBusView::enterPressed, this, [this] { emit commandWanted("Property"); });
+    connect(lvwBus_, &ListBusView::parentPressed, this, [this] { emit commandWanted("Parent"); });
+
+    connect(&structure_, &Structure::itemSelected, lvwBus_, &ListBusView::select);
+    connect(&structure_, &Structure::viewChanged, lvwBus_, &ListBusView::setView);
+    connect(&structure_, &Structure::pathChanged, this, [this] {
+        lblPath_->setText(structure_.path());
+        lblPath_->setToolTip(structure_.path());
+    });
+}
+
+void frmListBus::keepColumnWidths()
+{
+    session_.ListBusSet.Col1Width = session::formUnits(lvwBus_->columnWidth(0));
+    session_.ListBusSet.Col2Width = session::formUnits(lvwBus_->columnWidth(1));
+    session_.ListBusSet.Col3Width = session::formUnits(lvwBus_->columnWidth(2));
+}
+
+void frmListBus::restoreColumnWidths()
+{
+    lvwBus_->setColumnWidth(0, session::pointsOf(session_.ListBusSet.Col1Width));
+    lvwBus_->setColumnWidth(1, session::pointsOf(session_.ListBusSet.Col2Width));
+    lvwBus_->setColumnWidth(2, session::pointsOf(session_.ListBusSet.Col3Width));
+}
+
+void frmListBus::showProgress(bool visible)
+{
+    prgUpdate_->setVisible(visible);
+}
+
+void frmListBus::setProgress(int percent)
+{
+    prgUpdate_->setValue(percent);
+}
+
+void frmListBus::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    lvwBus_->setEmptyText(texts_.own("list.empty"));
+    structure_.Set_ColName_ListBus(shownLevel());
+}
+
+int frmListBus::shownLevel() const
+{
+    const QString node = structure_.selectedNode();
+    const bool showsRootItem = structure_.list().keyAt(0) == kRootKey;
+    return node.isEmpty() || showsRootItem ? kNoSelection : Extract_Level(node);
+}
+
+} // namespace structure

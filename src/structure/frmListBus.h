@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QProgressBar;
+
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+
+namespace structure {
+
+class ListBusView;
+class Structure;
+
+// The children of the selected node: the path above, the list lvwBus below, and the progress of long jobs.
+class frmListBus : public QWidget
+{
+    Q_OBJECT
+
+public:
+    frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
+               QWidget* parent = nullptr);
+
+    // Stores the columns' widths, as the window goes.
+    void keepColumnWidths();
+
+    void showProgress(bool visible);
+    void setProgress(int percent);
+
+signals:
+    void menuWanted(const QPoint& globalPosition); // the popup mnuBus
+    void commandWanted(const QString& command);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void listen();
+    void restoreColumnWidths();
+    // Of the node whose children the list shows; -1 for the item "Root" alone.
+    int shownLevel() const;
+
+    Structure& structure_;
+    session::Session& session_;
+    const session::Texts& texts_;
+    QLabel* lblPath_;
+    ListBusView* lvwBus_;
+    QProgressBar* prgUpdate_;
+};
+
+} // namespace structure

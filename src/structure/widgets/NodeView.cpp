@@ -1,0 +1,60 @@
+#include "structure/widgets/NodeView.h"
+
+#include "structure/widgets/ImageDelegate.h"
+
+#include <QContextMenuEvent>
+#include <QScopedValueRollback>
+
+namespace structure {
+
+NodeView::NodeView(QWidget* parent) : QTreeView(parent)
+{
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setFrameShape(QFrame::NoFrame);
+    setIconSize({16, 16});
+    setEditTriggers(NoEditTriggers);
+    auto* delegate = new ImageDelegate(this);
+    delegate->setRowPadding(2);
+    setItemDelegate(delegate);
+}
+
+void NodeView::mousePressEvent(QMouseEvent* event)
+{
+    const QModelIndex before = currentIndex();
+    {
+        const QScopedValueRollback<bool> gesture(gesture_, true);
+        QTreeView::mousePressEvent(event);
+    }
+    // A press on the selected node loads it afresh, though nothing changes in the tree.
+    const QModelIndex pressed = indexAt(event->position().toPoint());
+    if (pressed.isValid() && pressed == before)
+        emit nodeTaken(pressed);
+}
+
+void NodeView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Delete) {
+        emit deletePressed();
+        return;
+    }
+    const QScopedValueRollback<bool> gesture(gesture_, true);
+    QTreeView::keyPressEvent(event);
+}
+
+void NodeView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex at = byKey ? currentIndex() : indexAt(event->pos());
+    if (at.isValid())
+        emit menuWanted(byKey ? viewport()->mapToGlobal(visualRect(at).center()) : event->globalPos());
+}
+
+void NodeView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTreeView::currentChanged(current, previous);
+    if (gesture_ && current.isValid())
+        emit nodeTaken(current);
+}
+
+} // namespace structure

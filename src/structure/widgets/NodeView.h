@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTreeView>
+
+namespace structure {
+
+// The tree as the operator touches it. Tells of nodes taken by mouse or key; a selection made by the program,
+// or one that moves because a node went away, is told to nobody.
+class NodeView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    explicit NodeView(QWidget* parent = nullptr);
+
+signals:
+    void nodeTaken(const QModelIndex& index);
+    void deletePressed();
+    void menuWanted(const QPoint& globalPosition);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+private:
+    bool gesture_ = false;
+};
+
+} // namespace structure
