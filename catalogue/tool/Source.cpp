@@ -47,7 +47,8 @@ private:
             const QString text = expand(line.text, variables, line.origin);
             const QStringList words = text.simplified().split(' ');
             if (words[0] == "let") {
-                variables[nameIn(words, line)] = numberIn(words.value(2), line);
+                const QString name = nameIn(words, line);
+                variables[name] = numberIn(words[2], line);
             } else if (words[0] == "include") {
                 readFile(words.value(1), line.origin, variables, depth + 1);
             } else if (words[0] == "repeat") {

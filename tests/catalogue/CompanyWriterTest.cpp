@@ -1,0 +1,144 @@
+#include "catalogue/tool/CompanyWriter.h"
+#include "tests/catalogue/Published.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <gmock/gmock.h>
+
+namespace catalogue {
+namespace {
+
+using testing::column;
+using testing::count;
+using testing::opened;
+using testing::published;
+
+TEST(DemoCompany, isOneCustomerWithFivePlants)
+{
+    SQLite::Database company = opened(published().company);
+    EXPECT_EQ(column(company, "SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp"),
+              QStringList({"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(count(company, "SELECT Count(*) FROM tbGroupsUser WHERE Phone IS NULL OR Description IS NULL"),
+              0);
+    EXPECT_GE(count(company, "SELECT Count(*) FROM tbInstrumentsUser"), 40);
+    EXPECT_EQ(
+        count(company, "SELECT Count(*) FROM tbCompanySettings WHERE Company <> '' AND VATNumber <> ''"), 1);
+    EXPECT_EQ(count(company, "SELECT Count(*) FROM tbUsers"), 0);
+    EXPECT_EQ(count(company, "SELECT Count(*) FROM tbInstrumentsUser WHERE IDItem = 'ALIEN'"), 0);
+}
+
+TEST(DemoCompany, givesEveryInstrumentAllParametersOfItsType)
+{
+    SQLite::Database company = opened(published().company);
+    EXPECT_EQ(
+        count(company, "SELECT Count(*) FROM tbParametersUser"),
+        count(company,
+              "SELECT Count(*) FROM tbInstrumentsUser INNER JOIN tbInstrument ON "
+              "tbInstrumentsUser.IDItem = tbInstrument.mTag INNER JOIN tbParamGroup ON tbInstrument.mID = "
+              "tbParamGroup.mKeyInst INNER JOIN tbParam ON tbParamGroup.mID = tbParam.mKeyParGroup"));
+    EXPECT_EQ(column(company, "PRAGMA foreign_key_check"), QStringList());
+}
+
+TEST(DemoCompany, canBeConnectedPlantByPlant)
+{
+    SQLite::Database company = opened(published().company);
+    for (const QString& plant : column(company, "SELECT IDGrp FROM tbGroupsUser"))
+        EXPECT_EQ(column(company, QString(testing::kAliveStatement).arg(plant)).size(), 1)
+            << plant.toStdString();
+}
+
+TEST(DemoCompany, hasAddressesThatTheDialogCanShow)
+{
+    const QRegularExpression address("^[0-9A-F]{2}$");
+    SQLite::Database company = opened(published().company);
+    for (const QString& text : column(company, "SELECT Address FROM tbInstrumentsUser"))
+        EXPECT_TRUE(text.contains(address)) << text.toStdString();
+    EXPECT_EQ(count(company,
+                    "SELECT Count(*) FROM (SELECT 1 FROM tbInstrumentsUser GROUP BY IDGrp, Address HAVING "
+                    "Count(*) > 1)"),
+              0);
+}
+
+// The walk through the central job writes one chapter that holds every way of writing.
+TEST(DemoCompany, hasAChapterWithEveryWayOfWritingToBeWritten)
+{
+    SQLite::Database company = opened(published().company);
+    const QStringList wires = column(
+        company,
+        "SELECT DISTINCT tbParam.mType FROM tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar "
+        "= tbParam.mID WHERE State = 1 AND IDGrp = 1 AND IDParGrp = 'G0285' ORDER BY 1");
+    EXPECT_EQ(wires, QStringList({"BIT", "BYTE", "STRING", "WORD_L"}));
+    EXPECT_GT(count(company, "SELECT Count(*) FROM tbParametersUser WHERE Value IS NULL AND State = 0"), 0);
+}
+
+// Every type that may be a master answers a poll alone at "00".
+TEST(DemoCompany, findsOneAliveAnswerForEveryMaster)
+{
+    for (const Type& type : published().catalogue.types) {
+        if (!type.master)
+            continue;
+        Demo demo;
+        demo.plants.push_back({"P", {}, {}, {{"00", type.tag, "M", {}, {}, {}, {}}}, {}});
+        const QString file = published().folder.filePath("master.mdb");
+        writeCompany(demo, published().model, file);
+        SQLite::Database company = opened(file);
+        EXPECT_EQ(column(company, QString(testing::kAliveStatement).arg(1)).size(), 1)
+            << type.tag.toStdString();
+    }
+}
+
+struct Broken
+{
+    const char* tail;
+    const char* reason;
+};
+
+class BrokenDemo : public ::testing::TestWithParam<Broken>
+{
+};
+
+TEST_P(BrokenDemo, isRefusedAtItsLine)
+{
+    testing::SourceFolder folder;
+    folder.write("demo.txt",
+                 QString("plant \"ONE\" \"0555\"\n  STREET\ninstrument 11 NVC-210 \"ROOM\"\n  CELLAR\n") +
+                     GetParam().tail);
+    EXPECT_THAT(testing::refusal([&] {
+                    writeCompany(readDemo(folder.file("demo.txt")), published().model,
+                                 folder.file("company.mdb"));
+                }),
+                ::testing::StartsWith(std::string("demo.txt:5: ") + GetParam().reason));
+    EXPECT_FALSE(QFileInfo::exists(folder.file("company.mdb")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, BrokenDemo,
+    ::testing::Values(Broken{"instrument 12 NVC-211 \"X\"\n", "there is no type \"NVC-211\""},
+                      Broken{"instrument 11 NVC-210 \"X\"\n", "the address 11 is taken"},
+                      Broken{"value P999999 1\n", "this instrument has no parameter \"P999999\""},
+                      Broken{"value P020101 99\n", "\"99\" cannot be the value of P020101"},
+                      Broken{"value P020101 2.2\n", "\"2.2\" cannot be the value of P020101"},
+                      Broken{"value P020201 3\n", "\"3\" cannot be the value of P020201"},
+                      Broken{"value P029008 \"A NAME TOO LONG FOR IT\"\n",
+                             "\"A NAME TOO LONG FOR IT\" cannot be"},
+                      Broken{"changed P020501 2.5\n", "P020501 can only be read"},
+                      Broken{"colour P020501 red\n", "\"colour\" means nothing here"},
+                      Broken{"value P020501\n", "\"value\" takes 2 columns"},
+                      Broken{"company Colour red\n", "a company has no \"Colour\""}));
+
+TEST(Demo, needsAPlantAndAnInstrument)
+{
+    testing::SourceFolder folder;
+    folder.write("a.txt", "instrument 11 NVC-210 \"X\"\n");
+    EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("a.txt")); }),
+              "a.txt:1: an instrument without a plant above it");
+    folder.write("b.txt", "value P020101 1\n");
+    EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("b.txt")); }),
+              "b.txt:1: a value without an instrument above it");
+    folder.write("c.txt", "company Fax 1\n  TEXT\n");
+    EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("c.txt")); }),
+              "c.txt:2: a description that belongs to nothing");
+}
+
+} // namespace
+} // namespace catalogue
