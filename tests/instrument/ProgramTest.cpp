@@ -26,7 +26,10 @@ constexpr int kPatienceMs = 20000;
 class Port
 {
 public:
-    explicit Port(const QString& path) : file_(open(path.toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK)) {}
+    explicit Port(const QString& path)
+        : file_(open(path.toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+    }
     ~Port() { close(file_); }
     Port(const Port&) = delete;
     Port& operator=(const Port&) = delete;
@@ -86,9 +89,10 @@ protected:
 
     QString start(const QStringList& more = {})
     {
-        process.start(QStringLiteral(CALIDORA_INSTRUMENT),
-                      QStringList{"--memory", folder.filePath("plants.txt"), "--home", folder.path(), "--speed", "10"} +
-                          more);
+        process.start(
+            QStringLiteral(CALIDORA_INSTRUMENT),
+            QStringList{"--memory", folder.filePath("plants.txt"), "--home", folder.path(), "--speed", "10"} +
+                more);
         return line();
     }
 
@@ -116,7 +120,8 @@ protected:
 
 TEST_F(ProgramTest, StandsUnderItsNameAndAnswers)
 {
-    ASSERT_EQ(start(), QStringLiteral("ready ports/COM1 -> ") + QFile::symLinkTarget(link));
+    const QString ready = start();
+    ASSERT_EQ(ready, QStringLiteral("ready ports/COM1 -> ") + QFile::symLinkTarget(link));
     for (int round = 0; round < 2; ++round) {
         Port port(link);
         ASSERT_TRUE(port.isOpen()) << "the program may open it again and again";
