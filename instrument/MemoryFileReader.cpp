@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace instrument {
 
@@ -161,23 +162,25 @@ private:
         }
     }
 
+    // A run is complete when the next line shows it; what is wrong with it is told under its own line.
     void closeRun()
     {
         if (!run_)
             return;
-        line_ = run_->line;
-        if (run_->bytes.size() != run_->size)
-            refuse(QStringLiteral("%1 bytes are told and %2 follow").arg(run_->size).arg(run_->bytes.size()));
-        if (run_->eepromCommand) {
-            if (memory_->eeproms().contains(*run_->eepromCommand))
-                refuse(QStringLiteral("eeprom %1 stands twice").arg(*run_->eepromCommand));
-            memory_->addEeprom(*run_->eepromCommand, run_->bytes);
-        } else {
-            run_->bank.bytes = run_->bytes;
-            if (const auto reason = memory_->addBank(run_->bank))
-                refuse(*reason);
+        const Run run = *std::exchange(run_, std::nullopt);
+        if (run.bytes.size() != run.size)
+            refuse(QStringLiteral("%1 bytes are told and %2 follow").arg(run.size).arg(run.bytes.size()),
+                   run.line);
+        if (run.eepromCommand) {
+            if (memory_->eeproms().contains(*run.eepromCommand))
+                refuse(QStringLiteral("eeprom %1 stands twice").arg(*run.eepromCommand), run.line);
+            memory_->addEeprom(*run.eepromCommand, run.bytes);
+            return;
         }
-        run_.reset();
+        Bank bank = run.bank;
+        bank.bytes = run.bytes;
+        if (const auto reason = memory_->addBank(bank))
+            refuse(*reason, run.line);
     }
 
     Plant& plant()
@@ -204,7 +207,8 @@ private:
         return value;
     }
 
-    [[noreturn]] void refuse(const QString& reason) { throw LoadError(name_, line_, reason); }
+    [[noreturn]] void refuse(const QString& reason) { refuse(reason, line_); }
+    [[noreturn]] void refuse(const QString& reason, int line) { throw LoadError(name_, line, reason); }
 
     QString name_;
     int line_ = 0;

@@ -84,7 +84,6 @@ void VirtualInstrument::call(const AlarmReport& report, qint64 nowMs)
     const auto later =
         std::find_if(calls_.begin(), calls_.end(), [&](const DueCall& due) { return due.atMs > nowMs; });
     calls_.insert(later, {nowMs, report});
-    advance(nowMs);
 }
 
 void VirtualInstrument::beginDueCall(qint64 nowMs)

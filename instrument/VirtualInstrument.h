@@ -46,10 +46,13 @@ public:
     // motion.
     std::optional<qint64> nextDue() const;
 
-    // Calls in as soon as the link is idle.
+    // Is due to call in from now on, and does so as soon as the link is idle.
     void call(const AlarmReport& report, qint64 nowMs);
     // Breaks the connection off, as a telephone line does.
     void dropCarrier(qint64 nowMs) { link_->dropCarrier(nowMs); }
+    // As after a power cut: no connection, no dialogue, nothing left to be said. Memories, faults and figures
+    // stay.
+    void restart() { setLinkMode(options_.link); }
     // Becomes another kind of link; a connection that stands is forgotten.
     void setLinkMode(LinkMode mode);
 

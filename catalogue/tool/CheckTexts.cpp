@@ -21,11 +21,25 @@ bool hasAny(const QString& text, const QStringList& stems)
                                [&](const QString& stem) { return text.contains(stem, Qt::CaseInsensitive); });
 }
 
+// A stem that begins a word: "door" in "door alarm", not in "outdoor air".
+bool beginsWord(const QString& text, const QString& stem)
+{
+    for (qsizetype at = 0; (at = text.indexOf(stem, at, Qt::CaseInsensitive)) >= 0; ++at)
+        if (at == 0 || !text[at - 1].isLetter())
+            return true;
+    return false;
+}
+
+bool speaksOf(const QString& text, const QStringList& stems)
+{
+    return std::ranges::any_of(stems, [&](const QString& stem) { return beginsWord(text, stem); });
+}
+
 // An English text that uses a fixed word has its fixed counterpart in the other languages.
 void checkTerms(const Text& text, const Origin& origin, const std::vector<Term>& glossary, Problems& problems)
 {
     for (const Term& term : glossary) {
-        if (!hasAny(text[kEnglish], term.stems[kEnglish]))
+        if (!speaksOf(text[kEnglish], term.stems[kEnglish]))
             continue;
         for (const size_t language : {kItalian, kRussian})
             if (!hasAny(text[language], term.stems[language]))

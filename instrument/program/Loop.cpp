@@ -78,10 +78,15 @@ void Loop::takeCommands()
 // A vanished device is unplugged here, and one that has come back plugged in again under the same name.
 void Loop::followDevice()
 {
-    if (instrument_.failures().isActive(Failure::Gone))
+    const bool gone = instrument_.failures().isActive(Failure::Gone);
+    if (gone == !pty_.isPlugged())
+        return;
+    if (gone) {
         pty_.unplug();
-    else
+    } else {
+        instrument_.restart();
         pty_.plugIn();
+    }
 }
 
 qint64 Loop::now()

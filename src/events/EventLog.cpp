@@ -1,6 +1,7 @@
 #include "events/EventLog.h"
 
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/TextFile.h"
@@ -18,20 +19,44 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
-// A field of a log line: left-justified, padded or cut to its width. What would end the line gives a blank.
-QString fixed(QString text, int width)
+// Lays the fields of one line side by side, each left-justified and padded or cut to its width.
+class LineWriter
 {
-    std::replace_if(
-        text.begin(), text.end(), [](QChar c) { return c < QLatin1Char(' '); }, QLatin1Char(' '));
-    return text.leftJustified(width, QLatin1Char(' '), true);
-}
+public:
+    explicit LineWriter(int codePage) : codePage_(codePage) {}
 
-QString logLine(const Recordset& event)
+    LineWriter& field(const QString& text, int width)
+    {
+        line_ += oneByteACharacter(text).leftJustified(width, QLatin1Char(' '), true);
+        return *this;
+    }
+    const QString& line() const { return line_; }
+
+private:
+    // The width counts what the file will hold; what would end the line gives a blank.
+    QString oneByteACharacter(const QString& text) const
+    {
+        QByteArray bytes = encode(text, codePage_);
+        std::replace_if(
+            bytes.begin(), bytes.end(), [](char c) { return c >= 0 && c < ' '; }, ' ');
+        return decode(bytes, codePage_);
+    }
+
+    int codePage_;
+    QString line_;
+};
+
+QString logLine(const Recordset& event, int codePage)
 {
     const QDateTime when = QDateTime::fromString(event.text("Date_Reg"), kStoredDate);
-    return fixed(event.text("IDType"), 1) + fixed(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19) +
-           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) +
-           fixed(event.text("Instrument"), 50) + fixed(event.text("Description"), 255);
+    return LineWriter(codePage)
+        .field(event.text("IDType"), 1)
+        .field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
+        .field(event.text("Source"), 3)
+        .field(event.text("Equipment"), 50)
+        .field(event.text("Instrument"), 50)
+        .field(event.text("Description"), 255)
+        .line();
 }
 
 } // namespace
@@ -90,7 +115,7 @@ void EventLog::CreateLog_App()
                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
         TextWriter file(session_.appFile(name), session_.CodePage);
         for (; !rows.Eof(); rows.MoveNext())
-            file.WriteLine(logLine(rows));
+            file.WriteLine(logLine(rows, session_.CodePage));
         file.commit();
     });
 }

@@ -59,7 +59,7 @@ void deleteFile(const QString& path)
 {
     QFile file(path);
     if (!file.remove())
-        fail(errors::kPermissionDenied,
+        fail(file.exists() ? errors::kPermissionDenied : errors::kFileNotFound,
              QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), file.errorString()));
 }
 

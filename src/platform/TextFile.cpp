@@ -64,9 +64,14 @@ void TextWriter::WriteLine(const QString& line)
 void TextWriter::commit(Lacking lacking)
 {
     const QByteArray bytes = encoded(lacking);
-    if (file_.write(bytes) != bytes.size() || !file_.commit())
+    // The commit looks at what was written, not at what its own flush couldn't write: a full disk shows here.
+    if (file_.write(bytes) != bytes.size() || !file_.flush()) {
+        file_.cancelWriting();
+        failWithFile(errors::kDiskFull);
+    }
+    if (!file_.commit())
         failWithFile(file_.error() == QFileDevice::PermissionsError ? errors::kPermissionDenied
-                                                                    : errors::kDiskFull);
+                                                                    : errors::kDeviceIo);
 }
 
 void TextWriter::failWithFile(int number) const

@@ -79,8 +79,12 @@ TEST(SingleInstanceTest, AKilledProgramLeavesTheFolderFree)
 TEST(SingleInstanceTest, AMarkThatIsRubbishOrCantBeMadeStopsNobody)
 {
     const support::ApplicationFolder folder;
-    folder.write("Calidora.lock", "rubbish");
-    EXPECT_FALSE(SingleInstance(folder.path()).anotherIsRunning());
+    for (const char* rubbish : {"", "rubbish", "x\ny\nz\n"}) {
+        folder.write("Calidora.lock", rubbish);
+        const SingleInstance first(folder.path());
+        EXPECT_FALSE(first.anotherIsRunning()) << rubbish;
+        EXPECT_TRUE(SingleInstance(folder.path()).anotherIsRunning()) << rubbish;
+    }
     EXPECT_FALSE(SingleInstance(folder.file("no/such/folder")).anotherIsRunning());
 }
 

@@ -80,15 +80,18 @@ TEST_F(TextFileTest, ReplacesTheFileOnlyAtTheCommit)
 TEST_F(TextFileTest, AFullDiskLeavesTheFormerFile)
 {
     folder_.write("text", "former");
-    int number = 0;
-    {
-        support::FullDisk full(1000);
-        TextWriter writer(folder_.file("text"), 1252);
-        writer.WriteLine(QString(100000, 'x'));
-        number = errorOf([&] { writer.commit(); });
+    for (int size : {2000, 100000}) {
+        int number = 0;
+        {
+            support::FullDisk full(1000);
+            TextWriter writer(folder_.file("text"), 1252);
+            writer.WriteLine(QString(size, 'x'));
+            number = errorOf([&] { writer.commit(); });
+        }
+        EXPECT_EQ(number, errors::kDiskFull) << size;
+        EXPECT_EQ(folder_.read("text"), "former") << size;
+        EXPECT_THAT(folder_.names("."), ElementsAre("text")) << size;
     }
-    EXPECT_EQ(number, errors::kDiskFull);
-    EXPECT_EQ(folder_.read("text"), "former");
 }
 
 TEST_F(TextFileTest, ACharacterThatThePageLacksIsAskedForOrKept)

@@ -1,0 +1,66 @@
+# What ./run, ./test and .ci/run share. Sourced, from the project's folder.
+set -euo pipefail
+
+build_folder=${BUILD_FOLDER:-build}
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+
+build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libqt6svg6-dev libsqlite3-dev
+  libsqlitecpp-dev libgtest-dev libgmock-dev libbenchmark-dev)
+run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 libsqlite3-0 fonts-dejavu-core
+  fonts-liberation2 sqlite3)
+screen_packages=(xvfb xauth openbox xdotool x11-apps imagemagick)
+test_packages=(socat faketime iaxmodem)
+check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
+
+say() { printf '==> %s\n' "$*"; }
+
+# Installs what is missing of the packages named, and says so.
+need() {
+  local missing=()
+  for package in "$@"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -gt 0 ] || return 0
+  say "installing ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { say "not root and no sudo: install these packages first"; return 1; }
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+# Configures once, then builds what has changed. Arguments are targets; none builds all.
+build() {
+  say "building in $build_folder"
+  [ -f "$build_folder/build.ninja" ] || cmake -S . -B "$build_folder" -G Ninja "${cmake_options[@]}" >"$build_folder.log" 2>&1 ||
+    { cat "$build_folder.log"; return 1; }
+  rm -f "$build_folder.log"
+  cmake --build "$build_folder" ${1:+--target "$@"} -- --quiet
+}
+cmake_options=()
+
+# Makes an application folder: the model of the instruments, the demo company, the settings that open it.
+prepare_application() {
+  local home=$1
+  mkdir -p "$home/Data" "$home/Data Model" "$home/Log" "$home/ports"
+  "$build_folder/catalogue/calidora-catalogue" model catalogue "$home/Data Model/Calidora_Model_Instrument.mdb"
+  if [ ! -f "$home/Data/Demo.mdb" ]; then
+    "$build_folder/catalogue/calidora-catalogue" demo "$demo_source" \
+      "$home/Data Model/Calidora_Model_Instrument.mdb" "$home/Data/Demo.mdb"
+  fi
+  [ -f "$home/Calidora.ini" ] || write_settings "$home"
+}
+demo_source=catalogue/demo/freddopiano.txt
+
+# The settings file is read by position: these lines stand in its own order.
+write_settings() {
+  local home
+  home=$(cd "$1" && pwd)
+  printf '%s\n' '[Language]' "ID=${language:-EN_English_2000}" '[Toolbar]' 'View=-1' 'Icons=-1' \
+    '[ListBus]' 'View=3' 'Col1Width=-1' 'Col2Width=-1' 'Col3Width=-1' '[TreeBus]' 'Visible=-1' 'Width=-1' \
+    '[Log]' 'DelLog=-1' 'DelLogRuntimeErr=-1' 'DelLogInstErr=-1' 'LogDays=180' \
+    '[Database]' 'Name=Demo.mdb' "Path=$home/Data" '[Directory]' "Backup=$home/Data" "Export=$home/Log" \
+    "Import=$home/Data" '[COMPort]' 'Port=0' 'Speed=3' 'DataBit=3' 'Parity=2' 'StopBit=0' 'FlowCtrl=0' >"$home/Calidora.ini"
+}

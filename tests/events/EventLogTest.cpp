@@ -1,0 +1,227 @@
+#include "events/EventLog.h"
+
+#include "platform/ScriptedOperator.h"
+#include "platform/TextFile.h"
+#include "platform/VirtualClock.h"
+#include "session/Session.h"
+#include "support/ApplicationFolder.h"
+#include "support/FailureRecorder.h"
+#include "support/FullDisk.h"
+
+#include <gmock/gmock.h>
+
+using namespace events;
+using namespace platform;
+using testing::ElementsAre;
+
+namespace {
+
+constexpr int kLineLength = 378;
+const QDateTime kWhen(QDate(2026, 3, 14), QTime(9, 5, 7));
+
+class EventLogTest : public testing::Test
+{
+protected:
+    EventLogTest()
+    {
+        folder_.write("Data/firm.mdb", "");
+        session_.AppPath = folder_.path();
+        session_.cnDatabase.Open("Data Source = " + folder_.file("Data/firm.mdb"));
+        session_.cnDatabase.Execute("CREATE TABLE tbEvent (IDType INTEGER, Date_Reg TEXT, Source INTEGER, "
+                                    "Equipment TEXT, Instrument TEXT, Description TEXT)");
+    }
+
+    void add(const QString& equipment, const QString& instrument, const QString& description)
+    {
+        log_.Add_Event_Db(kWarning, kWhen, kAlarms, equipment, instrument, description);
+    }
+
+    Recordset events()
+    {
+        Recordset rows;
+        rows.Open("SELECT * FROM tbEvent", session_.cnDatabase);
+        return rows;
+    }
+
+    // The lines of the one log file, each without its end.
+    QList<QByteArray> flushedLines()
+    {
+        log_.CreateLog_App();
+        const QStringList names = folder_.names("Log");
+        EXPECT_EQ(names.size(), 1);
+        QByteArray bytes = names.isEmpty() ? QByteArray() : folder_.read("Log/" + names.first());
+        EXPECT_TRUE(bytes.endsWith(kSystemLineEnd));
+        bytes.chop(qsizetype(qstrlen(kSystemLineEnd)));
+        return bytes.replace(kSystemLineEnd, "\n").split('\n');
+    }
+
+    support::ApplicationFolder folder_;
+    support::FailureRecorder recorder_;
+    session::Session session_;
+    ScriptedOperator operator_;
+    VirtualClock clock_{QDateTime(QDate(2026, 3, 14), QTime(9, 5, 8))};
+    EventLog log_{session_, operator_, clock_};
+};
+
+TEST_F(EventLogTest, AnEventGoesToTheConsoleAndToTheTable)
+{
+    QStringList shown;
+    log_.onLine = [&](const QString& when, const QString& description) { shown << when << description; };
+    log_.Add_Event(kInformation, kWhen, kReadWrite, "Cella 1", "", "Connected.");
+    EXPECT_EQ(shown, QStringList({"2026/03/14 09:05:07", "Connected."}));
+    const Recordset rows = events();
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.number("IDType"), 1);
+    EXPECT_EQ(rows.text("Date_Reg"), "2026-03-14 09:05:07");
+    EXPECT_EQ(rows.number("Source"), 2);
+    EXPECT_EQ(rows.text("Equipment"), "Cella 1");
+    EXPECT_TRUE(rows["Instrument"].isNull());
+    EXPECT_EQ(rows.text("Description"), "Connected.");
+}
+
+TEST_F(EventLogTest, AnEventOfAlarmsReachesTheTableAlone)
+{
+    int lines = 0;
+    log_.onLine = [&](const QString&, const QString&) { ++lines; };
+    add("Cella", "Sonda", "Alta");
+    EXPECT_EQ(lines, 0);
+    EXPECT_EQ(events().RecordCount(), 1);
+}
+
+TEST_F(EventLogTest, TheInsertIsOneStatementInTheSharedText)
+{
+    log_.Add_Event_Db(kError, kWhen, kReadWrite, "", "d'oro", "");
+    EXPECT_EQ(session_.strSQL,
+              "INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, Description) "
+              "VALUES(3, '2026-03-14 09:05:07', 2, NULL, 'd''oro', NULL);");
+}
+
+TEST_F(EventLogTest, ALongDescriptionIsStoredWhole)
+{
+    const QString description = QString(300, 'x') + "'";
+    add("", "", description);
+    EXPECT_EQ(events().text("Description"), description);
+}
+
+TEST_F(EventLogTest, TheConsolesLineRewritesTheDate)
+{
+    QString when = "2026-12-31 23:59:58";
+    EXPECT_TRUE(log_.Add_Event_ReadWrite(when, "x"));
+    EXPECT_EQ(when, "2026/12/31 23:59:58");
+    recorder_.expectNone();
+
+    QString rubbish = "yesterday";
+    EXPECT_FALSE(log_.Add_Event_ReadWrite(rubbish, "x"));
+    EXPECT_EQ(rubbish, "yesterday");
+    recorder_.expectOne(errors::kTypeMismatch, "Module/Add_Event_ReadWrite");
+}
+
+TEST_F(EventLogTest, AnInsertWithoutACompanyFails)
+{
+    session_.cnDatabase.Close();
+    add("", "", "");
+    recorder_.expectOne(errors::kObjectClosed, "Module/Add_Event_Db");
+}
+
+TEST_F(EventLogTest, EachFieldOfALineHasItsColumn)
+{
+    add("Cella", "Sonda", "Alta temperatura");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 1);
+    const QByteArray& line = lines[0];
+    EXPECT_EQ(line.size(), kLineLength);
+    EXPECT_EQ(line.mid(0, 1), "2");
+    EXPECT_EQ(line.mid(1, 19), "14/03/2026 09:05:07");
+    EXPECT_EQ(line.mid(20, 3), "1  ");
+    EXPECT_EQ(line.mid(23, 50), QByteArray("Cella").leftJustified(50));
+    EXPECT_EQ(line.mid(73, 50), QByteArray("Sonda").leftJustified(50));
+    EXPECT_EQ(line.mid(123, 255), QByteArray("Alta temperatura").leftJustified(255));
+    EXPECT_EQ(folder_.names("Log"), QStringList("Calidora_20260314090508.log"));
+}
+
+TEST_F(EventLogTest, NullsAreBlanks)
+{
+    add("", "", "");
+    const auto lines = flushedLines();
+    EXPECT_EQ(lines[0].mid(23), QByteArray(355, ' '));
+}
+
+TEST_F(EventLogTest, FieldsAreCutToTheirWidth)
+{
+    add(QString(51, 'e'), QString(99, 'i'), QString(256, 'd'));
+    const auto lines = flushedLines();
+    EXPECT_EQ(lines[0].mid(23), QByteArray(50, 'e') + QByteArray(50, 'i') + QByteArray(255, 'd'));
+}
+
+TEST_F(EventLogTest, AFieldNeverBreaksItsLine)
+{
+    add("a\r\nb", "c\td", QString("e") + QChar(u'\0') + "f");
+    add("à\U0001F525Ж", "", "");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0].mid(23, 4), "a  b");
+    EXPECT_EQ(lines[0].mid(73, 3), "c d");
+    EXPECT_EQ(lines[0].mid(123, 3), "e f");
+    for (const QByteArray& line : lines)
+        EXPECT_EQ(line.size(), kLineLength);
+}
+
+TEST_F(EventLogTest, LinesAreWrittenInTheMachinesCodePage)
+{
+    session_.CodePage = 1251;
+    add("Цех", "", "");
+    EXPECT_EQ(flushedLines()[0].mid(23, 4), "\xD6\xE5\xF5 ");
+}
+
+TEST_F(EventLogTest, AFlushKeepsTheOrderAndTheRows)
+{
+    for (const char* text : {"c", "a", "b"})
+        add("", "", text);
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0][123], 'c');
+    EXPECT_EQ(lines[1][123], 'a');
+    EXPECT_EQ(lines[2][123], 'b');
+    EXPECT_EQ(events().RecordCount(), 3) << "emptying the table is the caller's";
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0);
+}
+
+TEST_F(EventLogTest, AnEmptyTableMakesNoFile)
+{
+    log_.CreateLog_App();
+    EXPECT_THAT(folder_.names("Log"), ElementsAre());
+    EXPECT_EQ(operator_.pointer, Pointer::Default);
+    recorder_.expectNone();
+}
+
+TEST_F(EventLogTest, TheSecondFlushOfASecondReplacesTheFirst)
+{
+    add("", "", "first");
+    log_.CreateLog_App();
+    log_.deleteEvents();
+    add("", "", "second");
+    EXPECT_EQ(flushedLines()[0].mid(123, 6), "second");
+    clock_.run(1000);
+    log_.CreateLog_App();
+    EXPECT_EQ(folder_.names("Log").size(), 2);
+}
+
+TEST_F(EventLogTest, AFailedFlushLeavesNoFileAndTheDefaultPointer)
+{
+    add("", "", "x");
+    {
+        support::FullDisk full(100);
+        log_.CreateLog_App();
+    }
+    recorder_.expectOne(errors::kDiskFull, "Module/CreateLog_App");
+    EXPECT_THAT(folder_.names("Log"), ElementsAre());
+    EXPECT_EQ(operator_.pointer, Pointer::Default);
+
+    QDir(folder_.file("Log")).removeRecursively();
+    log_.CreateLog_App();
+    recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
+    EXPECT_EQ(operator_.pointer, Pointer::Default);
+}
+
+} // namespace
