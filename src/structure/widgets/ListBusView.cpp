@@ -48,7 +48,7 @@ ListBusView::ListBusView(ListModel& model, QWidget* parent)
     icons_->setSelectionModel(report_->selectionModel());
     connect(report_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& now) {
-                if (!selecting_ && now.isValid() && current()->hasFocus())
+                if (keyGesture_ && !selecting_ && now.isValid())
                     emit itemPressed(model_.keyAt(now.row()));
             });
 
@@ -79,6 +79,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
     addWidget(view);
     connect(view, &QAbstractItemView::pressed, this,
             [this](const QModelIndex& index) { emit itemPressed(model_.keyAt(index.row())); });
@@ -145,6 +146,12 @@ void ListBusView::setEmptyText(const QString& text)
 
 bool ListBusView::eventFilter(QObject* watched, QEvent* event)
 {
+    // A selection moved by a key is told from here; a press tells itself, and a focus that comes in says
+    // nothing.
+    if (event->type() == QEvent::KeyPress)
+        keyGesture_ = true;
+    else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+        keyGesture_ = false;
     if (event->type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent*>(event)))
         return true;
     if (event->type() == QEvent::ContextMenu && watched == current()) {
