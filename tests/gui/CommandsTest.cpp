@@ -50,8 +50,9 @@ TEST_F(MainWindow, OffersNoButtonAndNoEntryThatNothingHandles)
 {
     start();
     for (QAction* offered : control<QToolBar>("tlbMain")->actions()) {
-        if (offered->isVisible() && !offered->isSeparator())
+        if (offered->isVisible() && !offered->isSeparator()) {
             EXPECT_TRUE(program.handlers().has(offered->objectName())) << qPrintable(offered->objectName());
+        }
     }
     EXPECT_TRUE(button("ReadWrite")->isVisible());
     EXPECT_FALSE(button("About")->isVisible());

@@ -98,7 +98,9 @@ void ListBusView::setView(int view)
     icons_->setMovement(QListView::Static);
     icons_->setWordWrap(large);
     icons_->setIconSize(large ? QSize(32, 32) : QSize(16, 16));
-    icons_->setGridSize(large ? QSize(132, 92) : QSize(220, 26));
+    const QSize cell = large ? QSize(128, 92) : QSize(276, 24);
+    static_cast<ImageDelegate*>(icons_->itemDelegate())->setCell(cell);
+    icons_->setGridSize(cell + QSize(6, 4));
     icons_->setSpacing(0);
     setCurrentWidget(view == kReport ? static_cast<QWidget*>(report_) : icons_);
     setFocusProxy(current());
