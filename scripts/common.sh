@@ -64,3 +64,26 @@ write_settings() {
     '[Database]' 'Name=Demo.mdb' "Path=$home/Data" '[Directory]' "Backup=$home/Data" "Export=$home/Log" \
     "Import=$home/Data" '[COMPort]' 'Port=0' 'Speed=3' 'DataBit=3' 'Parity=2' 'StopBit=0' 'FlowCtrl=0' >"$home/Calidora.ini"
 }
+
+# The virtual instrument as a process of its own on <home>/ports/COM1, its memory near to the company's but not the same.
+# Its commands go to file descriptor 7, its answers come from 8.
+start_instrument() {
+  local home=$1
+  shift
+  "$build_folder/catalogue/calidora-catalogue" memory "$demo_source" "$home/Data/Demo.mdb" "$home/instrument.txt"
+  rm -f "$home/ports/COM1"
+  coproc INSTRUMENT { exec "$build_folder/instrument/calidora-instrument" --memory "$home/instrument.txt" --home "$home" "$@"; }
+  exec 7>&"${INSTRUMENT[1]}" 8<&"${INSTRUMENT[0]}"
+  read -r -u 8 -t 10 instrument_ready
+}
+
+# One command to the virtual instrument, and its answer.
+ask_instrument() {
+  printf '%s\n' "$*" >&7
+  read -r -u 8 -t 10 answer
+  printf '%s\n' "$answer"
+}
+
+stop_instrument() {
+  [ -z "${INSTRUMENT_PID:-}" ] || kill "$INSTRUMENT_PID" 2>/dev/null || true
+}
