@@ -54,7 +54,8 @@ protected:
         session.COMPort = {};
         ASSERT_TRUE(session::Write_Configuration(session));
         ASSERT_TRUE(program.run());
-        QCoreApplication::processEvents();
+        window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     }
 
     session::frmMain* window() const { return qobject_cast<session::frmMain*>(desktop.form("frmMain")); }

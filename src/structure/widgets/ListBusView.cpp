@@ -52,6 +52,8 @@ ListBusView::ListBusView(ListModel& model, QWidget* parent)
                     emit itemPressed(model_.keyAt(now.row()));
             });
 
+    // A tree that doesn't sort by itself makes its header deaf to clicks.
+    header_->setSectionsClickable(true);
     header_->resizeSection(0, 280);
     header_->resizeSection(1, 160);
     connect(header_, &QHeaderView::sectionClicked, this, &ListBusView::columnClicked);
