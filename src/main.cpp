@@ -46,5 +46,6 @@ int main(int argc, char** argv)
     // The window goes before the loop ends, and what it shows after it.
     QObject::connect(&program, &session::Program::left, &application, &QApplication::quit,
                      Qt::QueuedConnection);
-    return program.run() ? QApplication::exec() : 0;
+    // A start that failed before its window stood has nothing to wait for.
+    return program.run() && op.form("frmMain") ? QApplication::exec() : 0;
 }

@@ -65,6 +65,11 @@ std::vector<MenuEntry> itemCommands(Place place, const QString& prefix)
     };
 }
 
+MenuEntry choice(const QString& name, int text, const QString& command)
+{
+    return {name, text, command, {}, {}, true};
+}
+
 MenuEntry commandMenu(Place place)
 {
     MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu")};
@@ -76,11 +81,11 @@ MenuEntry commandMenu(Place place)
 std::vector<MenuEntry> toolbarLook(const QString& complete, const QString& reduced)
 {
     return {
-        {complete, 129, "TlbComplete"},
-        {reduced, 130, "TlbReduced"},
+        choice(complete, 129, "TlbComplete"),
+        choice(reduced, 130, "TlbReduced"),
         kSeparator,
-        {"mnuTlbLargeIcons", 131, "TlbLargeIcons"},
-        {"mnuTlbSmallIcons", 132, "TlbSmallIcons"},
+        choice("mnuTlbLargeIcons", 131, "TlbLargeIcons"),
+        choice("mnuTlbSmallIcons", 132, "TlbSmallIcons"),
     };
 }
 
@@ -108,10 +113,10 @@ std::vector<MenuEntry> menuBar(Place place)
          {{"mnuStructure", 127, "Tree"},
           {"mnuTlb", 128, {}, toolbarLook("mnuTlbComplete", "mnuTlbReduced")},
           kSeparator,
-          {"mnuLargeIcons", 131, "LargeIcon"},
-          {"mnuSmallIcons", 132, "SmallIcon"},
-          {"mnuListIcons", 133, "List"},
-          {"mnuReportIcons", 134, "Report"}}},
+          choice("mnuLargeIcons", 131, "LargeIcon"),
+          choice("mnuSmallIcons", 132, "SmallIcon"),
+          choice("mnuListIcons", 133, "List"),
+          choice("mnuReportIcons", 134, "Report")}},
         {"mnuUtility",
          135,
          {},
@@ -132,10 +137,10 @@ std::vector<MenuEntry> popupBus(Place place)
     std::vector<MenuEntry> entries = itemCommands(place, "mnuBus");
     if (place == Place::List) {
         const std::vector<MenuEntry> views{
-            {"mnuBusLargeIcon", 131, "LargeIcon"},
-            {"mnuBusSmallIcon", 132, "SmallIcon"},
-            {"mnuBusList", 133, "List"},
-            {"mnuBusReport", 134, "Report"},
+            choice("mnuBusLargeIcon", 131, "LargeIcon"),
+            choice("mnuBusSmallIcon", 132, "SmallIcon"),
+            choice("mnuBusList", 133, "List"),
+            choice("mnuBusReport", 134, "Report"),
             kSeparator,
         };
         entries.insert(entries.begin(), views.begin(), views.end());

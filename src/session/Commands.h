@@ -32,6 +32,7 @@ struct MenuEntry
     QString command = {};
     std::vector<MenuEntry> entries = {};
     QString caption = {};
+    bool oneOf = false;
 
     bool isSeparator() const { return name == QLatin1String("-"); }
 };

@@ -39,8 +39,8 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     layout->addWidget(prgUpdate_);
 
     restoreColumnWidths();
-    lvwBus_->setView(std::max<int>(session.ListBusSet.View, 0));
     listen();
+    structure.Set_View_ListBus(std::max<int>(session.ListBusSet.View, 0));
 }
 
 void frmListBus::listen()

@@ -57,6 +57,7 @@ void EmptyState::relabel()
 {
     title_->setText(texts_.own("empty.title"));
     hint_->setText(texts_.own("empty.hint"));
+    hint_->setMinimumHeight(hint_->heightForWidth(hint_->width()));
     open_->setText(texts_.own("empty.open"));
     new_->setText(texts_.own("empty.new"));
 }

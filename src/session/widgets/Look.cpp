@@ -48,6 +48,8 @@ void applyLook(QApplication& application)
         "QToolTip { color: white; background: #12263C; border: 1px solid #12263C; padding: 3px; }"
         "QToolBar { border: 0; border-bottom: 1px solid #D3DBE2; padding: 3px; spacing: 1px; }"
         "QToolBar::separator { width: 1px; margin: 5px 5px; background: #CBD4DC; }"
+        "QHeaderView::section { background: #F1F4F7; border: 0; padding: 4px 8px;"
+        " border-bottom: 1px solid #D3DBE2; border-right: 1px solid #DFE5EA; }"
         "QStatusBar { border-top: 1px solid #D3DBE2; }"
         "QStatusBar::item { border: 0; }");
 }

@@ -4,6 +4,7 @@
 #include "session/CommandStates.h"
 #include "session/widgets/FormLanguage.h"
 
+#include <QActionGroup>
 #include <QWidget>
 
 namespace session {
@@ -13,8 +14,9 @@ namespace {
 QIcon iconOf(const QString& commandName)
 {
     const QString command = commandName.endsWith("Node") ? commandName.chopped(4) : commandName;
+    // What carries a mark has no room for a picture beside it.
     for (const ToolbarCommand& button : toolbarCommands()) {
-        if (button.key == command && !button.isSeparator())
+        if (button.key == command && !button.isSeparator() && command != "Tree")
             return platform::icon(button.icon);
     }
     return command == "Allarms" ? platform::icon("alarm") : QIcon();
@@ -50,14 +52,20 @@ QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandH
 {
     auto* menu = tagged(new QMenu(entry.caption, parent), entry.name, tagOf(entry));
     menu->menuAction()->setObjectName(entry.name);
+    QActionGroup* choices = nullptr;
     for (const MenuEntry& below : entry.entries) {
         if (below.isSeparator()) {
             menu->addSeparator();
+            choices = nullptr;
         } else if (!below.entries.empty()) {
             menu->addMenu(makeMenu(below, menu, handlers));
         } else {
             QAction* action =
                 tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
+            if (below.oneOf) {
+                choices = choices ? choices : new QActionGroup(menu);
+                choices->addAction(action);
+            }
             connect(action, &QAction::triggered, menu,
                     [&handlers, command = below.command] { handlers.run(command); });
         }

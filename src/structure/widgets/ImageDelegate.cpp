@@ -11,6 +11,8 @@ static_assert(int(ListModel::ImageRole) == int(TreeModel::ImageRole));
 
 QSize ImageDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
+    if (!cell_.isEmpty())
+        return cell_;
     return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * rowPadding_);
 }
 

@@ -14,6 +14,8 @@ public:
 
     // Room above and below a row's text, in points.
     void setRowPadding(int padding) { rowPadding_ = padding; }
+    // The one size of every item, in points; an empty one lets each item have its own.
+    void setCell(const QSize& cell) { cell_ = cell; }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
@@ -22,6 +24,7 @@ protected:
 
 private:
     int rowPadding_ = 0;
+    QSize cell_;
 };
 
 } // namespace structure

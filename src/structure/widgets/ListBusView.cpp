@@ -48,10 +48,12 @@ ListBusView::ListBusView(ListModel& model, QWidget* parent)
     icons_->setSelectionModel(report_->selectionModel());
     connect(report_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& now) {
-                if (!selecting_ && now.isValid() && current()->hasFocus())
+                if (keyGesture_ && !selecting_ && now.isValid())
                     emit itemPressed(model_.keyAt(now.row()));
             });
 
+    // A tree that doesn't sort by itself makes its header deaf to clicks.
+    header_->setSectionsClickable(true);
     header_->resizeSection(0, 280);
     header_->resizeSection(1, 160);
     connect(header_, &QHeaderView::sectionClicked, this, &ListBusView::columnClicked);
@@ -79,6 +81,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
+    view->viewport()->installEventFilter(this);
     addWidget(view);
     connect(view, &QAbstractItemView::pressed, this,
             [this](const QModelIndex& index) { emit itemPressed(model_.keyAt(index.row())); });
@@ -97,7 +100,9 @@ void ListBusView::setView(int view)
     icons_->setMovement(QListView::Static);
     icons_->setWordWrap(large);
     icons_->setIconSize(large ? QSize(32, 32) : QSize(16, 16));
-    icons_->setGridSize(large ? QSize(132, 92) : QSize(220, 26));
+    const QSize cell = large ? QSize(128, 92) : QSize(276, 24);
+    static_cast<ImageDelegate*>(icons_->itemDelegate())->setCell(cell);
+    icons_->setGridSize(cell + QSize(6, 4));
     icons_->setSpacing(0);
     setCurrentWidget(view == kReport ? static_cast<QWidget*>(report_) : icons_);
     setFocusProxy(current());
@@ -145,6 +150,12 @@ void ListBusView::setEmptyText(const QString& text)
 
 bool ListBusView::eventFilter(QObject* watched, QEvent* event)
 {
+    // A selection moved by a key is told from here; a press tells itself, and a focus that comes in says
+    // nothing.
+    if (event->type() == QEvent::KeyPress)
+        keyGesture_ = true;
+    else if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusIn)
+        keyGesture_ = false;
     if (event->type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent*>(event)))
         return true;
     if (event->type() == QEvent::ContextMenu && watched == current()) {

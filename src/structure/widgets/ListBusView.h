@@ -62,6 +62,7 @@ private:
     QLabel* empty_;
     int view_ = 0;
     bool selecting_ = false;
+    bool keyGesture_ = false;
 };
 
 } // namespace structure

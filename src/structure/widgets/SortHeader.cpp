@@ -8,7 +8,6 @@ namespace structure {
 
 SortHeader::SortHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
 {
-    setSectionsClickable(true);
     setHighlightSections(false);
     setStretchLastSection(true);
     setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

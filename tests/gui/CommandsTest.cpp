@@ -1,0 +1,187 @@
+#include "gui/GuiFixture.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+using platform::answers::kNo;
+using platform::answers::kYes;
+
+class MainWindow : public gui::GuiFixture
+{
+};
+
+TEST_F(MainWindow, WithoutACompanyTheNextStepsStandInThePlaceOfThePlant)
+{
+    start("");
+    EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
+    EXPECT_FALSE(tvwBus()->isVisible());
+    EXPECT_FALSE(button("Refresh")->isEnabled());
+    EXPECT_TRUE(button("OpenDb")->isEnabled());
+    EXPECT_TRUE(entry("frmTreeBus", "mnuOpenDb")->isEnabled());
+    EXPECT_FALSE(entry("frmListBus", "mnuRefresh")->isEnabled());
+
+    desktop.script.chooseFile(plantFile());
+    QTest::mouseClick(control<QWidget>("emptyOpen"), Qt::LeftButton);
+    EXPECT_FALSE(control<QWidget>("emptyState")->isVisible());
+    EXPECT_TRUE(tvwBus()->isVisible());
+    EXPECT_TRUE(button("Refresh")->isEnabled());
+    EXPECT_EQ(session.CurrentUser.Name, "ADMINISTRATOR");
+}
+
+TEST_F(MainWindow, ClosingTheCompanyAsksAndShowsTheNextStepsAgain)
+{
+    start();
+    desktop.script.expect(texts(503), kYes);
+    button("CloseDb")->trigger();
+    EXPECT_EQ(session.DbName, "");
+    EXPECT_EQ(window()->windowTitle(), "Calidora");
+    EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
+    EXPECT_EQ(control<QLabel>("lblPath")->text(), "");
+}
+
+TEST_F(MainWindow, OffersNoButtonAndNoEntryThatNothingHandles)
+{
+    start();
+    for (QAction* offered : control<QToolBar>("tlbMain")->actions()) {
+        if (offered->isVisible() && !offered->isSeparator()) {
+            EXPECT_TRUE(program.handlers().has(offered->objectName())) << qPrintable(offered->objectName());
+        }
+    }
+    EXPECT_TRUE(button("ReadWrite")->isVisible());
+    EXPECT_FALSE(button("About")->isVisible());
+    EXPECT_TRUE(entry("frmTreeBus", "mnuAllarms"));
+    EXPECT_FALSE(entry("frmTreeBus", "mnuAbout"));
+}
+
+TEST_F(MainWindow, TheMenuBarIsThatOfTheActiveChild)
+{
+    start();
+    const auto belongsTo = [&](const QString& form) {
+        return window()->menuBar()->actions().contains(
+            desktop.form(form)->findChild<QMenu*>("mnuFile")->menuAction());
+    };
+    tvwBus()->setFocus();
+    EXPECT_TRUE(belongsTo("frmTreeBus"));
+    shownList()->setFocus();
+    EXPECT_TRUE(belongsTo("frmListBus"));
+    EXPECT_FALSE(belongsTo("frmTreeBus"));
+}
+
+TEST_F(MainWindow, ThePopupsFollowTheLevel)
+{
+    start();
+    const auto popupOf = [&](const QString& form, const QPoint& place, QWidget* viewport) {
+        QContextMenuEvent wanted(QContextMenuEvent::Mouse, place, viewport->mapToGlobal(place));
+        QCoreApplication::sendEvent(viewport, &wanted);
+        return desktop.form(form)->findChild<QMenu*>("mnuBus");
+    };
+    clickNode("Root");
+    QMenu* tree =
+        popupOf("frmTreeBus", tvwBus()->visualRect(tvwBus()->currentIndex()).center(), tvwBus()->viewport());
+    EXPECT_TRUE(tree->isVisible());
+    EXPECT_FALSE(tree->findChild<QAction*>("mnuBusReadWrite")->isEnabled());
+    EXPECT_TRUE(tree->findChild<QAction*>("mnuBusRefresh")->isEnabled());
+    tree->close();
+
+    clickItem("1_1");
+    QMenu* list = popupOf("frmListBus", placeOf("1_1"), shownList()->viewport());
+    EXPECT_TRUE(list->isVisible());
+    EXPECT_TRUE(list->findChild<QAction*>("mnuBusReadWrite")->isEnabled());
+    EXPECT_TRUE(list->findChild<QAction*>("mnuBusLargeIcon")->isChecked());
+    list->close();
+
+    clickNode("1_1");
+    EXPECT_TRUE(
+        popupOf("frmTreeBus", tvwBus()->visualRect(tvwBus()->currentIndex()).center(), tvwBus()->viewport())
+            ->findChild<QAction*>("mnuBusReadWrite")
+            ->isEnabled());
+}
+
+TEST_F(MainWindow, RefreshReadsTheCompanyAgain)
+{
+    start();
+    clickNode("Root");
+    runOnPlant("INSERT INTO tbGroupsUser VALUES (9, 'ZULU', NULL, NULL);");
+    entry("frmListBus", "mnuRefresh")->trigger();
+    EXPECT_TRUE(listKeys().contains("1_9"));
+}
+
+TEST_F(MainWindow, TheToolbarChangesSizeAndView)
+{
+    start();
+    auto* toolbar = control<QToolBar>("tlbMain");
+    EXPECT_EQ(toolbar->iconSize(), QSize(32, 32));
+    entry("frmTreeBus", "mnuTlbSmallIcons")->trigger();
+    EXPECT_EQ(toolbar->iconSize(), QSize(16, 16));
+    EXPECT_EQ(session.ToolbarSet.Icons, 0);
+    EXPECT_TRUE(entry("frmListBus", "mnuTlbSmallIcons")->isChecked());
+    EXPECT_FALSE(entry("frmListBus", "mnuTlbLargeIcons")->isChecked());
+
+    EXPECT_TRUE(button("OpenDb")->isVisible());
+    entry("frmListBus", "mnuTlbReduced")->trigger();
+    EXPECT_FALSE(button("OpenDb")->isVisible());
+    EXPECT_TRUE(button("Parent")->isVisible());
+    EXPECT_EQ(session.ToolbarSet.View, 0);
+    toolbar->findChild<QMenu*>("mnuTlb")->findChild<QAction*>("mnuTlbViewComplete")->trigger();
+    EXPECT_TRUE(button("OpenDb")->isVisible());
+}
+
+TEST_F(MainWindow, TheCloseBoxAsksOnceAndNoKeepsTheWindow)
+{
+    start();
+    desktop.script.expect(texts(524), kNo);
+    window()->close();
+    EXPECT_TRUE(window()->isVisible());
+
+    QSignalSpy left(&program, &session::Program::left);
+    desktop.script.expect(texts(524), kYes);
+    window()->close();
+    EXPECT_FALSE(window()->isVisible());
+    EXPECT_EQ(left.count(), 1);
+    EXPECT_EQ(desktop.script.boxes.size(), 2u);
+}
+
+TEST_F(MainWindow, ExitAsksOnceAndTheConfigurationRemembersTheCompany)
+{
+    start();
+    desktop.script.expect(texts(524), kYes);
+    entry("frmTreeBus", "mnuExit")->trigger();
+    EXPECT_EQ(desktop.script.boxes.size(), 1u);
+    EXPECT_EQ(session.DbName, "");
+    EXPECT_FALSE(port.PortOpen());
+    session::Session next;
+    next.AppPath = session.AppPath;
+    ASSERT_TRUE(session::Read_Configuration(next));
+    EXPECT_EQ(next.DbName, "Plant.mdb");
+    EXPECT_GT(next.ListBusSet.Col1Width, 0);
+    EXPECT_GT(next.TreeBusSet.Width, 0);
+}
+
+TEST_F(MainWindow, AlarmsAreAcknowledgedByADoubleClickOnTheirPanel)
+{
+    start();
+    auto* panel = control<QWidget>("Allarm");
+    QTest::mouseDClick(panel, Qt::LeftButton);
+    EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest);
+
+    program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
+    QString notice;
+    QTimer::singleShot(0, window(), [&] {
+        QWidget* shown = QApplication::activeModalWidget();
+        ASSERT_TRUE(shown);
+        notice = shown->objectName() + ": " + shown->findChild<QLabel*>("lblMsg")->text();
+        QTest::mouseClick(shown->findChild<QWidget*>("cmdOK"), Qt::LeftButton);
+    });
+    QTest::mouseDClick(panel, Qt::LeftButton);
+    EXPECT_EQ(notice, "frmMessage: " + texts(582));
+    EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest);
+}
+
+} // namespace

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/MemorySerialPort.h"
+#include "platform/VirtualClock.h"
+#include "platform/widgets/DesktopOperator.h"
+#include "session/Configuration.h"
+#include "session/frmMain.h"
+#include "session/widgets/Program.h"
+#include "structure/widgets/ListBusView.h"
+#include "structure/widgets/NodeView.h"
+#include "support/CompanyFixture.h"
+
+#include <QListView>
+#include <QMenu>
+#include <QTest>
+#include <QTreeView>
+
+namespace gui {
+
+// Real windows, with boxes and file dialogs answered from a script.
+class ScriptedDesktop : public platform::DesktopOperator
+{
+public:
+    explicit ScriptedDesktop(const session::Texts& texts)
+        : DesktopOperator([&texts](const QString& key) { return texts.own(key); })
+    {
+    }
+
+    int messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
+                   const QString& title) override
+    {
+        return script.messageBox(text, buttons, icon, title);
+    }
+    QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
+    QString saveFile(const platform::FileRequest& request) override { return script.saveFile(request); }
+
+    platform::ScriptedOperator script;
+};
+
+// The whole program over the small company, in virtual time, with its real windows. Each test starts it.
+class GuiFixture : public support::CompanyFixture
+{
+protected:
+    ~GuiFixture() override
+    {
+        EXPECT_EQ(desktop.script.unexpected, QStringList());
+        EXPECT_TRUE(desktop.script.done()) << "a box or a file dialog was expected and did not appear";
+    }
+
+    // Starts as a second run does, on the company named, or on none.
+    void start(const QString& company = "Plant.mdb")
+    {
+        session.DbName = company;
+        session.COMPort = {};
+        ASSERT_TRUE(session::Write_Configuration(session));
+        ASSERT_TRUE(program.run());
+        window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    }
+
+    session::frmMain* window() const { return qobject_cast<session::frmMain*>(desktop.form("frmMain")); }
+    structure::NodeView* tvwBus() const { return window()->findChild<structure::NodeView*>("tvwBus"); }
+    structure::ListBusView* lvwBus() const { return window()->findChild<structure::ListBusView*>("lvwBus"); }
+    QAbstractItemView* shownList() const
+    {
+        return qobject_cast<QAbstractItemView*>(lvwBus()->currentWidget());
+    }
+    template <class Control>
+    Control* control(const QString& name) const
+    {
+        return window()->findChild<Control*>(name);
+    }
+    // An entry of one child's menus.
+    QAction* entry(const QString& form, const QString& name) const
+    {
+        return desktop.form(form)->findChild<QAction*>(name);
+    }
+    QAction* button(const QString& key) const
+    {
+        return window()->findChild<QWidget*>("tlbMain")->findChild<QAction*>(key, Qt::FindDirectChildrenOnly);
+    }
+    structure::Structure& plant() { return program.structure(); }
+
+    void clickNode(const QString& key)
+    {
+        const QModelIndex index = plant().tree().indexOf(key);
+        tvwBus()->scrollTo(index);
+        QTest::mouseClick(tvwBus()->viewport(), Qt::LeftButton, {}, tvwBus()->visualRect(index).center());
+    }
+    QPoint placeOf(const QString& itemKey)
+    {
+        const QModelIndex index = plant().list().index(plant().list().rowOf(itemKey), 0);
+        return shownList()->visualRect(index).center();
+    }
+    void clickItem(const QString& key)
+    {
+        QTest::mouseClick(shownList()->viewport(), Qt::LeftButton, {}, placeOf(key));
+    }
+    void openItem(const QString& key)
+    {
+        clickItem(key);
+        QTest::mouseDClick(shownList()->viewport(), Qt::LeftButton, {}, placeOf(key));
+    }
+    QStringList listKeys()
+    {
+        QStringList keys;
+        for (int row = 0; row < plant().list().rowCount(); ++row)
+            keys << plant().list().keyAt(row);
+        return keys;
+    }
+
+    ScriptedDesktop desktop{texts};
+    platform::VirtualClock clock;
+    platform::MemorySerialPort port{clock};
+    session::Program program{{session, texts, desktop, clock, port}};
+};
+
+} // namespace gui

@@ -1,0 +1,141 @@
+#include "session/widgets/FormLanguage.h"
+
+#include "gui/GuiFixture.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTimer>
+
+namespace {
+
+using session::tagged;
+
+class Language : public gui::GuiFixture
+{
+protected:
+    bool apply(QWidget& form) { return session::Set_Language(form, session, texts, desktop); }
+};
+
+TEST_F(Language, APositiveTagIsTheCaptionAndANegativeOneTheTipToo)
+{
+    QWidget form;
+    auto* plain = tagged(new QLabel("-", &form), "plain", "59");
+    plain->setToolTip("own");
+    auto* both = tagged(new QPushButton("-", &form), "both", "-59");
+    auto* untouched = tagged(new QCheckBox("own", &form), "untouched", "");
+    ASSERT_TRUE(apply(form));
+    EXPECT_EQ(plain->text(), texts(59));
+    EXPECT_EQ(plain->toolTip(), "own");
+    EXPECT_EQ(both->text(), texts(59));
+    EXPECT_EQ(both->toolTip(), texts(60));
+    EXPECT_EQ(untouched->text(), "own");
+}
+
+TEST_F(Language, AnEmptyCaptionStaysEmptyAndStillGetsItsTip)
+{
+    QWidget form;
+    auto* label = tagged(new QLabel(&form), "label", "-59");
+    auto* frame = tagged(new QGroupBox(&form), "frame", "265");
+    ASSERT_TRUE(apply(form));
+    EXPECT_EQ(label->text(), "");
+    EXPECT_EQ(label->toolTip(), texts(60));
+    EXPECT_EQ(frame->title(), "");
+}
+
+TEST_F(Language, InputsTakeATipAndTabbedDialogsTheirCaptionsInARow)
+{
+    QWidget form;
+    auto* edit = tagged(new QLineEdit("typed", &form), "edit", "35");
+    auto* combo = tagged(new QComboBox(&form), "combo", "-35");
+    auto* tabs = tagged(new QTabWidget(&form), "tabs", "28");
+    for (int tab = 0; tab < 3; ++tab)
+        tabs->addTab(new QWidget, "-");
+    ASSERT_TRUE(apply(form));
+    EXPECT_EQ(edit->toolTip(), texts(35));
+    EXPECT_EQ(edit->text(), "typed");
+    EXPECT_EQ(combo->toolTip(), texts(35));
+    EXPECT_EQ(tabs->tabText(0), texts(28));
+    EXPECT_EQ(tabs->tabText(2), texts(30));
+}
+
+TEST_F(Language, TheFormsOwnTagIsTheWindowsCaption)
+{
+    QWidget form;
+    form.setProperty(session::kTag, "274");
+    ASSERT_TRUE(apply(form));
+    EXPECT_EQ(form.windowTitle(), "Calidora\\Read/Write");
+}
+
+TEST_F(Language, TheCharacterSetIsKeptOnFormAndControlsButNotOnTheMainWindow)
+{
+    session.Charset = 204;
+    QWidget form, main;
+    main.setObjectName("frmMain");
+    auto* label = new QLabel(&form);
+    apply(form);
+    apply(main);
+    EXPECT_EQ(form.property(session::kCharset), 204);
+    EXPECT_EQ(label->property(session::kCharset), 204);
+    EXPECT_FALSE(main.property(session::kCharset).isValid());
+}
+
+TEST_F(Language, ABadTagFailsAndLeavesTheRestInItsFormerLanguage)
+{
+    QWidget form;
+    auto* bad = tagged(new QLabel("-", &form), "bad", "text");
+    auto* behind = tagged(new QLabel("former", &form), "behind", "13");
+    EXPECT_FALSE(apply(form));
+    failures.expectOne(platform::errors::kTypeMismatch, "Module/Set_Language");
+    EXPECT_EQ(bad->text(), "-");
+    EXPECT_EQ(behind->text(), "former");
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
+{
+    start();
+    clickNode("Root");
+    desktop.showForm("frmReadLogFiles");
+    auto* warning = desktop.form("frmReadLogFiles")->findChild<QLabel*>("lblWarning");
+    const QString before = warning->text();
+    for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
+        session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+        EXPECT_EQ(session.Language.ID, identifier);
+        EXPECT_EQ(entry("frmTreeBus", "mnuOpenDb")->text(), texts(110));
+        EXPECT_EQ(desktop.form("frmListBus")->findChild<QMenu*>("mnuFile")->title(), texts(108));
+        EXPECT_EQ(button("Refresh")->toolTip(), texts(234));
+        EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), texts(290));
+        EXPECT_EQ(control<QPushButton>("emptyOpen")->text(), texts.own("empty.open"));
+        EXPECT_EQ(plant().list().columnCaptions(), (QStringList{texts(102), texts(106), texts(103)}));
+        EXPECT_EQ(window()->windowTitle(), "Calidora - " + texts(156) + " Plant.mdb");
+        EXPECT_EQ(warning->text(), texts(144));
+    }
+    EXPECT_EQ(warning->text(), before);
+}
+
+TEST_F(Language, TheFirstRunsDialogOffersWhatHasABlock)
+{
+    QStringList offered;
+    QTimer::singleShot(0, qApp, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_TRUE(dialog);
+        EXPECT_EQ(dialog->windowTitle(), "Calidora\\Language setting");
+        auto* list = dialog->findChild<QComboBox*>("imcLanguage");
+        for (int row = 0; row < list->count(); ++row)
+            offered << list->itemData(row).toString();
+        EXPECT_EQ(list->currentData(), "EN_English_2000");
+        list->setCurrentIndex(2);
+        QTest::mouseClick(dialog->findChild<QWidget*>("cmdApply"), Qt::LeftButton);
+    });
+    desktop.showFormModal("frmLanguage");
+    EXPECT_EQ(offered, (QStringList{"IT_Italiano_1000", "EN_English_2000", "RU_Russian_6000"}));
+    EXPECT_EQ(session.Language.Code, "RU");
+    EXPECT_EQ(session.Language.Base, "6000");
+}
+
+} // namespace

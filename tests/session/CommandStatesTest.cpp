@@ -1,0 +1,116 @@
+#include "session/CommandStates.h"
+
+#include "support/CompanyFixture.h"
+
+#include <gtest/gtest.h>
+
+using namespace session;
+
+namespace {
+
+class CommandStatesTest : public support::CompanyFixture
+{
+protected:
+    CommandStatesTest()
+    {
+        session.CurrentUser.IDUser = "7";
+        session.CurrentUser.Modify = session.CurrentUser.ReadWrite = "True";
+    }
+
+    CommandStates commands{session, structure};
+};
+
+TEST_F(CommandStatesTest, EverythingStartsEnabled)
+{
+    EXPECT_TRUE(commands.buttonEnabled("Parent"));
+    EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuUsers"));
+    EXPECT_TRUE(commands.popupEnabled(Place::List, "mnuBusNew"));
+}
+
+TEST_F(CommandStatesTest, WithoutACompanyOnlyTheToldMenusAreLeft)
+{
+    commands.DisableMainMenu();
+    for (const Place place : {Place::Tree, Place::List}) {
+        for (const QString& name : rules::menusWithoutCompany())
+            EXPECT_TRUE(commands.menuEnabled(place, name)) << qPrintable(name);
+        for (const char* name : {"mnuCommands", "mnuRefresh", "mnuUsers", "mnuEnter", "mnuBackupDb",
+                                 "mnuUpgradeDb", "mnuEventViewer", "mnuAllarms", "mnuReadWrite"})
+            EXPECT_FALSE(commands.menuEnabled(place, name)) << name;
+    }
+}
+
+TEST_F(CommandStatesTest, ALoginEnablesEveryMenuAndThenTheListsRule)
+{
+    commands.DisableMainMenu();
+    commands.Enable_MainMenu();
+    EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuUsers"));
+    EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuUsers"));
+    commands.EnableDisable_MainMenu(-1);
+    EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuUsers")) << "the tree's menus wait for a click";
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuUsers"));
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuReadWrite"));
+}
+
+TEST_F(CommandStatesTest, MenusAndPopupsFollowTheSelectedNode)
+{
+    ASSERT_TRUE(connectPlant());
+    structure.clickNode("1_1");
+    commands.EnableDisable_Menu(Place::Tree);
+    commands.EnableDisable_Menu(Place::List);
+    commands.EnableDisable_PopupMenu(Place::Tree);
+    EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuDelete"));
+    EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuReadWrite"));
+    EXPECT_TRUE(commands.popupEnabled(Place::Tree, "mnuBusCut"));
+
+    structure.clickNode("3_1_1_G01");
+    commands.EnableDisable_Menu(Place::Tree);
+    commands.EnableDisable_PopupMenu(Place::Tree);
+    EXPECT_FALSE(commands.menuEnabled(Place::Tree, "mnuResync"));
+    EXPECT_FALSE(commands.popupEnabled(Place::Tree, "mnuBusResync"));
+    EXPECT_TRUE(commands.popupEnabled(Place::Tree, "mnuBusReset"));
+}
+
+TEST_F(CommandStatesTest, TheItemRootInTheListIsNoSelection)
+{
+    ASSERT_TRUE(connectPlant());
+    structure.selectItem("Root");
+    commands.EnableDisable_Menu(Place::List);
+    commands.EnableDisable_PopupMenu(Place::List);
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuNew"));
+    EXPECT_FALSE(commands.popupEnabled(Place::List, "mnuBusReadWrite"));
+
+    structure.clickNode("Root");
+    structure.selectItem("1_1");
+    commands.EnableDisable_Menu(Place::List);
+    commands.EnableDisable_PopupMenu(Place::List);
+    EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuNew"));
+    EXPECT_TRUE(commands.popupEnabled(Place::List, "mnuBusReadWrite"));
+}
+
+TEST_F(CommandStatesTest, MarksFollowTheSession)
+{
+    session.ListBusSet.View = -1;
+    EXPECT_TRUE(commands.marked("mnuLargeIcons"));
+    session.ListBusSet.View = 3;
+    EXPECT_TRUE(commands.marked("mnuBusReport"));
+    EXPECT_FALSE(commands.marked("mnuLargeIcons"));
+    commands.Set_View_Toolbar(0);
+    EXPECT_TRUE(commands.marked("mnuTlbReduced"));
+    EXPECT_FALSE(commands.marked("mnuTlbViewComplete"));
+    commands.Set_Form_Icons(-1);
+    EXPECT_TRUE(commands.marked("mnuTlbLargeIcons"));
+    session.TreeBusSet.Visible = 0;
+    EXPECT_FALSE(commands.marked("mnuStructure"));
+    EXPECT_FALSE(commands.markable("mnuRefresh"));
+}
+
+TEST_F(CommandStatesTest, StructureButtonsFollowTheFlag)
+{
+    commands.EnableDisable_StructureButtons(false);
+    EXPECT_FALSE(commands.buttonEnabled("Expand"));
+    EXPECT_FALSE(commands.buttonEnabled("Collapse"));
+    commands.EnableDisable_StructureButtons(true);
+    EXPECT_TRUE(commands.buttonEnabled("Expand"));
+}
+
+} // namespace

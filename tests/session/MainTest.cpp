@@ -1,0 +1,252 @@
+#include "session/Main.h"
+
+#include "platform/ScriptedOperator.h"
+#include "platform/VirtualClock.h"
+#include "session/CommandStates.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "structure/Structure.h"
+#include "support/FailureRecorder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace session;
+using platform::answers::kNo;
+using platform::answers::kYes;
+using testing::ElementsAre;
+
+namespace {
+
+// Main with everybody it calls replaced by a note in `steps`.
+class MainTest : public testing::Test
+{
+protected:
+    MainTest()
+    {
+        session.AppPath = folder_.path();
+        session.Language = LanguageSettings::fromIdentifier("EN_English_2000");
+        QDir(folder_.path()).mkpath("Data");
+        QDir(folder_.path()).mkpath("Log");
+    }
+
+    MainServices services()
+    {
+        MainServices services;
+        services.Read_Configuration = [this] { return note("read configuration"), configured; };
+        services.Write_Configuration = [this] {
+            return note("write configuration of '" + session.DbName + "'"), true;
+        };
+        services.Inizialize_RUChr = [this] { note("translation tables"); };
+        services.anotherInstanceRuns = [this] { return note("instance?"), secondInstance; };
+        services.Connect_Database = [this](const QString& path) { return note("connect " + path), connects; };
+        services.Disconnect_Database = [this] {
+            note("disconnect");
+            session.DbName.clear();
+        };
+        services.Delete_Log = [this](bool enabled, bool all) {
+            note(QString("purge %1 %2").arg(enabled).arg(all));
+        };
+        services.Set_COMPort = [this] { return note("set port"), true; };
+        services.Open_COMConnection = [this] { return note("open port"), true; };
+        services.Close_COMConnection = [this] { return note("close port"), true; };
+        return services;
+    }
+
+    // Services and windows in one sequence: each note first takes what was asked of the windows until then.
+    void note(const QString& step)
+    {
+        takeForms();
+        steps << step;
+    }
+    void takeForms()
+    {
+        steps << op.forms;
+        op.forms.clear();
+    }
+    std::vector<QString> run()
+    {
+        goesOn = main.run();
+        takeForms();
+        return {steps.begin(), steps.end()};
+    }
+    void makeMarker(const QString& name) { QFile(session.appFile(name)).open(QIODevice::WriteOnly); }
+
+    bool configured = true;
+    bool secondInstance = false;
+    bool connects = true;
+    bool goesOn = false;
+    QStringList steps;
+    Session session;
+    Texts texts{session.Language};
+    platform::ScriptedOperator op;
+    platform::VirtualClock clock;
+    structure::Structure structure{session, texts, op};
+    CommandStates commands{session, structure};
+    Main main{{session, texts, op, clock, commands, services()}};
+    support::FailureRecorder failures;
+
+private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(MainTest, StartsInItsOrderWithoutACompany)
+{
+    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
+                                   "unload frmPresentation", "instance?", "show frmVideoProperty",
+                                   "unload frmVideoProperty", "show frmMain", "disable frmTreeBus",
+                                   "disable frmListBus", "set port", "open port"));
+    EXPECT_TRUE(goesOn);
+    EXPECT_EQ(clock.elapsed(), 2000);
+    EXPECT_FALSE(commands.buttonEnabled("Refresh"));
+    EXPECT_TRUE(commands.buttonEnabled("Settings"));
+    EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuRestoreDb"));
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuBackupDb"));
+}
+
+TEST_F(MainTest, OpensTheLastCompanyPurgesAndHandsItOver)
+{
+    session.DbPath = "/plants";
+    session.DbName = "demo.mdb";
+    session.LogSet.DelLog = 0;
+    const std::vector<QString> seen = run();
+    EXPECT_THAT(
+        std::vector<QString>(seen.end() - 5, seen.end()),
+        ElementsAre("show frmMain", "connect /plants/demo.mdb", "purge 0 0", "set port", "open port"));
+    EXPECT_EQ(session.CurrentUser.IDUser, "0");
+    EXPECT_EQ(session.CurrentUser.Name, "ADMINISTRATOR");
+    EXPECT_TRUE(rightOf(session.CurrentUser.Modify));
+    EXPECT_TRUE(commands.buttonEnabled("Refresh"));
+    EXPECT_FALSE(commands.buttonEnabled("Parent"));
+    EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuBackupDb"));
+}
+
+TEST_F(MainTest, ACompanyThatDoesNotOpenLeavesTheProgramRunningWithNone)
+{
+    session.DbPath = "/plants";
+    session.DbName = "gone.mdb";
+    connects = false;
+    const std::vector<QString> seen = run();
+    EXPECT_THAT(std::vector<QString>(seen.end() - 4, seen.end()),
+                ElementsAre("connect /plants/gone.mdb", "disconnect", "set port", "open port"));
+    EXPECT_TRUE(goesOn);
+    EXPECT_FALSE(commands.buttonEnabled("Tree"));
+}
+
+TEST_F(MainTest, AFirstRunTakesBothMarkersAndAsksTheLanguageOnce)
+{
+    configured = false;
+    makeMarker("Data/Readme_Data.txt");
+    makeMarker("Log/Readme_Log.txt");
+    run();
+    EXPECT_EQ(steps.count("modal frmLanguage"), 1);
+    EXPECT_FALSE(QFile::exists(session.appFile("Data/Readme_Data.txt")));
+    EXPECT_FALSE(QFile::exists(session.appFile("Log/Readme_Log.txt")));
+    EXPECT_EQ(session.Language.ID, "IT_Italiano_1000");
+    EXPECT_EQ(session.DbPath, session.appFile("Data"));
+    EXPECT_EQ(session.DirExport, session.appFile("Log"));
+}
+
+TEST_F(MainTest, AFirstRunWithoutMarkersAsksNothing)
+{
+    configured = false;
+    run();
+    EXPECT_FALSE(steps.contains("modal frmLanguage"));
+    EXPECT_EQ(session.Language.Code, "IT");
+}
+
+TEST_F(MainTest, AConfiguredRunLeavesTheMarkersAlone)
+{
+    makeMarker("Data/Readme_Data.txt");
+    run();
+    EXPECT_FALSE(steps.contains("modal frmLanguage"));
+    EXPECT_TRUE(QFile::exists(session.appFile("Data/Readme_Data.txt")));
+}
+
+TEST_F(MainTest, ASecondInstanceSaysSoAfterTheSplashAndEndsAtOnce)
+{
+    secondInstance = true;
+    op.expect(texts(580) + "\r\n" + texts(581));
+    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
+                                   "unload frmPresentation", "instance?"));
+    EXPECT_FALSE(goesOn);
+    EXPECT_EQ(clock.elapsed(), 2000);
+    ASSERT_EQ(op.boxes.size(), 1u);
+    EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
+    EXPECT_EQ(op.boxes[0].title, "Calidora");
+}
+
+TEST_F(MainTest, ClosingWithoutACompanySaysThatThereIsNone)
+{
+    op.expect(texts(504));
+    main.Close_Database();
+    EXPECT_TRUE(op.done());
+    EXPECT_TRUE(steps.isEmpty());
+}
+
+TEST_F(MainTest, ClosingACompanyAsksAndThenClosesEverythingOfIt)
+{
+    session.DbName = "demo.mdb";
+    op.expect(texts(503), kNo);
+    main.Close_Database();
+    EXPECT_EQ(session.Answer, kNo);
+    EXPECT_TRUE(steps.isEmpty());
+
+    op.expect(texts(503), kYes);
+    main.Close_Database();
+    takeForms();
+    EXPECT_EQ(steps, (QStringList{"disconnect", "unload all"}));
+    EXPECT_EQ(session.Answer, kYes);
+    EXPECT_FALSE(commands.buttonEnabled("View"));
+}
+
+TEST_F(MainTest, LeavingByCommandAsksOnceAndClosesByCode)
+{
+    op.expect(texts(524), kYes);
+    main.leave();
+    EXPECT_EQ(op.forms, QStringList{"unload frmMain"});
+    EXPECT_TRUE(main.QueryUnload());
+    EXPECT_EQ(op.boxes.size(), 1u);
+}
+
+TEST_F(MainTest, LeavingByCommandWithNoStays)
+{
+    op.expect(texts(524), kNo);
+    main.leave();
+    EXPECT_TRUE(op.forms.isEmpty());
+}
+
+TEST_F(MainTest, TheCloseBoxAsksOnceAndNoRefuses)
+{
+    op.expect(texts(524), kNo);
+    EXPECT_FALSE(main.QueryUnload());
+    op.expect(texts(524), kYes);
+    EXPECT_TRUE(main.QueryUnload());
+    EXPECT_EQ(op.boxes.size(), 2u);
+    EXPECT_TRUE(op.unexpected.isEmpty());
+}
+
+TEST_F(MainTest, TheMainWindowUnloadsInItsOrderAndRemembersTheCompany)
+{
+    session.DbName = "demo.mdb";
+    main.Unload();
+    takeForms();
+    EXPECT_EQ(steps,
+              (QStringList{"unload all", "write configuration of 'demo.mdb'", "disconnect", "close port"}));
+    EXPECT_EQ(session.DbName, "");
+}
+
+TEST_F(MainTest, AFailureInTheStartIsReportedUnderItsName)
+{
+    session.Language.Base = "9000";
+    secondInstance = true;
+    run();
+    const auto taken = failures.take();
+    ASSERT_EQ(taken.size(), 1u);
+    EXPECT_EQ(taken[0].procedure, "Module/Main");
+}
+
+} // namespace
