@@ -106,6 +106,7 @@ void Bus::sendEscapeAndHangUp()
 
 void Bus::raiseLink()
 {
+    staMain_.setPicture(Panel::COMSet, images::kPortBusy);
     connectionSeconds_ = 0;
     if (console_.simulatorPressed()) {
         ActionCode_ = ActionCode::SimulatorRaising;
