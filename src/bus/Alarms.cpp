@@ -16,22 +16,21 @@ namespace bus {
 
 using namespace platform;
 
-// The word that stands first decides: "RING" from a modem, "ATD" from an instrument on the cable.
+// "RING" from a modem, "ATD" from an instrument on the cable. The search walks on behind a "RING", so of both
+// words the dialled one has the last say.
 void Bus::scanForCall()
 {
-    const qsizetype ring = strReceive_.indexOf("RING");
-    const qsizetype dialled = strReceive_.indexOf("ATD");
-    if (ring >= 0 && (dialled < 0 || ring < dialled)) {
-        showIncomingCall();
-        ActionCode_ = ActionCode::CallWaiting;
-        tmrAction_->start(intervals::kFrame);
-    } else if (dialled >= 0) {
+    if (strReceive_.contains("ATD")) {
         showIncomingCall();
         strReceive_.clear();
         ActionCode_ = ActionCode::FirstBlock;
         tmrTimeOut_->stop();
         tmrAction_->start(intervals::kSilence);
         send("CONNECT");
+    } else if (strReceive_.contains("RING")) {
+        showIncomingCall();
+        ActionCode_ = ActionCode::CallWaiting;
+        tmrAction_->start(intervals::kFrame);
     }
 }
 

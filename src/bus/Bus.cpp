@@ -45,8 +45,7 @@ Bus::~Bus()
 void Bus::EnableDisable_RWMenu(int status)
 {
     session_.COMPort.Status = qint16(status);
-    if (status >= 0)
-        operator_.setPointer(status == 2 ? platform::Pointer::ArrowHourglass : platform::Pointer::Default);
+    operator_.setPointer(status == 2 ? platform::Pointer::ArrowHourglass : platform::Pointer::Default);
     console_.applyStatus(status);
 }
 

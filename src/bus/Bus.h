@@ -56,7 +56,7 @@ public:
     Bus& operator=(const Bus&) = delete;
 
     // Port
-    // ---------------------------------------------------------------------------------------------------------
+
     // Applies COMPort to the port and shows it. False after any failure.
     bool Set_COMPort();
     // Opens the port; true when it is open afterwards. A failure shows its box and sets Status -1.
@@ -66,8 +66,9 @@ public:
     void EnableDisable_RWMenu(int status);
 
     // Connection: called inside a procedure of the console, whose handler takes a failure
-    // ---------------------------- Begins the link to the group in ParTrasm, over the modem or, with the
-    // button "Simulator" pressed, on the cable, and arms the time-out.
+
+    // Begins the link to the group in ParTrasm, over the modem or, with the button "Simulator" pressed, on
+    // the cable, and arms the time-out.
     void raiseLink();
     // Begins the end of the link.
     void lowerLink();
@@ -75,8 +76,8 @@ public:
     struct ParTrasm& parTrasm() { return ParTrasm_; }
 
     // Operations
-    // --------------------------------------------------------------------------------------------------- A
-    // read or a write over rsWork, which is open with records; the first frame leaves 3 s later.
+
+    // A read or a write over rsWork, which is open with records; the first frame leaves 3 s later.
     void beginRead(bool bankRead, const QString& itemKey);
     void beginWrite(const QString& itemKey);
     // Escape: gives the operation up and keeps the connection.
@@ -85,7 +86,7 @@ public:
     void truncateConnection();
 
     // Alarms
-    // -------------------------------------------------------------------------------------------------------
+
     // Acknowledges: shows the notice and ends the beeping, when alarms wait.
     void Delete_Allarms();
     // Called when a report has come in and waits for acknowledgement.
@@ -130,6 +131,7 @@ private:
     QString decode(const QByteArray& raw, const platform::Recordset& record) const;
     bool Update_Param(const platform::Recordset& record, const QString& value);
     void Extract_Param();
+    void storeBank(platform::Recordset& parameters, int bankAddress);
 
     // Sequence
     void dispatchAction();

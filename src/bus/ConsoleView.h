@@ -18,9 +18,9 @@ public:
     virtual bool autoDisconnectPressed() const = 0;
     virtual bool simulatorPressed() const = 0;
 
-    // For the eye only: an operation begins that takes its records up in so many passes; a record is taken up, with an answer to come
-    // or without; an answer is awaited once more for the record in hand; the operation is over, however it
-    // ended.
+    // For the eye only: an operation begins that takes its records up in so many passes; a record is taken
+    // up, with an answer to come or without; an answer is awaited once more for the record in hand; the
+    // operation is over, however it ended.
     virtual void operationBegan(int records, int passes) = 0;
     virtual void recordBegan(bool awaitsAnswer) = 0;
     virtual void answerAwaited() = 0;

@@ -166,24 +166,34 @@ void Bus::Extract_Param()
 {
     guarded("frmMain/Extract_Param", [&] {
         const Recordset& bank = record();
-        const int bankAddress = bank.number("mAddr");
         Recordset parameters;
         parameters.Open(
             parameterStatement(session_.Language.Code,
                                bankFilter(bank.text("IDGrp"), bank.text("IDInst"), bank.text("mMemBank"))),
             session_.cnDatabase);
         Transaction transaction(session_.cnDatabase);
-        for (; !parameters.Eof(); parameters.MoveNext()) {
-            const int offset = parameters.number("mAddr") - bankAddress;
-            if (offset < 0)
-                fail(errors::kInvalidCall,
-                     QStringLiteral("Parameter %1 lies before its bank.").arg(parameters.text("IDPar")));
-            const QByteArray field = strReceive_.mid(offset, parameters.number("mSize"));
-            Update_Param(parameters, decode(field, parameters));
+        try {
+            storeBank(parameters, bank.number("mAddr"));
+        } catch (const RuntimeError&) {
+            // The values in front of the one that failed stay.
+            transaction.commit();
+            throw;
         }
         transaction.commit();
         logRecord(texts_(543) + QLatin1Char(' ') + texts_(13));
     });
+}
+
+void Bus::storeBank(Recordset& parameters, int bankAddress)
+{
+    for (; !parameters.Eof(); parameters.MoveNext()) {
+        const int offset = parameters.number("mAddr") - bankAddress;
+        if (offset < 0)
+            fail(errors::kInvalidCall,
+                 QStringLiteral("Parameter %1 lies before its bank.").arg(parameters.text("IDPar")));
+        const QByteArray field = strReceive_.mid(offset, parameters.number("mSize"));
+        Update_Param(parameters, decode(field, parameters));
+    }
 }
 
 } // namespace bus

@@ -87,7 +87,8 @@ bool VirtualClock::runUntil(const std::function<bool()>& condition, qint64 limit
 {
     const qint64 end = elapsed_ + limit;
     while (true) {
-        while (runDueNow()) {
+        // A tick that blocks as long as its interval is due again at once: the end holds all the same.
+        while (elapsed_ <= end && runDueNow()) {
             if (condition())
                 return true;
         }

@@ -1,11 +1,28 @@
 #include "support/BusFixture.h"
 
 #include "instrument/CompanyFile.h"
+#include "platform/TextFile.h"
 #include "values/Cyrillic.h"
 
 #include <QDir>
 
 namespace support {
+
+namespace {
+
+QString readable(const QByteArray& bytes)
+{
+    QString text;
+    for (const char byte : bytes) {
+        if (byte > ' ' && byte < 0x7F)
+            text += QLatin1Char(byte);
+        else
+            text += QStringLiteral("<%1>").arg(int(uchar(byte)), 2, 16, QLatin1Char('0')).toUpper();
+    }
+    return text;
+}
+
+} // namespace
 
 InstrumentPeer::InstrumentPeer(platform::VirtualClock& clock, platform::MemorySerialPort& port,
                                instrument::Plants plants, const instrument::Options& options)
@@ -75,21 +92,88 @@ bool BusFixture::waitFor(bus::ActionCode code, qint64 milliseconds)
     return clock.runUntil([this, code] { return bus.actionCode() == code; }, milliseconds);
 }
 
-QStringList BusFixture::logged() const
+void BusFixture::arrives(const QByteArray& bytes)
+{
+    port.feed(bytes);
+    clock.settle();
+}
+
+void BusFixture::arrivesByteByByte(const QByteArray& bytes)
+{
+    for (const char byte : bytes)
+        arrives(QByteArray(1, byte));
+}
+
+void BusFixture::connectByHand()
+{
+    if (!model.simulatorPressed())
+        console.Set_Simulator(true);
+    console.Connect();
+    arrives("ATA");
+    clock.run(3000);
+    EXPECT_EQ(status(), 1);
+    mark();
+}
+
+void BusFixture::mark()
+{
+    marked_ = clock.elapsed();
+    port.forgetSent();
+    model.log().clear();
+}
+
+QStringList BusFixture::sent() const
 {
     QStringList lines;
-    auto& log = const_cast<console::ConsoleModel&>(model).log();
-    for (int row = 0; row < log.rowCount(); ++row)
-        lines << log.text(row, 1);
+    std::optional<qint64> instant;
+    for (const platform::MemorySerialPort::Sent& piece : port.sent()) {
+        const QString text = readable(piece.bytes);
+        if (instant == piece.at)
+            lines.last() += QLatin1Char('|') + text;
+        else
+            lines << QStringLiteral("%1 %2").arg(piece.at - marked_).arg(text);
+        instant = piece.at;
+    }
     return lines;
 }
 
-QStringList BusFixture::sentTexts() const
+QList<QByteArray> BusFixture::frames() const
 {
-    QStringList texts;
+    QList<QByteArray> all;
     for (const platform::MemorySerialPort::Sent& piece : port.sent())
-        texts << QString::fromLatin1(piece.bytes);
-    return texts;
+        all << piece.bytes;
+    return all;
+}
+
+QStringList BusFixture::logged()
+{
+    QStringList lines;
+    for (int row = 0; row < model.log().rowCount(); ++row)
+        lines << model.log().text(row, 1);
+    return lines;
+}
+
+QStringList BusFixture::events() const
+{
+    return column(plantFile(),
+                  QStringLiteral("SELECT IDType || '/' || Source || '/' || IfNull(Equipment, '-') || '/' || "
+                                 "IfNull(Instrument, '-') || '/' || IfNull(Description, '-') FROM tbEvent"));
+}
+
+QStringList BusFixture::logLines() const
+{
+    QStringList lines;
+    for (const QString& name : logFiles()) {
+        platform::TextReader log(file(QStringLiteral("Log/") + name), session.CodePage);
+        while (!log.AtEndOfStream())
+            lines << log.ReadLine();
+    }
+    return lines;
+}
+
+QString descriptionOf(const QString& logLine)
+{
+    return logLine.mid(123).trimmed();
 }
 
 QString BusFixture::value(int IDGrp, int IDInst, const QString& IDPar) const

@@ -48,8 +48,23 @@ protected:
     bool waitWhileBusy();
     bool waitFor(bus::ActionCode code, qint64 milliseconds = 60000);
 
-    QStringList logged() const;                                       // descriptions on the console's list
-    QStringList sentTexts() const;                                    // what went out, each write on its own
+    // The test itself at the far end: what it says arrives as one event, or as one event a byte.
+    void arrives(const QByteArray& bytes);
+    void arrivesByteByByte(const QByteArray& bytes);
+    // Raises a cable link to the console's group by hand, and marks.
+    void connectByHand();
+    // From here on, sent() counts the time and the console's list begins anew.
+    void mark();
+    // What went out since the mark, an instant a line: "3000 ATH|<0D>" tells milliseconds and the separate
+    // writes, bytes that are no plain characters in hexadecimal.
+    QStringList sent() const;
+    // The same as bytes, without the times.
+    QList<QByteArray> frames() const;
+    int status() const { return session.COMPort.Status; }
+
+    QStringList logged();         // descriptions on the console's list
+    QStringList events() const;   // tbEvent: "type/source/equipment/instrument/description"
+    QStringList logLines() const; // of all log files, in order of their names
     QString value(int IDGrp, int IDInst, const QString& IDPar) const; // "NULL" for none
     QString state(int IDGrp, int IDInst, const QString& IDPar) const;
     QStringList logFiles() const; // in the folder Log
@@ -62,6 +77,12 @@ protected:
     bus::Bus bus{{session, texts, port, clock, op, eventLog, panels, model}};
     console::Console console{{session, texts, op, clock, structure, eventLog, bus, model}};
     std::unique_ptr<InstrumentPeer> peer;
+
+private:
+    qint64 marked_ = 0;
 };
+
+// The description of a log line.
+QString descriptionOf(const QString& logLine);
 
 } // namespace support

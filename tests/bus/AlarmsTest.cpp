@@ -1,0 +1,236 @@
+// Calls that come in: every row of the call's table, by modem and by cable.
+#include "support/BusFixture.h"
+
+using namespace support;
+using bus::ActionCode;
+using bus::Panel;
+namespace images = bus::images;
+
+namespace {
+
+class AlarmsTest : public BusFixture
+{
+protected:
+    AlarmsTest() { mark(); }
+    void takeCall()
+    {
+        arrives("ATD\r");
+        arrives("<Plant 1><Unit 2><Alarm A><Alarm B>");
+        clock.run(5000);
+        arrives("<Plant 1><End>");
+        clock.run(5000);
+        EXPECT_EQ(status(), 0);
+    }
+    QStringList alarmLines() const
+    {
+        QStringList lines;
+        for (const QString& line : logLines())
+            lines << line.left(1) + '/' + line.mid(20, 3).trimmed() + '/' + line.mid(23, 50).trimmed() + '/' +
+                         line.mid(73, 50).trimmed() + '/' + descriptionOf(line);
+        return lines;
+    }
+};
+
+TEST_F(AlarmsTest, AModemsCallIsAnsweredAndTakenDown)
+{
+    arrives("\r\nRING\r\n");
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting);
+    EXPECT_EQ(status(), 2);
+    EXPECT_EQ(panels.picture(Panel::COMSet), images::kPortBusy);
+    EXPECT_EQ(panels.text(Panel::Info), "Incaming allarms...");
+    clock.run(1500);
+    arrives("RING");
+    EXPECT_TRUE(bus.received().isEmpty()) << "a second ring is thrown away";
+    clock.run(1500);
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallAnswering);
+    EXPECT_EQ(sent(), QStringList{"3000 ATA|<0D>"});
+    arrives("CONN");
+    arrives("ECT 2400");
+    EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
+    EXPECT_TRUE(bus.received().isEmpty());
+    clock.run(4000);
+    arrives("<Plant 1><Unit 2>");
+    clock.run(4999);
+    arrives("<Alarm A>");
+    clock.run(4999);
+    EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
+    clock.run(1);
+    EXPECT_EQ(bus.actionCode(), ActionCode::SecondBlock);
+    EXPECT_EQ(sent().last(), "16999 OK");
+    EXPECT_EQ(events(), QStringList{"2/1/Plant 1/Unit 2/Alarm A"});
+    clock.run(14000);
+    arrives("<Plant 1><End>");
+    clock.run(4999);
+    EXPECT_EQ(bus.actionCode(), ActionCode::SecondBlock);
+    clock.run(1);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(panels.picture(Panel::COMSet), images::kPortOpen);
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kAlarm);
+    EXPECT_EQ(panels.text(Panel::Info), "Attention! Allarms recivied.");
+    EXPECT_EQ(alarmLines(), QStringList({"2/1/Plant 1/Unit 2/Alarm A", "2/1/Plant 1//End"}));
+    EXPECT_EQ(events(), QStringList());
+    EXPECT_EQ(logged(), QStringList()) << "alarms don't go to the console's list";
+    EXPECT_EQ(sent().size(), 2) << "nobody hangs up";
+}
+
+TEST_F(AlarmsTest, OnTheCableTheInstrumentDials)
+{
+    arrives("xxATD");
+    EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
+    EXPECT_EQ(sent(), QStringList{"0 CONNECT"});
+    EXPECT_EQ(status(), 2);
+    EXPECT_EQ(panels.text(Panel::Info), "Incaming allarms...");
+    EXPECT_TRUE(bus.received().isEmpty());
+}
+
+TEST_F(AlarmsTest, TheWordsAreFoundInPiecesAndAmongNoise)
+{
+    arrivesByteByByte("zRIRING");
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting);
+}
+
+TEST_F(AlarmsTest, OfBothWordsTheDialledOneHasTheLastSay)
+{
+    for (const char* text : {"RING ATD", "ATD RING"}) {
+        arrives(text);
+        EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock) << text;
+        bus.truncateConnection();
+    }
+}
+
+TEST_F(AlarmsTest, NoiseThatWasLeftCompletesTheWordLater)
+{
+    arrives("RIN");
+    clock.run(3600 * 1000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+    arrives("G");
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting);
+}
+
+TEST_F(AlarmsTest, ACallThatNeverConnectsTimesOut)
+{
+    arrives("RING");
+    clock.run(62999);
+    EXPECT_EQ(status(), 2);
+    clock.run(1);
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+    EXPECT_EQ(panels.text(Panel::Info), "");
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kRest);
+    EXPECT_EQ(alarmLines(), QStringList{"3/2///Time out connection! The operation is aborted."});
+    arrives("RING");
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting) << "reachable again";
+}
+
+TEST_F(AlarmsTest, ACallWithoutBlocksStillEnds)
+{
+    arrives("ATD");
+    clock.run(5000);
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Extract_Event_Allarm");
+    EXPECT_EQ(sent().last(), "5000 OK");
+    clock.run(14999);
+    EXPECT_EQ(bus.actionCode(), ActionCode::SecondBlock);
+    clock.run(1);
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Extract_Event_Allarm");
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kAlarm);
+    EXPECT_TRUE(logFiles().isEmpty());
+}
+
+TEST_F(AlarmsTest, AMissingSecondBlockKeepsTheFirst)
+{
+    arrives("ATD");
+    arrives("<P><U><A>");
+    clock.run(20000);
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Extract_Event_Allarm");
+    EXPECT_EQ(alarmLines(), QStringList{"2/1/P/U/A"});
+}
+
+TEST_F(AlarmsTest, TheBlocksAreReadInTheMachinesCodePage)
+{
+    session.CodePage = 1251;
+    arrives("ATD");
+    arrives("<\xCA><U><A>");
+    clock.run(5000);
+    EXPECT_EQ(events(), QStringList{QStringLiteral("2/1/К/U/A")});
+}
+
+TEST_F(AlarmsTest, ItBeepsUntilAcknowledged)
+{
+    int announced = 0;
+    bus.onAlarms = [&] { ++announced; };
+    takeCall();
+    EXPECT_EQ(announced, 1);
+    clock.run(2999);
+    EXPECT_EQ(op.beeps, 0);
+    clock.run(1);
+    EXPECT_EQ(op.beeps, 3);
+    clock.run(60000);
+    EXPECT_GE(op.beeps, 30);
+    bus.Delete_Allarms();
+    EXPECT_EQ(op.forms, QStringList{"modal frmMessage"});
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kRest);
+    EXPECT_EQ(panels.text(Panel::Info), "");
+    const int beeps = op.beeps;
+    clock.run(3600 * 1000);
+    EXPECT_EQ(op.beeps, beeps);
+}
+
+TEST_F(AlarmsTest, WithNoAlarmWaitingNothingIsShown)
+{
+    panels.setText(Panel::Info, "CONNECTED 0:00:01");
+    bus.Delete_Allarms();
+    EXPECT_TRUE(op.forms.isEmpty());
+    EXPECT_EQ(panels.text(Panel::Info), "CONNECTED 0:00:01");
+}
+
+TEST_F(AlarmsTest, ALaterCallWhileNotAcknowledgedOnlySetsItAgain)
+{
+    takeCall();
+    clock.run(10000);
+    takeCall();
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kAlarm);
+    EXPECT_EQ(logFiles().size(), 2);
+    bus.Delete_Allarms();
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kRest);
+}
+
+TEST_F(AlarmsTest, ACallThatComesDuringTheBeepsWaitsForTheirEnd)
+{
+    takeCall();
+    mark();
+    clock.post([this] { port.feed("ATD"); });
+    clock.run(3000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
+}
+
+TEST_F(AlarmsTest, WhileAPollIsOutARingIsNotSeen)
+{
+    openConsole("1_1");
+    connectByHand();
+    clock.run(30000);
+    ASSERT_EQ(bus.actionCode(), ActionCode::Polling);
+    arrives("RING");
+    EXPECT_EQ(bus.actionCode(), ActionCode::Polling);
+    EXPECT_EQ(status(), 1);
+    EXPECT_TRUE(bus.received().isEmpty()) << "it counts as the poll's answer";
+}
+
+TEST_F(AlarmsTest, TheVirtualInstrumentCallsInOverBothLinks)
+{
+    for (const instrument::LinkMode link : {instrument::LinkMode::Modem, instrument::LinkMode::Cable}) {
+        instrument::VirtualInstrument& device = plugIn(link);
+        device.call({"<Market><Room 1><High temperature><Door open>", "<Market><End>"}, clock.elapsed());
+        clock.settle();
+        EXPECT_EQ(status(), 2);
+        ASSERT_TRUE(waitWhileBusy());
+        bus.Delete_Allarms();
+        clock.run(60000);
+    }
+    EXPECT_EQ(alarmLines(), QStringList({"2/1/Market/Room 1/High temperature", "2/1/Market/Room 1/Door open",
+                                         "2/1/Market//End", "2/1/Market/Room 1/High temperature",
+                                         "2/1/Market/Room 1/Door open", "2/1/Market//End"}));
+}
+
+} // namespace

@@ -1,0 +1,320 @@
+// Answers as they come in: recognised by length alone, decoded, stored, compared.
+#include "support/BusFixture.h"
+#include "values/StringValue.h"
+
+using namespace support;
+using bus::ActionCode;
+
+namespace {
+
+class ReceiveTest : public BusFixture
+{
+protected:
+    // Begins to read one item, up to the moment at which its first answer is awaited.
+    void await(const QString& key)
+    {
+        openConsole(key);
+        connectByHand();
+        console.Read_Param();
+        clock.run(3000);
+        EXPECT_EQ(logged().last(), "Waiting for ready...");
+    }
+    // Begins a write of one parameter and goes on to the read-back.
+    void awaitCheck(const QString& key)
+    {
+        openConsole(key);
+        connectByHand();
+        console.Write_Param();
+        EXPECT_TRUE(waitFor(ActionCode::Checking));
+        clock.run(3000);
+        EXPECT_EQ(logged().last(), "Waiting for ready...");
+    }
+    void finish()
+    {
+        clock.run(3000);
+        EXPECT_EQ(status(), 1);
+    }
+};
+
+TEST_F(ReceiveTest, AnAnswerNeedsOneByteBeyondItsSize)
+{
+    await("4_1_1_G01_P0104");
+    arrives(QByteArray::fromHex("D2 04"));
+    clock.run(600000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Reading);
+    EXPECT_EQ(status(), 2);
+    EXPECT_EQ(bus.received().size(), 2);
+    arrives("!");
+    EXPECT_EQ(logged().last(), "Parameter value: 123.4");
+    EXPECT_EQ(value(1, 1, "P0104"), "123.4");
+    finish();
+}
+
+TEST_F(ReceiveTest, TheAnswerMayComeInAnyPieces)
+{
+    for (const bool byteByByte : {false, true}) {
+        await("4_1_1_G01_P0104");
+        const QByteArray answer = QByteArray::fromHex("D2 04 06");
+        byteByByte ? arrivesByteByByte(answer) : arrives(answer + "much more behind it");
+        EXPECT_EQ(logged().last(), "Parameter value: 123.4");
+        EXPECT_TRUE(bus.received().isEmpty());
+        finish();
+        console.Disconnect();
+        arrives("\r");
+        EXPECT_EQ(status(), 0);
+    }
+}
+
+TEST_F(ReceiveTest, ALateAnswerIsAsGoodAsAQuickOne)
+{
+    await("4_1_1_G01_P0104");
+    clock.run(3600 * 1000);
+    arrives(QByteArray::fromHex("D2 04 06"));
+    EXPECT_EQ(value(1, 1, "P0104"), "123.4");
+    finish();
+}
+
+TEST_F(ReceiveTest, WhatStoodInTheBufferCountsToTheNextAnswer)
+{
+    openConsole("4_1_1_G01_P0104");
+    connectByHand();
+    arrives("\x01\x02");
+    console.Read_Param();
+    arrives(QByteArray(5, '\x00'));
+    EXPECT_EQ(bus.received().size(), 7) << "no record is in hand yet, so nothing is taken";
+    EXPECT_EQ(value(1, 1, "P0104"), "466");
+    clock.run(3000);
+    arrives("\x03");
+    EXPECT_EQ(value(1, 1, "P0104"), "51.3") << "of the first two bytes, little end first";
+    finish();
+}
+
+TEST_F(ReceiveTest, ALateAnswerToThePollIsTakenForTheRecords)
+{
+    openConsole("4_1_1_G01_P0104");
+    connectByHand();
+    clock.run(30000);
+    ASSERT_EQ(bus.actionCode(), ActionCode::Polling);
+    arrives("a");
+    console.Read_Param();
+    clock.run(3000);
+    arrives(QByteArray::fromHex("04 06"));
+    EXPECT_EQ(logged().last(), "Parameter value: " + value(1, 1, "P0104"));
+    EXPECT_EQ(value(1, 1, "P0104"), "112.1") << "61 04";
+}
+
+TEST_F(ReceiveTest, AReadValueEndsTheChangedMark)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 1, Value = '1' WHERE IDPar = 'P0106'");
+    await("4_1_1_G01_P0106");
+    arrives(QByteArray::fromHex("FE FF 06"));
+    EXPECT_EQ(value(1, 1, "P0106"), "-2");
+    EXPECT_EQ(state(1, 1, "P0106"), "0");
+    EXPECT_EQ(events().last(), "1/2/GRP1/INST11/Parameter value: -2");
+}
+
+TEST_F(ReceiveTest, ATextIsFreedOfTrailingBlanksAndKeepsItsZerosAndApostrophes)
+{
+    await("4_1_1_G02_P0204");
+    arrives(QByteArray("A\0'B\xE9   ", 8) + '\x06');
+    EXPECT_EQ(
+        column(plantFile(), "SELECT Hex(Value) FROM tbParametersUser WHERE IDPar = 'P0204' AND IDInst = 1"),
+        QStringList{"41002742C3A9"});
+    finish();
+}
+
+TEST_F(ReceiveTest, ATextIsTranslatedWhenTheLanguageIsRussian)
+{
+    setLanguage("RU_Russian_3000");
+    const QByteArray wire = values::encodeString(QStringLiteral("КАМЕРА"), "RU", 1251, 8);
+    await("4_1_1_G02_P0204");
+    arrives(wire + '\x06');
+    EXPECT_EQ(value(1, 1, "P0204"), QStringLiteral("КАМЕРА"));
+}
+
+TEST_F(ReceiveTest, AnEmptyAnswerToATextIsAnEmptyText)
+{
+    await("4_1_1_G02_P0204");
+    arrives(QByteArray(9, ' '));
+    EXPECT_EQ(value(1, 1, "P0204"), "");
+    finish();
+}
+
+// A whole bank: parameters of both sizes are cut out of its image.
+TEST_F(ReceiveTest, ABankGivesAllItsParametersAndOneLine)
+{
+    await("2_1_2");
+    EXPECT_EQ(frames().last().mid(0, 5), QByteArray("2A") + QByteArray::fromHex("01 00 40"))
+        << "bank 1 comes first";
+    QByteArray image(65, '\0');
+    image[1] = 77;
+    arrives(image);
+    EXPECT_EQ(value(1, 2, "P1201"), "77");
+    EXPECT_EQ(logged().last(), "Parameter value: OK");
+    clock.run(3000);
+    EXPECT_EQ(frames().last().mid(0, 5), QByteArray("2A") + QByteArray::fromHex("11 40 60"));
+    image = QByteArray(97, '\xFF');
+    image.replace(0, 5, QByteArray::fromHex("37 2C 01 01 2C"));
+    arrives(image);
+    EXPECT_EQ(value(1, 2, "P1101"), "5.5");
+    EXPECT_EQ(value(1, 2, "P1102"), "300");
+    EXPECT_EQ(value(1, 2, "P1103"), "300");
+    EXPECT_EQ(state(1, 2, "P1101"), "0");
+    finish();
+    EXPECT_EQ(logged().filter("Parameter value").size(), 2);
+    EXPECT_TRUE(logged().filter("Group parameters detected").isEmpty());
+}
+
+TEST_F(ReceiveTest, AParameterBeforeItsBankFailsAndTheValuesInFrontOfItStay)
+{
+    runOnPlant("UPDATE tbParam SET mAddr = 63 WHERE mID = 'P1102'");
+    await("2_1_2");
+    arrives(QByteArray(65, '\0'));
+    clock.run(3000);
+    arrives(QByteArray(97, '\x0A'));
+    failures.expectOne(platform::errors::kInvalidCall, "frmMain/Extract_Param");
+    EXPECT_EQ(value(1, 2, "P1101"), "1");
+    EXPECT_EQ(value(1, 2, "P1102"), "300");
+    finish();
+}
+
+TEST_F(ReceiveTest, AValueThatCantBeDecodedIsAFailureAndTheAnswerIsThere)
+{
+    runOnPlant("UPDATE tbParam SET mBitFirst = 7, mBitCount = 3 WHERE mID = 'P0202'");
+    await("4_1_1_G02_P0202");
+    arrives("\xFF\x06");
+    EXPECT_EQ(failures.take().size(), 1u);
+}
+
+// The read-back.
+TEST_F(ReceiveTest, TheCheckComparesTexts)
+{
+    struct
+    {
+        const char* stored;
+        const char* answer;
+        const char* line;
+    } const rows[] = {
+        {"'12.5'", "7D", "OK"},   {"'12.50'", "7D", "Error!"}, {"'12.5'", "7E", "Error!"},
+        {"NULL", "7D", "Error!"}, {"''", "7D", "Error!"},
+    };
+    for (const auto& row : rows) {
+        runOnPlant(QStringLiteral("UPDATE tbParametersUser SET State = 1, Value = %1 WHERE IDPar = 'P0101'")
+                       .arg(row.stored));
+        awaitCheck("4_1_1_G01_P0101");
+        failures.take();
+        arrives(QByteArray::fromHex(row.answer) + '\x06');
+        EXPECT_EQ(logged().last(), row.line) << row.stored << ' ' << row.answer;
+        finish();
+        EXPECT_EQ(logged().last(), "--- Writing process end ---");
+        EXPECT_EQ(state(1, 1, "P0101"), "0") << "the mark goes whatever the check said";
+        console.Disconnect();
+        arrives("\r");
+    }
+}
+
+TEST_F(ReceiveTest, AnEmptyTextEqualsNullAndAnEmptyText)
+{
+    for (const char* stored : {"NULL", "''"}) {
+        runOnPlant(QStringLiteral("UPDATE tbParametersUser SET State = 1, Value = %1 WHERE IDPar = 'P0204'")
+                       .arg(stored));
+        awaitCheck("4_1_1_G02_P0204");
+        arrives(QByteArray(9, ' '));
+        EXPECT_EQ(logged().last(), "OK") << stored;
+        finish();
+        console.Disconnect();
+        arrives("\r");
+    }
+}
+
+TEST_F(ReceiveTest, AMismatchIsListedUntilTheConsoleCloses)
+{
+    awaitCheck("4_1_1_G02_P0201");
+    arrives("\x02\x06");
+    EXPECT_EQ(model.failedChecks(), QStringList{QStringLiteral("INST11 \u203a States \u203a EN MOD")});
+    finish();
+    EXPECT_EQ(model.failedChecks().size(), 1);
+    console.unload();
+    EXPECT_TRUE(model.failedChecks().isEmpty());
+}
+
+// Bit fields: P0202 lies in bits 2 to 4 of its byte.
+TEST_F(ReceiveTest, ABitFieldIsMergedIntoTheOldByteBehindAGuardTime)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 1, Value = '3' WHERE IDPar = 'P0202'");
+    openConsole("4_1_1_G02_P0202");
+    connectByHand();
+    console.Write_Param();
+    clock.run(3000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::MergingRam);
+    EXPECT_TRUE(frames().isEmpty());
+    clock.run(3000);
+    EXPECT_EQ(frames().last(), QByteArray::fromHex("30 30 11 41 01 4C"));
+    arrives("\xF1");
+    EXPECT_EQ(frames().size(), 1) << "one byte more makes the answer";
+    arrives("\x06");
+    EXPECT_EQ(sent().last().section(' ', 0, 0), "9000");
+    EXPECT_EQ(frames().last(), QByteArray::fromHex("30 30 12 41 01 ED 5E")) << "F1 with 011 in bits 4 to 2";
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingRam);
+    clock.run(2999);
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingRam);
+    clock.run(1);
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingEeprom);
+    clock.run(3000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::MergingEeprom);
+    clock.run(3000);
+    EXPECT_EQ(frames().last(), QByteArray::fromHex("30 30 11 41 01 4C")) << "the old byte is the RAM's";
+    arrives(QByteArray("\x00\x06", 2));
+    EXPECT_EQ(frames().last(), QByteArray::fromHex("30 30 21 19 01 0C 58"));
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingEeprom);
+}
+
+TEST_F(ReceiveTest, WhatComesDuringTheGuardTimeOfABitFieldIsDiscardedBehindIt)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 1, Value = '3' WHERE IDPar = 'P0202'");
+    openConsole("4_1_1_G02_P0202");
+    connectByHand();
+    console.Write_Param();
+    clock.run(6000);
+    port.onOutput = [this](const QByteArray&) { port.feed("an echo"); };
+    port.feed("\x01\x06");
+    port.feed("rubbish");
+    clock.settle();
+    clock.settle();
+    port.onOutput = nullptr;
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingRam);
+    EXPECT_TRUE(bus.received().isEmpty());
+    EXPECT_EQ(frames().size(), 2);
+}
+
+TEST_F(ReceiveTest, ABitFieldWithoutAnAnswerStallsUntilEscape)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 1, Value = '3' WHERE IDPar = 'P0202'");
+    openConsole("4_1_1_G02_P0202");
+    connectByHand();
+    console.Write_Param();
+    clock.run(3600 * 1000);
+    EXPECT_EQ(bus.actionCode(), ActionCode::MergingRam);
+    EXPECT_EQ(frames().size(), 1);
+    bus.abandonOperation();
+    EXPECT_EQ(status(), 1);
+    EXPECT_EQ(state(1, 1, "P0202"), "1");
+}
+
+TEST_F(ReceiveTest, AnswersToWritesAreDiscardedAndDontMoveThePace)
+{
+    openConsole("4_1_1_G02_P0201");
+    connectByHand();
+    console.Write_Param();
+    clock.run(3000);
+    ASSERT_EQ(frames().size(), 1);
+    clock.run(1500);
+    arrives("\x06RING ATD OK CONNECT");
+    EXPECT_TRUE(bus.received().isEmpty());
+    clock.run(1500);
+    EXPECT_EQ(bus.actionCode(), ActionCode::WritingEeprom);
+    arrives("\x06");
+    EXPECT_TRUE(bus.received().isEmpty());
+}
+
+} // namespace
