@@ -69,7 +69,8 @@ void saveMemoryFile(const Plants& plants, const QString& path)
 {
     QSaveFile file(path);
     const QByteArray text = textFromPlants(plants).toUtf8();
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() ||
+        !file.commit())
         throw LoadError(path, 0, file.errorString());
 }
 

@@ -45,6 +45,9 @@ void copyDatabaseFile(const QString& source, const QString& target)
         if (to.write(chunk) != chunk.size())
             failOnFile(target, to);
     }
+    // The commit itself doesn't tell that its own last write failed: a full disk must show here.
+    if (!to.flush())
+        failOnFile(target, to);
     // Before the new file takes its place, never after: a journal of the old one must not be played into it.
     removeJournals(target);
     if (!to.commit())
