@@ -107,10 +107,10 @@ TEST_F(ReceiveTest, AReadValueEndsTheChangedMark)
 {
     runOnPlant("UPDATE tbParametersUser SET State = 1, Value = '1' WHERE IDPar = 'P0106'");
     await("4_1_1_G01_P0106");
-    arrives(QByteArray::fromHex("FE FF 06"));
-    EXPECT_EQ(value(1, 1, "P0106"), "-2");
+    arrives(QByteArray::fromHex("32 00 06"));
+    EXPECT_EQ(value(1, 1, "P0106"), "50");
     EXPECT_EQ(state(1, 1, "P0106"), "0");
-    EXPECT_EQ(events().last(), "1/2/GRP1/INST11/Parameter value: -2");
+    EXPECT_EQ(events().last(), "1/2/GRP1/INST11/Parameter value: 50");
 }
 
 TEST_F(ReceiveTest, ATextIsFreedOfTrailingBlanksAndKeepsItsZerosAndApostrophes)
@@ -125,7 +125,7 @@ TEST_F(ReceiveTest, ATextIsFreedOfTrailingBlanksAndKeepsItsZerosAndApostrophes)
 
 TEST_F(ReceiveTest, ATextIsTranslatedWhenTheLanguageIsRussian)
 {
-    setLanguage("RU_Russian_3000");
+    setLanguage("RU_Russian_6000");
     const QByteArray wire = values::encodeString(QStringLiteral("КАМЕРА"), "RU", 1251, 8);
     await("4_1_1_G02_P0204");
     arrives(wire + '\x06');

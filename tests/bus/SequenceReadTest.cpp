@@ -153,7 +153,7 @@ TEST_F(SequenceReadTest, TheTextsFollowTheLanguage)
         const char* language;
         QString detected;
     } const rows[] = {{"IT_Italiano_1000", "[Misure] - "},
-                      {"RU_Russian_3000", QStringLiteral("[Измерения]")}};
+                      {"RU_Russian_6000", QStringLiteral("[Измерения]")}};
     for (const auto& row : rows) {
         setLanguage(row.language);
         openConsole("4_1_1_G01_P0101");
