@@ -17,7 +17,7 @@ protected:
         connectByHand();
         console.Read_Param();
         clock.run(3000);
-        EXPECT_EQ(logged().last(), "Waiting for ready...");
+        EXPECT_EQ(logged().last(), texts(546));
     }
     // Begins a write of one parameter and goes on to the read-back.
     void awaitCheck(const QString& key)
@@ -132,11 +132,11 @@ TEST_F(ReceiveTest, ATextIsTranslatedWhenTheLanguageIsRussian)
     EXPECT_EQ(value(1, 1, "P0204"), QStringLiteral("КАМЕРА"));
 }
 
-TEST_F(ReceiveTest, AnEmptyAnswerToATextIsAnEmptyText)
+TEST_F(ReceiveTest, ABlankAnswerToATextIsStoredAsNoValue)
 {
     await("4_1_1_G02_P0204");
     arrives(QByteArray(9, ' '));
-    EXPECT_EQ(value(1, 1, "P0204"), "");
+    EXPECT_EQ(value(1, 1, "P0204"), "NULL");
     finish();
 }
 

@@ -125,7 +125,6 @@ TEST_F(SequenceWriteTest, TheDataBytesOfEachWireType)
          writeRequest("00", 2, 1, 1, {})}, // no encoder: the length byte stands alone
         {"P0103", "G01", "'45.6'", writeRequest("00", 2, 2, 2, {})},
         {"P0204", "G02", "'AB'", writeRequest("00", 18, 66, 8, "AB      ")},
-        {"P0204", "G02", "'MUCH TOO LONG'", writeRequest("00", 18, 66, 8, "MUCH TOO")},
         {"P0204", "G02", "NULL", writeRequest("00", 18, 66, 8, "        ")},
         {"P0204", "G02", "'it''s'", writeRequest("00", 18, 66, 8, "it's    ")},
     };
@@ -139,6 +138,12 @@ TEST_F(SequenceWriteTest, AnUnknownValueStillSendsAFrameWithItsLength)
     const QByteArray frame = ramFrame("P0104", "G01", "NULL");
     failures.take();
     EXPECT_EQ(frame.mid(0, 5), QByteArray::fromHex("30 30 02 04 02"));
+}
+
+TEST_F(SequenceWriteTest, ATextTooLongFailsAndItsFrameCarriesNoData)
+{
+    EXPECT_EQ(ramFrame("P0204", "G02", "'MUCH TOO LONG'"), writeRequest("00", 18, 66, 8, {}));
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Compose_Str");
 }
 
 TEST_F(SequenceWriteTest, ATextIsTranslatedWhenTheLanguageIsRussian)
@@ -193,6 +198,7 @@ TEST_F(SequenceWriteTest, ProgressRunsThroughEachPassAnew)
     }
     EXPECT_EQ(shown, QList<int>({33, 66, 100, 0, 33, 66, 100, 0}));
     EXPECT_EQ(frames().size(), 5) << "the third lives in RAM only";
+    failures.expectOne(platform::errors::kTypeMismatch, "Module/Extract_EngVal"); // a time text on a word
 }
 
 TEST_F(SequenceWriteTest, AFailureOfTheEncoderStillPacesThePass)
