@@ -61,8 +61,8 @@ TEST_F(ConsoleTest, OnAnIdleLineItBeginsWithAnEmptyTable)
     EXPECT_EQ(events(), QStringList());
     EXPECT_EQ(status(), 0);
     EXPECT_FALSE(model.autoDisconnectPressed());
-    EXPECT_EQ(model.log().headerData(0, Qt::Horizontal), "Date");
-    EXPECT_EQ(model.log().headerData(1, Qt::Horizontal), "Description");
+    EXPECT_EQ(model.log().headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), "Date");
+    EXPECT_EQ(model.log().headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "Description");
     EXPECT_EQ(console.groupName(), "GRP1");
     EXPECT_TRUE(logFiles().isEmpty());
 }

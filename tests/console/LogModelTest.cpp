@@ -23,10 +23,10 @@ TEST(LogModelTest, LinesStandInTheOrderOfArrival)
     EXPECT_EQ(log.add("2026/03/14 09:00:00", "a"), 1);
     EXPECT_EQ(descriptions(log), QStringList({"b", "a"}));
     EXPECT_EQ(log.sortColumn(), -1);
-    EXPECT_EQ(log.data(log.index(0, 0)), "2026/03/14 09:00:01");
-    EXPECT_EQ(log.data(log.index(1, 1)), "a");
+    EXPECT_EQ(log.data(log.index(0, 0), Qt::DisplayRole).toString(), "2026/03/14 09:00:01");
+    EXPECT_EQ(log.data(log.index(1, 1), Qt::DisplayRole).toString(), "a");
     EXPECT_FALSE(log.data(log.index(0, 0), Qt::DecorationRole).isValid());
-    EXPECT_FALSE(log.data({}).isValid());
+    EXPECT_FALSE(log.data({}, Qt::DisplayRole).isValid());
 }
 
 TEST(LogModelTest, AClickSortsAndASecondFlips)
@@ -88,10 +88,10 @@ TEST(LogModelTest, TwoColumnsWithTheirCaptions)
     LogModel log;
     log.setColumnCaptions({"Date", "Description"});
     EXPECT_EQ(log.columnCount(), 2);
-    EXPECT_EQ(log.headerData(0, Qt::Horizontal), "Date");
-    EXPECT_EQ(log.headerData(1, Qt::Horizontal), "Description");
-    EXPECT_FALSE(log.headerData(2, Qt::Horizontal).isValid());
-    EXPECT_FALSE(log.headerData(0, Qt::Vertical).isValid());
+    EXPECT_EQ(log.headerData(0, Qt::Horizontal, Qt::DisplayRole).toString(), "Date");
+    EXPECT_EQ(log.headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), "Description");
+    EXPECT_FALSE(log.headerData(2, Qt::Horizontal, Qt::DisplayRole).isValid());
+    EXPECT_FALSE(log.headerData(0, Qt::Vertical, Qt::DisplayRole).isValid());
 }
 
 } // namespace
