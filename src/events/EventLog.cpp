@@ -1,6 +1,7 @@
 #include "events/EventLog.h"
 
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/TextFile.h"
@@ -18,20 +19,23 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
-// A field of a log line: left-justified, padded or cut to its width. What would end the line gives a blank.
-QString fixed(QString text, int width)
+// A field of a log line: left-justified, padded or cut to its width. What would end the line gives a blank,
+// and a character that the file's code page lacks is counted as the one that stands for it there.
+QString fixed(const QString& value, int width, int codePage)
 {
+    QString text = decode(encode(value, codePage), codePage);
     std::replace_if(
         text.begin(), text.end(), [](QChar c) { return c < QLatin1Char(' '); }, QLatin1Char(' '));
     return text.leftJustified(width, QLatin1Char(' '), true);
 }
 
-QString logLine(const Recordset& event)
+QString logLine(const Recordset& event, int codePage)
 {
+    const auto field = [&](const QString& value, int width) { return fixed(value, width, codePage); };
     const QDateTime when = QDateTime::fromString(event.text("Date_Reg"), kStoredDate);
-    return fixed(event.text("IDType"), 1) + fixed(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19) +
-           fixed(event.text("Source"), 3) + fixed(event.text("Equipment"), 50) +
-           fixed(event.text("Instrument"), 50) + fixed(event.text("Description"), 255);
+    return field(event.text("IDType"), 1) + field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19) +
+           field(event.text("Source"), 3) + field(event.text("Equipment"), 50) +
+           field(event.text("Instrument"), 50) + field(event.text("Description"), 255);
 }
 
 } // namespace
@@ -90,7 +94,7 @@ void EventLog::CreateLog_App()
                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
         TextWriter file(session_.appFile(name), session_.CodePage);
         for (; !rows.Eof(); rows.MoveNext())
-            file.WriteLine(logLine(rows));
+            file.WriteLine(logLine(rows, session_.CodePage));
         file.commit();
     });
 }
