@@ -82,11 +82,13 @@ saw "values after:  $(company "SELECT group_concat(Value) $of_room AND p.IDParGr
 
 # What the instrument must hold for each parameter, as the catalogue's scale says, against what it does hold. Takes a
 # condition on the parameters and how many there must be at least.
+# A time is "hours:minutes:seconds", each of them perhaps with decimals.
 parameters_of() {
   company -separator ' ' "SELECT p.IDPar, i.Address, m.mReadCmd, a.mAddr, a.mBitFirst, a.mBitCount, a.mType, p.State,
-      CASE WHEN t.mTag LIKE 'TIME%' THEN
-        CAST((substr(p.Value,1,2)*3600 + substr(p.Value,4,2)*60 - a.mLR) * (a.mHW-a.mLW) / (a.mHR-a.mLR) + a.mLW AS INTEGER)
-      ELSE CAST(round((p.Value - a.mLR) * (a.mHW-a.mLW) / (a.mHR-a.mLR) + a.mLW) AS INTEGER) END
+      CAST(round((CASE WHEN t.mTag LIKE 'TIME%' THEN
+          p.Value * 3600 + substr(p.Value, instr(p.Value, ':') + 1) * 60
+            + substr(p.Value, instr(p.Value, ':') + 1 + instr(substr(p.Value, instr(p.Value, ':') + 1), ':'))
+        ELSE p.Value END - a.mLR) * (a.mHW-a.mLW) / (a.mHR-a.mLR) + a.mLW) AS INTEGER)
     FROM tbParametersUser p JOIN tbInstrumentsUser i USING (IDGrp, IDInst) JOIN tbGroupsUser g USING (IDGrp)
       JOIN tbParam a ON a.mID = p.IDPar JOIN tbParamType t ON t.mID = a.mKeyType JOIN tbInstMem m ON m.mID = a.mMemBank
     WHERE g.Name = '$plant' AND i.Name = '$room' AND a.mType IN ('BYTE', 'BIT') AND p.Value IS NOT NULL $1 ORDER BY p.IDPar"
