@@ -155,6 +155,9 @@ wait_for 10 "the emptying of the events" no_events
 shown 10-disconnected
 saw "log file of $(cat "$home"/Log/Calidora_[0-9]*.log | wc -l) lines, $(company 'SELECT Count(*) FROM tbEvent') events left in the company"
 choose "$console" 'alt+f e' "the console's end" window_gone "$console"
+focus "$main"
+# shellcheck disable=SC2046
+keys $(downs "SELECT Count(DISTINCT p.IDParGrp) $of_room AND p.IDParGrp <= '$group'")
 shown 11-main-with-new-values
 
 step "leaves"

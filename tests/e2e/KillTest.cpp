@@ -20,7 +20,7 @@ constexpr int kKills = 25;
 constexpr int kPatienceMs = 60000;
 constexpr int kMostLines = 250;
 constexpr int kMostMicroseconds = 3000;
-constexpr int kLogLineSize = 378 + 2; // with its end
+constexpr int kLogLineSize = 378 + 1; // with its end
 
 // What a killed worker told, and what must therefore be in its company file.
 //

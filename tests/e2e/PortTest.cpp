@@ -4,6 +4,10 @@
 #include <QFile>
 #include <QProcess>
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 using namespace e2e;
 using bus::ActionCode;
 
@@ -43,6 +47,29 @@ public:
 
 private:
     QProcess process_;
+};
+
+// Looks at a device from a descriptor of its own.
+class Onlooker
+{
+public:
+    explicit Onlooker(const QString& device)
+        : file_(::open(device.toLocal8Bit().constData(), O_RDWR | O_NOCTTY | O_CLOEXEC))
+    {
+    }
+    ~Onlooker() { ::close(file_); }
+    Onlooker(const Onlooker&) = delete;
+    Onlooker& operator=(const Onlooker&) = delete;
+
+    // Whether some program has claimed to have the device alone.
+    bool seesAClaim() const
+    {
+        int claimed = 0;
+        return ioctl(file_, TIOCGEXCL, &claimed) == 0 && claimed != 0;
+    }
+
+private:
+    int file_;
 };
 
 class PortTest : public RealLine
@@ -92,10 +119,14 @@ TEST_F(PortTest, SaysThatAnotherProgramHoldsThePort)
 TEST_F(PortTest, TakesAPortThatAKilledProgramLeftBehind)
 {
     const auto device = instrument();
+    const Onlooker onlooker(portLink());
     {
         Neighbour holder(CALIDORA_HOLDER, {session.AppPath});
         ASSERT_EQ(holder.line(), "held");
+        EXPECT_TRUE(onlooker.seesAClaim());
     }
+    EXPECT_TRUE(waitUntil([&] { return !onlooker.seesAClaim(); }))
+        << "the dead program still claims the device";
     EXPECT_TRUE(open());
     EXPECT_EQ(status(), 0);
 }
