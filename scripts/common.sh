@@ -77,13 +77,13 @@ start_instrument() {
   rm -f "$home/ports/COM1"
   coproc INSTRUMENT { bound_to_me "$build_folder/instrument/calidora-instrument" --memory "$home/instrument.txt" --home "$home" "$@"; }
   exec 7>&"${INSTRUMENT[1]}" 8<&"${INSTRUMENT[0]}"
-  read -r -u 8 -t 10 instrument_ready
+  read -r -u 8 -t 10 instrument_ready || { say "the instrument did not start"; return 1; }
 }
 
 # One command to the virtual instrument, and its answer.
 ask_instrument() {
   printf '%s\n' "$*" >&7
-  read -r -u 8 -t 10 answer
+  read -r -u 8 -t 10 answer || { say "the instrument does not answer to \"$*\"" >&2; return 1; }
   printf '%s\n' "$answer"
 }
 
