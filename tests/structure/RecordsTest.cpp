@@ -48,6 +48,7 @@ protected:
         EXPECT_EQ(shown[1][0], false);
         EXPECT_EQ(op.pointer, Pointer::Default);
         // The next job finds no transaction open.
+        session.cnDatabase.Execute("PRAGMA query_only=OFF;");
         session.cnDatabase.BeginTrans();
         session.cnDatabase.RollbackTrans();
     }
@@ -228,8 +229,10 @@ TEST_F(RecordsTest, ACompanyMadeReadOnlyStaysAsItWas)
     makeReadOnly();
     expectNothingDone(platform::errors::kDatabase, "Module/Add_Record_Db",
                       [&] { return addGroup("4", "A"); });
+    makeReadOnly();
     expectNothingDone(platform::errors::kDatabase, "Module/Add_Record_Db",
                       [&] { return addInstrument("3", "1", "KT100"); });
+    makeReadOnly();
     expectNothingDone(platform::errors::kDatabase, "Module/Remove_Record_Db",
                       [&] { return records.Remove_Record_Db("1_1"); });
 }
