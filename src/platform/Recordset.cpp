@@ -124,7 +124,11 @@ void Recordset::Find(const QString& criterion)
 
 const QVariant& Recordset::operator[](const QString& name) const
 {
-    const int column = columnOf(name);
+    return field(columnOf(name));
+}
+
+const QVariant& Recordset::field(int column) const
+{
     if (current_ < 0 || Eof())
         failWithoutRecord();
     return cell(current_, column);

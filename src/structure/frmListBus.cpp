@@ -54,6 +54,9 @@ void frmListBus::listen()
     connect(lvwBus_, &ListBusView::parentPressed, this, [this] { emit commandWanted("Parent"); });
 
     connect(&structure_, &Structure::itemSelected, lvwBus_, &ListBusView::select);
+    connect(&structure_, &Structure::updateShown, this, &frmListBus::showProgress);
+    connect(&structure_, &Structure::updateProgress, this, &frmListBus::setProgress);
+    connect(&structure_, &Structure::listFocusWanted, lvwBus_, [this] { lvwBus_->setFocus(); });
     connect(&structure_, &Structure::viewChanged, lvwBus_, &ListBusView::setView);
     connect(&structure_, &Structure::pathChanged, this, [this] {
         lblPath_->setText(structure_.path());

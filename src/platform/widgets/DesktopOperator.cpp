@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
@@ -19,6 +20,7 @@ namespace platform {
 namespace {
 
 constexpr int kLongestExposure = 500; // milliseconds
+constexpr int kInputWidth = 360;
 
 struct BoxButton
 {
@@ -163,6 +165,22 @@ QString DesktopOperator::chooseFile(const FileRequest& request, bool save)
     return dialog.selectedFiles().constFirst();
 }
 
+std::optional<QString> DesktopOperator::inputBox(const QString& prompt, const QString& title)
+{
+    const PlainPointer plain(*this, pointer_);
+    QInputDialog box(owner());
+    box.setObjectName("inputBox");
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.setInputMode(QInputDialog::TextInput);
+    box.setOkButtonText(words_("common.ok"));
+    box.setCancelButtonText(words_("common.cancel"));
+    box.setMinimumWidth(kInputWidth);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return box.textValue();
+}
+
 void DesktopOperator::setPointer(Pointer pointer)
 {
     if (pointer == pointer_)
@@ -188,6 +206,8 @@ void DesktopOperator::showForm(const QString& name)
 
 void DesktopOperator::showFormModal(const QString& name)
 {
+    if (!form(name) && !factories_.contains(name))
+        return;
     const PlainPointer plain(*this, pointer_);
     QPointer<QWidget> window = load(name);
     if (auto* dialog = qobject_cast<QDialog*>(window)) {

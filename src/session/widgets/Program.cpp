@@ -3,6 +3,7 @@
 #include "console/frmReadWrite.h"
 #include "database/frmConnection.h"
 #include "dialogs/frmMessage.h"
+#include "dialogs/frmZoom.h"
 #include "events/frmReadLogFiles.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "session/Configuration.h"
@@ -27,6 +28,7 @@ Program::Program(const Surroundings& surroundings)
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
+      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
       commands_(with_.session, structure_),
       main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()})
 {
@@ -78,6 +80,11 @@ void Program::registerCommands()
     handlers_.set("TlbLargeIcons", [this] { commands_.Set_Form_Icons(-1); });
     handlers_.set("TlbSmallIcons", [this] { commands_.Set_Form_Icons(0); });
 
+    handlers_.set("New", [this] { editor_.New_Item(); });
+    handlers_.set("NewNode", [this] { editor_.New_Item(); });
+    handlers_.set("Delete", [this] { editor_.Delete_Item(); });
+    handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
+
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
     handlers_.set("Allarms", [this] { bus_.Delete_Allarms(); });
@@ -91,6 +98,7 @@ void Program::registerForms()
     with_.op.registerForm("frmLanguage", [&] { return new frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
     with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
+    with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
     with_.op.registerForm("frmReadWrite", [&, this] {
         return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
     });

@@ -5,12 +5,14 @@
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
 #include "database/Database.h"
+#include "dialogs/Zoom.h"
 #include "events/EventLog.h"
 #include "events/Purge.h"
 #include "platform/SingleInstance.h"
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
+#include "structure/PlantEditor.h"
 #include "structure/Structure.h"
 
 #include <QObject>
@@ -78,6 +80,8 @@ private:
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;
     console::Console console_;
+    dialogs::Zoom zoom_;
+    structure::PlantEditor editor_;
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;
