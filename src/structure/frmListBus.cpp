@@ -1,13 +1,15 @@
 #include "structure/frmListBus.h"
 
+#include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "session/widgets/FormUnits.h"
 #include "structure/Structure.h"
 #include "structure/widgets/ListBusView.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -16,7 +18,8 @@ namespace structure {
 frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
                        QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
-      lvwBus_(new ListBusView(structure.list(), this)), prgUpdate_(new QProgressBar(this))
+      txtFilter_(new QLineEdit(this)), lvwBus_(new ListBusView(structure.list(), this)),
+      prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");
     lblPath_->setObjectName("lblPath");
@@ -24,6 +27,11 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     lblPath_->setContentsMargins(8, 5, 8, 5);
     // A long path must not hold the window wide.
     lblPath_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    txtFilter_->setObjectName("txtFilter");
+    txtFilter_->setClearButtonEnabled(true);
+    txtFilter_->addAction(platform::icon("filter"), QLineEdit::LeadingPosition);
+    txtFilter_->setMaxLength(255);
+    txtFilter_->hide();
     lvwBus_->setObjectName("lvwBus");
     prgUpdate_->setObjectName("prgUpdate");
     prgUpdate_->setTextVisible(false);
@@ -35,11 +43,13 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(lblPath_);
+    layout->addWidget(txtFilter_);
     layout->addWidget(lvwBus_, 1);
     layout->addWidget(prgUpdate_);
 
     restoreColumnWidths();
     listen();
+    listenToFilter();
     structure.Set_View_ListBus(std::max<int>(session.ListBusSet.View, 0));
 }
 
@@ -59,6 +69,95 @@ void frmListBus::listen()
         lblPath_->setText(structure_.path());
         lblPath_->setToolTip(structure_.path());
     });
+}
+
+// The filter
+// -----------------------------------------------------------------------------------------------------------
+
+void frmListBus::listenToFilter()
+{
+    // A moment after the keys that are waiting, so that a long list never holds the typing up.
+    filterDue_.setSingleShot(true);
+    connect(&filterDue_, &QTimer::timeout, this, &frmListBus::applyFilter);
+    connect(txtFilter_, &QLineEdit::textEdited, &filterDue_, qOverload<>(&QTimer::start));
+    connect(txtFilter_, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (text.isEmpty())
+            filterDue_.start(); // the clear button counts as no edit
+    });
+    connect(txtFilter_, &QLineEdit::returnPressed, this, &frmListBus::goToList);
+    txtFilter_->installEventFilter(this);
+
+    connect(&structure_.list(), &ListModel::filterChanged, this, [this] {
+        txtFilter_->setText(structure_.list().filter());
+        showEmptyText();
+    });
+    // The words typed for one list say nothing about another.
+    connect(&structure_, &Structure::nodeSelected, this, [this](const QString& key) {
+        if (key != std::exchange(filteredNode_, key))
+            structure_.list().setFilter({});
+    });
+}
+
+void frmListBus::showFilter()
+{
+    txtFilter_->show();
+    txtFilter_->setFocus();
+    txtFilter_->selectAll();
+}
+
+void frmListBus::hideFilter()
+{
+    filterDue_.stop();
+    txtFilter_->clear();
+    applyFilter();
+    txtFilter_->hide();
+    lvwBus_->setFocus();
+}
+
+void frmListBus::applyFilter()
+{
+    filterDue_.stop();
+    ListModel& list = structure_.list();
+    if (list.filter() == txtFilter_->text())
+        return;
+    list.setFilter(txtFilter_->text());
+    // What is hidden can't stay selected: a command would hit it unseen.
+    const QString selected = structure_.selectedItem();
+    structure_.selectItem(list.rowOf(selected) < 0 ? QString() : selected);
+    emit structure_.itemMenusWanted();
+}
+
+void frmListBus::goToList()
+{
+    applyFilter();
+    lvwBus_->setFocus();
+    const ListModel& list = structure_.list();
+    if (structure_.selectedItem().isEmpty() && list.rowCount() > 0)
+        structure_.pressItem(list.keyAt(0));
+}
+
+void frmListBus::showEmptyText()
+{
+    const bool filtered = !structure_.list().filter().isEmpty();
+    lvwBus_->setEmptyText(texts_.own(filtered ? "filter.nothing" : "list.empty"));
+}
+
+bool frmListBus::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == txtFilter_ && event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+        goToList();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmListBus::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && txtFilter_->isVisible())
+        hideFilter();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void frmListBus::keepColumnWidths()
@@ -90,14 +189,15 @@ void frmListBus::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    lvwBus_->setEmptyText(texts_.own("list.empty"));
+    txtFilter_->setPlaceholderText(texts_.own("filter.hint"));
+    showEmptyText();
     structure_.Set_ColName_ListBus(shownLevel());
 }
 
 int frmListBus::shownLevel() const
 {
     const QString node = structure_.selectedNode();
-    const bool showsRootItem = structure_.list().keyAt(0) == kRootKey;
+    const bool showsRootItem = structure_.list().item(kRootKey) != nullptr;
     return node.isEmpty() || showsRootItem ? kNoSelection : Extract_Level(node);
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
+class QKeyEvent;
 class QLabel;
+class QLineEdit;
 class QProgressBar;
 
 namespace session {
@@ -30,15 +33,25 @@ public:
     void showProgress(bool visible);
     void setProgress(int percent);
 
+    // Opens the filter over the list, or goes to it.
+    void showFilter();
+
 signals:
     void menuWanted(const QPoint& globalPosition); // the popup mnuBus
     void commandWanted(const QString& command);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void listen();
+    void listenToFilter();
+    void applyFilter();
+    void hideFilter();
+    void goToList();
+    void showEmptyText();
     void restoreColumnWidths();
     // Of the node whose children the list shows; -1 for the item "Root" alone.
     int shownLevel() const;
@@ -47,8 +60,11 @@ private:
     session::Session& session_;
     const session::Texts& texts_;
     QLabel* lblPath_;
+    QLineEdit* txtFilter_;
     ListBusView* lvwBus_;
     QProgressBar* prgUpdate_;
+    QString filteredNode_; // whose children the filter was typed for
+    QTimer filterDue_;
 };
 
 } // namespace structure

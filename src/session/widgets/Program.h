@@ -11,6 +11,7 @@
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
+#include "session/widgets/AlarmNotice.h"
 #include "structure/Structure.h"
 
 #include <QObject>
@@ -64,6 +65,7 @@ signals:
 private:
     void registerCommands();
     void registerForms();
+    void showBeside(const QString& form);
     void listen();
     MainServices services();
     QWidget* makeMainWindow();
@@ -81,6 +83,7 @@ private:
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;
+    AlarmNotice alarmNotice_;
     std::optional<platform::SingleInstance> instance_;
 };
 
