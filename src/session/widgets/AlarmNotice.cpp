@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QSystemTrayIcon>
 #include <QWidget>
+#include <QWindow>
 
 namespace session {
 
