@@ -1,15 +1,14 @@
 #include "structure/frmListBus.h"
 
-#include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "session/widgets/FormUnits.h"
 #include "structure/Structure.h"
+#include "structure/widgets/FilterField.h"
 #include "structure/widgets/ListBusView.h"
 
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -18,7 +17,7 @@ namespace structure {
 frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
                        QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
-      txtFilter_(new QLineEdit(this)), lvwBus_(new ListBusView(structure.list(), this)),
+      txtFilter_(new FilterField(structure, this)), lvwBus_(new ListBusView(structure.list(), this)),
       prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");
@@ -28,10 +27,6 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     // A long path must not hold the window wide.
     lblPath_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     txtFilter_->setObjectName("txtFilter");
-    txtFilter_->setClearButtonEnabled(true);
-    txtFilter_->addAction(platform::icon("filter"), QLineEdit::LeadingPosition);
-    txtFilter_->setMaxLength(255);
-    txtFilter_->hide();
     lvwBus_->setObjectName("lvwBus");
     prgUpdate_->setObjectName("prgUpdate");
     prgUpdate_->setTextVisible(false);
@@ -49,7 +44,6 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
 
     restoreColumnWidths();
     listen();
-    listenToFilter();
     structure.Set_View_ListBus(std::max<int>(session.ListBusSet.View, 0));
 }
 
@@ -63,6 +57,9 @@ void frmListBus::listen()
     connect(lvwBus_, &ListBusView::enterPressed, this, [this] { emit commandWanted("Property"); });
     connect(lvwBus_, &ListBusView::parentPressed, this, [this] { emit commandWanted("Parent"); });
 
+    connect(txtFilter_, &FilterField::listWanted, this, [this] { lvwBus_->setFocus(); });
+
+    connect(&structure_.list(), &ListModel::filterChanged, this, &frmListBus::showEmptyText);
     connect(&structure_, &Structure::itemSelected, lvwBus_, &ListBusView::select);
     connect(&structure_, &Structure::viewChanged, lvwBus_, &ListBusView::setView);
     connect(&structure_, &Structure::pathChanged, this, [this] {
@@ -71,69 +68,9 @@ void frmListBus::listen()
     });
 }
 
-// The filter
-// -----------------------------------------------------------------------------------------------------------
-
-void frmListBus::listenToFilter()
-{
-    // A moment after the keys that are waiting, so that a long list never holds the typing up.
-    filterDue_.setSingleShot(true);
-    connect(&filterDue_, &QTimer::timeout, this, &frmListBus::applyFilter);
-    connect(txtFilter_, &QLineEdit::textEdited, &filterDue_, qOverload<>(&QTimer::start));
-    connect(txtFilter_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        if (text.isEmpty())
-            filterDue_.start(); // the clear button counts as no edit
-    });
-    connect(txtFilter_, &QLineEdit::returnPressed, this, &frmListBus::goToList);
-    txtFilter_->installEventFilter(this);
-
-    connect(&structure_.list(), &ListModel::filterChanged, this, [this] {
-        txtFilter_->setText(structure_.list().filter());
-        showEmptyText();
-    });
-    // The words typed for one list say nothing about another.
-    connect(&structure_, &Structure::nodeSelected, this, [this](const QString& key) {
-        if (key != std::exchange(filteredNode_, key))
-            structure_.list().setFilter({});
-    });
-}
-
 void frmListBus::showFilter()
 {
-    txtFilter_->show();
-    txtFilter_->setFocus();
-    txtFilter_->selectAll();
-}
-
-void frmListBus::hideFilter()
-{
-    filterDue_.stop();
-    txtFilter_->clear();
-    applyFilter();
-    txtFilter_->hide();
-    lvwBus_->setFocus();
-}
-
-void frmListBus::applyFilter()
-{
-    filterDue_.stop();
-    ListModel& list = structure_.list();
-    if (list.filter() == txtFilter_->text())
-        return;
-    list.setFilter(txtFilter_->text());
-    // What is hidden can't stay selected: a command would hit it unseen.
-    const QString selected = structure_.selectedItem();
-    structure_.selectItem(list.rowOf(selected) < 0 ? QString() : selected);
-    emit structure_.itemMenusWanted();
-}
-
-void frmListBus::goToList()
-{
-    applyFilter();
-    lvwBus_->setFocus();
-    const ListModel& list = structure_.list();
-    if (structure_.selectedItem().isEmpty() && list.rowCount() > 0)
-        structure_.pressItem(list.keyAt(0));
+    txtFilter_->open();
 }
 
 void frmListBus::showEmptyText()
@@ -142,20 +79,10 @@ void frmListBus::showEmptyText()
     lvwBus_->setEmptyText(texts_.own(filtered ? "filter.nothing" : "list.empty"));
 }
 
-bool frmListBus::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == txtFilter_ && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
-        goToList();
-        return true;
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void frmListBus::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && txtFilter_->isVisible())
-        hideFilter();
+        txtFilter_->dismiss();
     else
         QWidget::keyPressEvent(event);
 }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
 
 class QKeyEvent;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 
 namespace session {
@@ -15,6 +13,7 @@ class Texts;
 
 namespace structure {
 
+class FilterField;
 class ListBusView;
 class Structure;
 
@@ -43,14 +42,9 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void listen();
-    void listenToFilter();
-    void applyFilter();
-    void hideFilter();
-    void goToList();
     void showEmptyText();
     void restoreColumnWidths();
     // Of the node whose children the list shows; -1 for the item "Root" alone.
@@ -60,11 +54,9 @@ private:
     session::Session& session_;
     const session::Texts& texts_;
     QLabel* lblPath_;
-    QLineEdit* txtFilter_;
+    FilterField* txtFilter_;
     ListBusView* lvwBus_;
     QProgressBar* prgUpdate_;
-    QString filteredNode_; // whose children the filter was typed for
-    QTimer filterDue_;
 };
 
 } // namespace structure
