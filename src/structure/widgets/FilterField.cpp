@@ -30,8 +30,10 @@ FilterField::FilterField(Structure& structure, QWidget* parent) : QLineEdit(pare
     connect(&structure.list(), &ListModel::filterChanged, this,
             [this] { setText(structure_.list().filter()); });
     connect(&structure, &Structure::nodeSelected, this, [this](const QString& key) {
-        if (key != std::exchange(node_, key))
-            structure_.list().setFilter({});
+        if (key == std::exchange(node_, key))
+            return;
+        clear();
+        apply();
     });
 }
 
