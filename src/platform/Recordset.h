@@ -43,10 +43,10 @@ public:
     void Find(const QString& criterion);
 
     QStringList fieldNames() const { return names_; }
-    bool hasField(const QString& name) const { return columns_.contains(name.toLower()); }
+    bool hasField(const QString& name) const;
     // The field of the current record, by name without regard to case. No such field or no record fails.
     const QVariant& operator[](const QString& name) const;
-    QString text(const QString& name) const { return (*this)[name].toString(); }
+    QString text(const QString& name) const;
     int number(const QString& name) const { return (*this)[name].toInt(); }
 
 private:
@@ -60,7 +60,6 @@ private:
     int rowCount_ = 0;
     int current_ = 0;
     QStringList names_;
-    QHash<QString, int> columns_;
     std::vector<QVariant> cells_;
     QHash<int, QHash<QString, std::vector<int>>> rowsByValue_;
 };

@@ -34,10 +34,12 @@ void ListModel::setItems(std::vector<ListItem> items)
     rowByKey_.clear();
     nextOrder_ = 0;
     rows_.reserve(items.size());
+    rowByKey_.reserve(qsizetype(items.size()));
     for (ListItem& item : items) {
-        if (rowByKey_.contains(item.key))
+        int& row = rowByKey_[item.key];
+        if (rowByKey_.size() == qsizetype(rows_.size())) // nothing new
             continue;
-        rowByKey_.insert(item.key, int(rows_.size()));
+        row = int(rows_.size());
         rows_.push_back({std::move(item), nextOrder_++});
     }
     if (sortColumn_ >= 0)
