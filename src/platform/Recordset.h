@@ -46,13 +46,9 @@ public:
     bool hasField(const QString& name) const;
     // The field of the current record, by name without regard to case. No such field or no record fails.
     const QVariant& operator[](const QString& name) const;
-<<<<<<< HEAD
     // The same by position, for a statement whose columns nobody knows.
     const QVariant& field(int column) const;
-    QString text(const QString& name) const { return (*this)[name].toString(); }
-=======
     QString text(const QString& name) const;
->>>>>>> bench
     int number(const QString& name) const { return (*this)[name].toInt(); }
 
 private:

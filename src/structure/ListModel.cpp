@@ -33,23 +33,13 @@ void ListModel::setItems(std::vector<ListItem> items)
     items_.clear();
     placeByKey_.clear();
     nextOrder_ = 0;
-<<<<<<< HEAD
     items_.reserve(items.size());
+    placeByKey_.reserve(qsizetype(items.size()));
     for (ListItem& item : items) {
         if (placeByKey_.contains(item.key))
             continue;
         placeByKey_.insert(item.key, int(items_.size()));
         items_.push_back({std::move(item), nextOrder_++, kHidden});
-=======
-    rows_.reserve(items.size());
-    rowByKey_.reserve(qsizetype(items.size()));
-    for (ListItem& item : items) {
-        int& row = rowByKey_[item.key];
-        if (rowByKey_.size() == qsizetype(rows_.size())) // nothing new
-            continue;
-        row = int(rows_.size());
-        rows_.push_back({std::move(item), nextOrder_++});
->>>>>>> bench
     }
     if (sortColumn_ >= 0)
         sortItems();
