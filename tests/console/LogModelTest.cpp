@@ -1,6 +1,6 @@
 #include "console/LogModel.h"
 
-#include "support/Print.h"
+#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
