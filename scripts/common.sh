@@ -4,7 +4,7 @@ set -euo pipefail
 build_folder=${BUILD_FOLDER:-build}
 export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 
-build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev libqt6svg6-dev libsqlite3-dev
+build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libsqlite3-dev
   libsqlitecpp-dev libgtest-dev libgmock-dev libbenchmark-dev)
 run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 libsqlite3-0 fonts-dejavu-core
   fonts-liberation2 sqlite3)

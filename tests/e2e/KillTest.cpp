@@ -174,9 +174,10 @@ protected:
         if (!values.contains("P0101") || !values.contains("P0102"))
             return;
         const QStringList &first = values.at("P0101"), &second = values.at("P0102");
-        if (first.size() == 2 && second.size() == 2)
-            EXPECT_EQ(first.indexOf(of(company, "Value", "P0101")),
-                      second.indexOf(of(company, "Value", "P0102")));
+        if (first.size() < 2 || second.size() < 2)
+            return;
+        EXPECT_EQ(first.indexOf(of(company, "Value", "P0101")),
+                  second.indexOf(of(company, "Value", "P0102")));
     }
 
     // Each line is in the company or, once the connection has ended, in a log file.
