@@ -1,107 +1,26 @@
-// Measures the program against the engine's own shell on the same company, in one run: calidora-side-by-side
-// <file>
+// Measures the program against the engine's own shell on the same large company:
+// calidora-side-by-side <company file>
 //
-// Both read a warm file and the best of several runs counts. The shell's start is measured and taken off.
-// What is printed is a ratio, so that the numbers of two machines can be compared.
+// Both read a warm file, in turns, and the median of several runs counts. What is printed is a ratio, so that
+// the figures of two machines can be compared.
 
-#include "database/Database.h"
-#include "platform/Guard.h"
+#include "Measure.h"
+#include "Shell.h"
+#include "WindowedProgram.h"
+
 #include "platform/ScriptedOperator.h"
-#include "session/Session.h"
-#include "session/Texts.h"
+#include "session/widgets/Look.h"
 #include "structure/Structure.h"
 
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
+#include <QApplication>
 #include <QTextStream>
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
-#include <cmath>
-#include <functional>
+#include <sqlite3.h>
 
 namespace {
 
-constexpr int kRuns = 5;
-
-QTextStream& out()
-{
-    static QTextStream stream(stdout);
-    return stream;
-}
-
-double bestMilliseconds(const std::function<void()>& work)
-{
-    double best = HUGE_VAL;
-    for (int run = 0; run < kRuns; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        best = std::min(best, timer.nsecsElapsed() / 1e6);
-    }
-    return best;
-}
-
-// The shell runs the statements and throws their rows away.
-double shellMilliseconds(const QString& file, const QStringList& statements)
-{
-    const QByteArray input = ".output /dev/null\n" + statements.join('\n').toUtf8() + '\n';
-    return bestMilliseconds([&] {
-        QProcess shell;
-        shell.start("sqlite3", {file});
-        shell.write(input);
-        shell.closeWriteChannel();
-        if (!shell.waitForFinished(-1) || shell.exitCode() != 0)
-            qFatal("sqlite3: %s", shell.readAllStandardError().constData());
-    });
-}
-
-double residentMegabytes()
-{
-    QFile status("/proc/self/status");
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).simplified().split(' ').first().toDouble() / 1024;
-    }
-    return 0;
-}
-
-void report(const QString& what, double ours, double shells)
-{
-    out() << qSetFieldWidth(34) << Qt::left << what << qSetFieldWidth(0)
-          << QString::asprintf("%9.2f ms  shell %9.2f ms  ratio %.2f\n", ours, shells, ours / shells);
-    out().flush();
-}
-
-// The company in a program without windows.
-struct Program
-{
-    session::Session session;
-    session::Texts texts{session.Language};
-    platform::ScriptedOperator op;
-    structure::Structure structure{session, texts, op};
-    database::Database database{session, texts, op, structure};
-
-    explicit Program(const QString& file)
-    {
-        session.Language = session::LanguageSettings::fromIdentifier("EN_English_2000");
-        session.DbPath = QFileInfo(file).absolutePath();
-        session.DbName = QFileInfo(file).fileName();
-    }
-    void connect()
-    {
-        if (!database.Connect_Database(session.dbFile()))
-            qFatal("no connection");
-    }
-    void disconnect()
-    {
-        const QString name = session.DbName;
-        database.Disconnect_Database();
-        session.DbName = name;
-    }
-};
+const QString kRatio = QStringLiteral("<= 1.50");
 
 // The statements of a connect, in their order, as the program runs them.
 QStringList statementsOfConnect()
@@ -109,8 +28,7 @@ QStringList statementsOfConnect()
     return {
         "SELECT * FROM tbInstrument ORDER BY mID;",
         "SELECT tbParam.*, tbParamType.mTag AS KeyType, tbParamLanguage.mDesc AS Des FROM (tbParamType INNER "
-        "JOIN "
-        "tbParam ON tbParamType.mID = tbParam.mKeyType) INNER JOIN tbParamLanguage ON tbParam.mID = "
+        "JOIN tbParam ON tbParamType.mID = tbParam.mKeyType) INNER JOIN tbParamLanguage ON tbParam.mID = "
         "tbParamLanguage.mID WHERE (tbParamLanguage.mKeyLang = 'EN') ORDER BY tbParam.mID;",
         "SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue FROM "
         "tbParamEnum INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID WHERE "
@@ -122,41 +40,109 @@ QStringList statementsOfConnect()
         "SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
         "tbParamGroupLanguage.mDesc AS Name FROM tbParametersUser INNER JOIN tbParamGroupLanguage ON "
         "tbParametersUser.IDParGrp = tbParamGroupLanguage.mID WHERE (tbParamGroupLanguage.mKeyLang = 'EN') "
-        "GROUP BY "
-        "tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-        "tbParamGroupLanguage.mDesc "
-        "ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp;",
+        "GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
+        "tbParamGroupLanguage.mDesc ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, "
+        "tbParametersUser.IDParGrp;",
     };
 }
 
-void measureConnect(Program& program, const QString& file, double shellStart)
+void measureConnect(WindowedProgram& program, const Shell& shell)
 {
     program.connect();
-    const double memory = residentMegabytes();
-    const double ours = bestMilliseconds([&] {
+    const double memory = measure::residentMegabytes();
+    const auto ours = [&] {
         program.disconnect();
-        program.connect();
-    });
-    report("Connect_Database", ours, shellMilliseconds(file, statementsOfConnect()) - shellStart);
-    out() << QString::asprintf("  %d nodes, %.0f MB resident after the first, %.0f MB after %d more\n",
-                               program.structure.tree().nodeCount(), memory, residentMegabytes(), kRuns);
+        return measure::milliseconds([&] { program.connect(); });
+    };
+    const measure::Comparison connect =
+        measure::inTurns(ours, [&] { return shell.milliseconds(statementsOfConnect()); });
+    measure::printLine(QStringLiteral("Connect_Database, %1 nodes, window included")
+                           .arg(program.program.structure().tree().nodeCount()),
+                       connect, kRatio);
+    measure::printFigure(QStringLiteral("  resident after the first connect"),
+                         QString::asprintf("%.0f MB", memory), QStringLiteral("<= 300 MB"));
+    measure::printFigure(QStringLiteral("  resident after all of them"),
+                         QString::asprintf("%.0f MB", measure::residentMegabytes()),
+                         QStringLiteral("<= 300 MB"));
 }
 
-// Many nodes of one level, loaded one after the other; the shell runs each node's statement.
-void measureLoads(Program& program, const QString& file, double shellStart, const char* level,
-                  const QStringList& keys)
+// Every node from the root down through the first groups: the list is loaded, the menus follow, the windows
+// are painted.
+void measureWalk(WindowedProgram& program, const QString& what, int steps)
 {
-    QStringList statements;
-    for (const QString& key : keys) {
-        program.structure.Load_Items_ListBus(key);
-        statements << program.session.strSQL;
+    double slowest = 0, all = 0;
+    program.program.structure().selectNode(QStringLiteral("Root"));
+    for (int step = 0; step < steps; ++step) {
+        const double one = measure::milliseconds([&] { program.pressInTree(Qt::Key_Down); });
+        slowest = std::max(slowest, one);
+        all += one;
     }
-    const double ours = bestMilliseconds([&] {
+    measure::printFigure(what, QString::asprintf("%.2f ms", all / steps),
+                         QString::asprintf("a step; the slowest %.2f ms", slowest));
+}
+
+void measureWalks(WindowedProgram& program)
+{
+    measureWalk(program, QStringLiteral("Arrow keys down the groups"), 500);
+    const double opened =
+        measure::milliseconds([&] { program.program.structure().ExpandCollapse_TreeBusNodes(1); });
+    measure::printFigure(QStringLiteral("Expand, all nodes"), QString::asprintf("%.2f ms", opened));
+    measureWalk(program, QStringLiteral("Arrow keys through the open tree"), 1000);
+}
+
+// The structure of the company by itself: the loading without the painting.
+class Plant
+{
+public:
+    explicit Plant(const QString& file)
+    {
+        session_.Language = session::LanguageSettings::fromIdentifier(QStringLiteral("EN_English_2000"));
+        session_.cnDatabase.Open(QStringLiteral("Data Source = ") + file);
+    }
+
+    void load(const QStringList& keys)
+    {
         for (const QString& key : keys)
-            program.structure.Load_Items_ListBus(key);
-    });
-    const double shells = shellMilliseconds(file, statements) - shellStart;
-    report(QString("Load_Items_ListBus, %1 x %2").arg(level).arg(keys.size()), ours, shells);
+            structure_.Load_Items_ListBus(key);
+    }
+
+    // What the engine is asked while these nodes are loaded, in that order.
+    QStringList statementsOf(const QStringList& keys)
+    {
+        sqlite3* engine = session_.cnDatabase.database().getHandle();
+        QStringList statements;
+        sqlite3_trace_v2(engine, SQLITE_TRACE_STMT, &Plant::note, &statements);
+        load(keys);
+        sqlite3_trace_v2(engine, 0, nullptr, nullptr);
+        return statements.filter(QStringLiteral("SELECT"));
+    }
+
+private:
+    static int note(unsigned, void* statements, void*, void* sql)
+    {
+        *static_cast<QStringList*>(statements) << QString::fromUtf8(static_cast<const char*>(sql));
+        return 0;
+    }
+
+    session::Session session_;
+    session::Texts texts_{session_.Language};
+    platform::ScriptedOperator op_;
+    structure::Structure structure_{session_, texts_, op_};
+};
+
+void measureLoads(Plant& plant, const Shell& shell, const QString& level, const QStringList& keys)
+{
+    const QStringList asked = plant.statementsOf(keys);
+    const QStringList own = asked.filter(QStringLiteral("User"));
+    const auto measureAgainst = [&](const QString& what, const QStringList& statements) {
+        const auto ours = [&] { return measure::milliseconds([&] { plant.load(keys); }); };
+        const measure::Comparison loads =
+            measure::inTurns(ours, [&] { return shell.milliseconds(statements); });
+        measure::printLine(QStringLiteral("Load_Items_ListBus, %1").arg(what), loads, kRatio);
+    };
+    measureAgainst(QStringLiteral("%1 x %2").arg(level).arg(keys.size()), own);
+    if (asked.size() > own.size())
+        measureAgainst(QStringLiteral("  and its choices"), asked);
 }
 
 QStringList childKeys(const structure::TreeModel& tree, const QString& key, int most)
@@ -168,32 +154,40 @@ QStringList childKeys(const structure::TreeModel& tree, const QString& key, int 
     return keys;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+// Nodes of one level are loaded one after the other, many enough that the clock can tell.
+void measureAllLoads(const structure::TreeModel& tree, Plant& plant, const Shell& shell)
 {
-    if (argc != 2) {
-        QTextStream(stderr) << "usage: calidora-side-by-side <file>\n";
-        return 2;
-    }
-    platform::setFailureHook([](const platform::Failure& failure) {
-        qFatal("%s: %s", qPrintable(failure.procedure), qPrintable(failure.description));
-    });
-    const QString file = QString::fromLocal8Bit(argv[1]);
-    const double shellStart = shellMilliseconds(file, {"SELECT 1;"});
-    Program program(file);
-    measureConnect(program, file, shellStart);
-
-    const structure::TreeModel& tree = program.structure.tree();
-    const QStringList groups = childKeys(tree, "Root", 200);
+    const QStringList groups = childKeys(tree, QStringLiteral("Root"), 500);
     QStringList instruments, paramGroups;
     for (const QString& group : groups)
         instruments += childKeys(tree, group, 1);
     for (const QString& instrument : instruments)
         paramGroups += childKeys(tree, instrument, 1);
-    measureLoads(program, file, shellStart, "root", QStringList("Root"));
-    measureLoads(program, file, shellStart, "group", groups);
-    measureLoads(program, file, shellStart, "instrument", instruments);
-    measureLoads(program, file, shellStart, "parameter group", paramGroups);
+    measureLoads(plant, shell, QStringLiteral("root"), QStringList(50, QStringLiteral("Root")));
+    measureLoads(plant, shell, QStringLiteral("group"), groups);
+    measureLoads(plant, shell, QStringLiteral("instrument"), instruments);
+    measureLoads(plant, shell, QStringLiteral("parameter group"), paramGroups);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    session::applyLook(application);
+    if (argc != 2) {
+        QTextStream(stderr) << "usage: calidora-side-by-side <company file>\n";
+        return 2;
+    }
+    const QString file = QString::fromLocal8Bit(argv[1]);
+    const Shell shell(file);
+    measure::printHead();
+    WindowedProgram program(file);
+    measureConnect(program, shell);
+    Plant plant(file);
+    measureAllLoads(program.program.structure().tree(), plant, shell);
+    measureWalks(program);
     return 0;
 }

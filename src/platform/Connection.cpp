@@ -13,6 +13,9 @@ namespace platform {
 namespace {
 
 constexpr int kBusyMilliseconds = 500;
+// The program has one thread: the engine needn't lock itself at every field.
+constexpr int kOpenFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+constexpr int kPreparedStatements = 128;
 
 QString dataSourceOf(const QString& connectionString)
 {
@@ -53,7 +56,7 @@ void failWithSql(const SQLite::Exception& exception, const QString& path)
          wordsFor(exception, path));
 }
 
-Connection::Connection() = default;
+Connection::Connection() : prepared_(kPreparedStatements) {}
 
 Connection::~Connection() = default;
 
@@ -66,8 +69,8 @@ void Connection::Open(const QString& connectionString)
         fail(errors::kFileNotFound,
              QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
     try {
-        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(),
-                                                           SQLite::OPEN_READWRITE, kBusyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(), kOpenFlags,
+                                                           kBusyMilliseconds);
         database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
         database->exec("SELECT Count(*) FROM sqlite_master;");
         database->exec("PRAGMA journal_mode=DELETE;");
@@ -79,6 +82,7 @@ void Connection::Open(const QString& connectionString)
 
 void Connection::Close()
 {
+    prepared_.clear();
     database_.reset();
 }
 
@@ -117,6 +121,33 @@ SQLite::Database& Connection::database() const
     if (!database_)
         fail(errors::kObjectClosed, QStringLiteral("Operation is not allowed when the object is closed."));
     return *database_;
+}
+
+PreparedStatement Connection::prepare(const QString& sql) const
+{
+    sqlite3* const engine = database().getHandle();
+    if (const std::unique_ptr<PreparedStatement> kept(prepared_.take(sql)); kept)
+        return std::move(*kept);
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* statement = nullptr;
+    const int outcome =
+        sqlite3_prepare_v2(engine, text.constData(), int(text.size()) + 1, &statement, nullptr);
+    PreparedStatement prepared(statement);
+    if (outcome != SQLITE_OK)
+        failAs(outcome);
+    if (!prepared)
+        fail(errors::kDatabase, QStringLiteral("The statement is empty."));
+    return prepared;
+}
+
+void Connection::keep(const QString& sql, PreparedStatement statement) const
+{
+    prepared_.insert(sql, new PreparedStatement(std::move(statement)));
+}
+
+void Connection::failAs(int engineCode) const
+{
+    failWithSql(SQLite::Exception(database().getHandle(), engineCode), path_);
 }
 
 Transaction::Transaction(Connection& connection) : connection_(connection)

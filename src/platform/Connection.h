@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Statement.h"
+
+#include <QCache>
 #include <QString>
 #include <memory>
 
@@ -40,12 +43,21 @@ public:
     void CommitTrans();
     void RollbackTrans();
 
-    // The engine's own handle, for Recordset. Fails when the connection is closed.
+    // The engine's own handle. Fails when the connection is closed.
     SQLite::Database& database() const;
 
 private:
+    friend class Statement;
+
+    // The statement ready to run, in nobody else's hands.
+    PreparedStatement prepare(const QString& sql) const;
+    void keep(const QString& sql, PreparedStatement statement) const;
+    [[noreturn]] void failAs(int engineCode) const;
+
     QString path_;
     std::unique_ptr<SQLite::Database> database_;
+    // The statements that ran last, by their text. They go before the engine does.
+    mutable QCache<QString, PreparedStatement> prepared_;
 };
 
 // A transaction that rolls back on every way out unless it was committed.

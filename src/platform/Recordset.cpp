@@ -1,37 +1,14 @@
 #include "platform/Recordset.h"
 
-#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
-#include "platform/SqlFailure.h"
+#include "platform/Statement.h"
 
 #include <QRegularExpression>
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
-#include <sqlite3.h>
 
 namespace platform {
 
 namespace {
-
-QVariant valueOf(const SQLite::Column& column)
-{
-    switch (column.getType()) {
-    case SQLITE_NULL:
-        return {};
-    case SQLITE_INTEGER:
-        return QVariant(qlonglong(column.getInt64()));
-    case SQLITE_FLOAT:
-        return QVariant(column.getDouble());
-    default:
-        return QVariant(QString::fromUtf8(column.getText(), column.getBytes()));
-    }
-}
-
-// The engine names some columns of parenthesised joins "IDGrp:1"; the field is "IDGrp".
-QString plainName(const char* name)
-{
-    return QString::fromUtf8(name).section(QLatin1Char(':'), 0, 0);
-}
 
 [[noreturn]] void failWithoutRecord()
 {
@@ -46,27 +23,19 @@ void Recordset::Open(const QString& sql, const Connection& connection)
 {
     if (state_ == Opened)
         fail(errors::kInvalidCall, QStringLiteral("Operation is not allowed when the object is open."));
-    SQLite::Database& engine = connection.database();
     try {
-        SQLite::Statement statement(engine, sql.toStdString());
-        const int columns = statement.getColumnCount();
-        for (int i = 0; i < columns; ++i) {
-            const QString name = plainName(statement.getColumnName(i));
-            names_ << name;
-            // As spelt and in small letters: the usual spelling is found at once, any other one too.
-            for (const QString& spelling : {name, name.toLower()}) {
-                if (!columns_.contains(spelling))
-                    columns_.insert(spelling, i);
-            }
-        }
-        while (statement.executeStep()) {
-            for (int i = 0; i < columns; ++i)
-                cells_.push_back(valueOf(statement.getColumn(i)));
+        Statement statement(connection, sql);
+        while (statement.step()) {
+            const int columns = statement.columnCount();
+            for (int column = 0; column < columns; ++column)
+                cells_.push_back(statement.value(column));
             ++rowCount_;
         }
-    } catch (const SQLite::Exception& exception) {
+        for (int column = 0; column < statement.columnCount(); ++column)
+            names_ << statement.columnName(column);
+    } catch (...) {
         Close();
-        failWithSql(exception, QString::fromStdString(engine.getFilename()));
+        throw;
     }
     current_ = 0;
     state_ = Opened;
@@ -134,14 +103,35 @@ const QVariant& Recordset::field(int column) const
     return cell(current_, column);
 }
 
+QString Recordset::text(const QString& name) const
+{
+    const QVariant& value = (*this)[name];
+    // The two kinds that nearly every field has, without the detour over the conversions.
+    switch (value.typeId()) {
+    case QMetaType::QString:
+        return *static_cast<const QString*>(value.constData());
+    case QMetaType::LongLong:
+        return QString::number(*static_cast<const qlonglong*>(value.constData()));
+    default:
+        return value.toString();
+    }
+}
+
+bool Recordset::hasField(const QString& name) const
+{
+    return names_.contains(name, Qt::CaseInsensitive);
+}
+
 int Recordset::columnOf(const QString& name) const
 {
-    auto found = columns_.constFind(name);
-    if (found == columns_.constEnd())
-        found = columns_.constFind(name.toLower());
-    if (found == columns_.constEnd())
+    qsizetype column = names_.indexOf(name);
+    for (qsizetype other = 0; column < 0 && other < names_.size(); ++other) {
+        if (names_[other].compare(name, Qt::CaseInsensitive) == 0)
+            column = other;
+    }
+    if (column < 0)
         fail(errors::kItemNotFound, QStringLiteral("Item '%1' cannot be found in the collection.").arg(name));
-    return *found;
+    return int(column);
 }
 
 } // namespace platform

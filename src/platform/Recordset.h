@@ -43,12 +43,16 @@ public:
     void Find(const QString& criterion);
 
     QStringList fieldNames() const { return names_; }
-    bool hasField(const QString& name) const { return columns_.contains(name.toLower()); }
+    bool hasField(const QString& name) const;
     // The field of the current record, by name without regard to case. No such field or no record fails.
     const QVariant& operator[](const QString& name) const;
+<<<<<<< HEAD
     // The same by position, for a statement whose columns nobody knows.
     const QVariant& field(int column) const;
     QString text(const QString& name) const { return (*this)[name].toString(); }
+=======
+    QString text(const QString& name) const;
+>>>>>>> bench
     int number(const QString& name) const { return (*this)[name].toInt(); }
 
 private:
@@ -62,7 +66,6 @@ private:
     int rowCount_ = 0;
     int current_ = 0;
     QStringList names_;
-    QHash<QString, int> columns_;
     std::vector<QVariant> cells_;
     QHash<int, QHash<QString, std::vector<int>>> rowsByValue_;
 };

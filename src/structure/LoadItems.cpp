@@ -46,6 +46,7 @@ public:
     Filling(const Filling&) = delete;
     Filling& operator=(const Filling&) = delete;
 
+    void expect(int items) { items_.reserve(std::size_t(items)); }
     void add(ListItem item) { items_.push_back(std::move(item)); }
 
 private:
@@ -150,7 +151,9 @@ void Structure::fillList(int level, const KeyParts& ids)
     const platform::Snapshot snapshot(session_.cnDatabase); // the rows and the choices looked up for them
     // The text of the row before stands until a row gives one of its own.
     QString shown;
-    for (WorkRecordset rows(session_); !rows->Eof(); rows->MoveNext()) {
+    WorkRecordset rows(session_);
+    filling.expect(rows->RecordCount());
+    for (; !rows->Eof(); rows->MoveNext()) {
         switch (level) {
         case kRoot:
             filling.add(groupItem(*rows));

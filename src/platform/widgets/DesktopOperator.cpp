@@ -5,16 +5,21 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QThread>
+#include <QWindow>
+#include <algorithm>
 
 namespace platform {
 
 namespace {
 
+constexpr int kLongestExposure = 500; // milliseconds
 constexpr int kInputWidth = 360;
 
 struct BoxButton
@@ -257,7 +262,24 @@ void DesktopOperator::enableForm(const QString& name, bool enabled)
 
 void DesktopOperator::repaint()
 {
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    // A window that was just shown may paint only when the screen has answered, which takes a moment.
+    QElapsedTimer waiting;
+    waiting.start();
+    do {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+        if (!awaitsItsScreen())
+            return;
+        QThread::msleep(5);
+    } while (waiting.elapsed() < kLongestExposure);
+}
+
+bool DesktopOperator::awaitsItsScreen() const
+{
+    return std::any_of(loaded_.begin(), loaded_.end(), [](const auto& named) {
+        const QWidget* window = named.second;
+        return window && window->isVisible() && window->windowHandle() &&
+               !window->windowHandle()->isExposed();
+    });
 }
 
 QWidget* DesktopOperator::load(const QString& name)

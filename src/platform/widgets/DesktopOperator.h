@@ -49,6 +49,7 @@ public:
 
 private:
     QWidget* load(const QString& name);
+    bool awaitsItsScreen() const;
     QWidget* owner() const;
     QString chooseFile(const FileRequest& request, bool save);
 

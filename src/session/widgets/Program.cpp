@@ -13,7 +13,9 @@
 #include "session/frmMain.h"
 #include "session/frmPresentation.h"
 #include "session/frmVideoProperty.h"
+#include "structure/frmFind.h"
 #include "structure/frmListBus.h"
+#include "structure/frmPending.h"
 #include "structure/frmTreeBus.h"
 #include "values/Cyrillic.h"
 
@@ -30,7 +32,8 @@ Program::Program(const Surroundings& surroundings)
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
       commands_(with_.session, structure_),
-      main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()})
+      main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()}),
+      alarmNotice_(with_.session, with_.texts)
 {
     registerCommands();
     registerForms();
@@ -75,6 +78,10 @@ void Program::registerCommands()
     for (int view = 0; view < views.size(); ++view)
         handlers_.set(views[view], [this, view] { structure_.Set_View_ListBus(view); });
 
+    handlers_.set("Filter", [this] { mainWindow()->listBus()->showFilter(); });
+    handlers_.set("Find", [this] { showBeside("frmFind"); });
+    handlers_.set("Pending", [this] { showBeside("frmPending"); });
+
     handlers_.set("TlbComplete", [this] { commands_.Set_View_Toolbar(-1); });
     handlers_.set("TlbReduced", [this] { commands_.Set_View_Toolbar(0); });
     handlers_.set("TlbLargeIcons", [this] { commands_.Set_Form_Icons(-1); });
@@ -107,6 +114,10 @@ void Program::registerForms()
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);
         return window;
     });
+    with_.op.registerForm("frmFind",
+                          [&, this] { return new structure::frmFind(structure_, session, texts, op); });
+    with_.op.registerForm("frmPending",
+                          [&, this] { return new structure::frmPending(structure_, session, texts, op); });
     with_.op.registerForm("frmReadLogFiles", [&] { return new events::frmReadLogFiles(session, texts, op); });
 }
 
@@ -126,6 +137,13 @@ frmMain* Program::mainWindow() const
     return qobject_cast<frmMain*>(with_.op.form("frmMain"));
 }
 
+// A window that stays beside the main one while the operator works in either.
+void Program::showBeside(const QString& form)
+{
+    with_.op.showForm(form);
+    with_.op.form(form)->activateWindow();
+}
+
 void Program::listen()
 {
     using structure::Structure;
@@ -141,6 +159,11 @@ void Program::listen()
     connect(&structure_, &Structure::propertyWanted, this, [this] { handlers_.run("Property"); });
 
     connect(&database_, &database::Database::connected, this, [this] { main_.companyConnected(); });
+    // What stands in the two windows is of the company that was open.
+    connect(&database_, &database::Database::captionChanged, this, [this] {
+        with_.op.unloadForm("frmFind");
+        with_.op.unloadForm("frmPending");
+    });
     connect(&database_, &database::Database::connectionLost, this, [this] { main_.companyLost(); });
 
     purge_.onFile = [this](int percent, const QString& shown) {
@@ -149,7 +172,7 @@ void Program::listen()
     };
     bus_.onAlarms = [this] {
         if (QWidget* window = mainWindow())
-            QApplication::alert(window);
+            alarmNotice_.tell(*window);
     };
 }
 

@@ -13,6 +13,7 @@
 #include "session/Commands.h"
 #include "session/Main.h"
 #include "structure/PlantEditor.h"
+#include "session/widgets/AlarmNotice.h"
 #include "structure/Structure.h"
 
 #include <QObject>
@@ -66,6 +67,7 @@ signals:
 private:
     void registerCommands();
     void registerForms();
+    void showBeside(const QString& form);
     void listen();
     MainServices services();
     QWidget* makeMainWindow();
@@ -85,6 +87,7 @@ private:
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;
+    AlarmNotice alarmNotice_;
     std::optional<platform::SingleInstance> instance_;
 };
 

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/MemorySerialPort.h"
+#include "platform/VirtualClock.h"
+#include "platform/widgets/DesktopOperator.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "session/widgets/Program.h"
+
+#include <QTemporaryDir>
+
+class QWidget;
+
+// The whole program with its windows in a fresh application folder, on a company that lies elsewhere. Its
+// clock is a virtual one: the splash costs no time. A failure ends the process with its words.
+class WindowedProgram
+{
+public:
+    // Nothing is open yet: the first connect() starts the program as a second run does.
+    explicit WindowedProgram(const QString& company);
+
+    void connect();
+    void disconnect();
+    // Sends a key to the tree and lets the windows paint what it changed.
+    void pressInTree(int key);
+
+    session::Session session;
+    session::Texts texts{session.Language};
+    platform::DesktopOperator op{[this](const QString& key) { return texts.own(key); }};
+    platform::VirtualClock clock;
+    platform::MemorySerialPort port{clock};
+    session::Program program{{session, texts, op, clock, port}};
+
+private:
+    QWidget* tree() const;
+
+    QTemporaryDir home_;
+    QString folder_, name_;
+    bool started_ = false;
+};
