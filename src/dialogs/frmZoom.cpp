@@ -75,6 +75,7 @@ void frmZoom::layOut()
     layout->setSpacing(0);
     layout->addWidget(lvwZoom_, 1);
     layout->addWidget(staZoom_);
+    lvwZoom_->setFocus();
 }
 
 void frmZoom::makePopup()

@@ -35,6 +35,7 @@ protected:
         QTimer::singleShot(0, qApp, [this, play] {
             form = qobject_cast<QDialog*>(desktop.form("frmZoom"));
             ASSERT_TRUE(form && form->isModal());
+            ASSERT_TRUE(QTest::qWaitForWindowActive(form));
             play();
             if (desktop.form("frmZoom"))
                 form->close();
@@ -72,7 +73,7 @@ TEST_F(ZoomWindow, ShowsTitleRowsAndColumns)
         EXPECT_EQ(rows(), "# 6");
         EXPECT_EQ(zoom.list().rowCount(), 6);
         EXPECT_EQ(selected(), -1);
-        EXPECT_FALSE(form->findChild<QProgressBar>("prgZoom")->isVisible());
+        EXPECT_FALSE(form->findChild<QProgressBar*>("prgZoom")->isVisible());
         EXPECT_TRUE(lvwZoom()->hasFocus());
     });
 }

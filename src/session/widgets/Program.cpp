@@ -4,6 +4,7 @@
 #include "database/frmConnection.h"
 #include "dialogs/frmMessage.h"
 #include "dialogs/frmZoom.h"
+#include "dialogs/frmZoomDate.h"
 #include "events/frmReadLogFiles.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "session/Configuration.h"
@@ -106,6 +107,7 @@ void Program::registerForms()
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
     with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
     with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
+    with_.op.registerForm("frmZoomDate", [&] { return new dialogs::frmZoomDate(session, clock); });
     with_.op.registerForm("frmReadWrite", [&, this] {
         return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
     });

@@ -12,8 +12,8 @@
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
-#include "structure/PlantEditor.h"
 #include "session/widgets/AlarmNotice.h"
+#include "structure/PlantEditor.h"
 #include "structure/Structure.h"
 
 #include <QObject>

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDialog>
+
+class QCalendarWidget;
+
+namespace platform {
+class Clock;
+}
+namespace session {
+struct Session;
+}
+
+namespace dialogs {
+
+// A calendar from which a date is picked, by double click or Enter.
+class frmZoomDate : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmZoomDate(const session::Session& session, const platform::Clock& clock);
+
+    // The date picked as "dd/mm/yy"; "" when the window closed without one.
+    const QString& pickedDate() const { return pickedDate_; }
+
+private:
+    void pick(QDate date);
+
+    QCalendarWidget* mvwCalendario_;
+    QString pickedDate_;
+};
+
+} // namespace dialogs
