@@ -71,7 +71,6 @@ TEST_F(Filter, KnowsTheCasesOfCyrillic)
 {
     setLanguage("RU_Русский_6000");
     start();
-    session::SetLanguage_AllForms("RU_Русский_6000", desktop.loadedForms(), session, texts, desktop);
     clickNode("3_1_1_G01");
     openFilter();
     type("ру hum");

@@ -1,4 +1,5 @@
 #include "gui/GuiFixture.h"
+#include "session/widgets/FormLanguage.h"
 
 #include <QLabel>
 #include <QPushButton>
