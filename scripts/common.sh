@@ -8,7 +8,7 @@ build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev lib
   libsqlitecpp-dev libgtest-dev libgmock-dev libbenchmark-dev)
 run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 libsqlite3-0 fonts-dejavu-core
   fonts-liberation2 sqlite3)
-screen_packages=(xvfb xauth openbox xdotool x11-apps imagemagick)
+screen_packages=(xvfb openbox xdotool imagemagick)
 test_packages=(socat faketime iaxmodem)
 check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
 
@@ -30,6 +30,9 @@ need() {
   "${as_root[@]}" apt-get update -qq
   DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
+
+# Runs a command that is killed when this shell ends, whatever ends it.
+bound_to_me() { exec setpriv --pdeathsig KILL "$@"; }
 
 # Configures once, then builds what has changed. Arguments are targets; none builds all.
 build() {
@@ -72,15 +75,15 @@ start_instrument() {
   shift
   "$build_folder/catalogue/calidora-catalogue" memory "$demo_source" "$home/Data/Demo.mdb" "$home/instrument.txt"
   rm -f "$home/ports/COM1"
-  coproc INSTRUMENT { exec "$build_folder/instrument/calidora-instrument" --memory "$home/instrument.txt" --home "$home" "$@"; }
+  coproc INSTRUMENT { bound_to_me "$build_folder/instrument/calidora-instrument" --memory "$home/instrument.txt" --home "$home" "$@"; }
   exec 7>&"${INSTRUMENT[1]}" 8<&"${INSTRUMENT[0]}"
-  read -r -u 8 -t 10 instrument_ready
+  read -r -u 8 -t 10 instrument_ready || { say "the instrument did not start"; return 1; }
 }
 
 # One command to the virtual instrument, and its answer.
 ask_instrument() {
   printf '%s\n' "$*" >&7
-  read -r -u 8 -t 10 answer
+  read -r -u 8 -t 10 answer || { say "the instrument does not answer to \"$*\"" >&2; return 1; }
   printf '%s\n' "$answer"
 }
 

@@ -129,6 +129,8 @@ private:
     }
 
     // Every count between the limits must show what it means: no digit behind the mask, no part of a minute.
+    // That holds for TIME_HMS as well, whose minutes keep their fraction and whose seconds are therefore
+    // always 0.
     void checkSteps()
     {
         static const QRegularExpression kMask(QStringLiteral("^(?:#,##)?0(?:\\.(0+))?$"));
@@ -136,7 +138,7 @@ private:
         if ((parameter_.key == "REAL") != mask.hasMatch())
             return say(QStringLiteral("a REAL, and nothing else, has a mask such as 0.0"));
         const double places = std::pow(10, mask.captured(1).size());
-        const double step = parameter_.key == "TIME_H" ? 3600 : parameter_.key == "TIME_HM" ? 60 : 1;
+        const double step = parameter_.key == "TIME_H" ? 3600 : 60;
         const auto [first, last] = rawRange(parameter_);
         const int stride = (last - first) / kMostSamples + 1;
         for (int raw = first; raw <= last; raw += stride) {

@@ -17,15 +17,14 @@ bool highByteFirst(const Parameter& parameter)
     return parameter.wire == "WORD_H" || parameter.wire == "INT_H";
 }
 
+// Whole minutes, also under TIME_HMS.
 QString timeText(const Parameter& parameter, int seconds)
 {
     const int hours = seconds / 3600;
     const int minutes = parameter.key == "TIME_H" ? 0 : seconds / 60 % 60;
-    const int rest = parameter.key == "TIME_HMS" ? seconds % 60 : 0;
-    return QStringLiteral("%1:%2:%3")
+    return QStringLiteral("%1:%2:00")
         .arg(hours, 2, 10, QLatin1Char('0'))
-        .arg(minutes, 2, 10, QLatin1Char('0'))
-        .arg(rest, 2, 10, QLatin1Char('0'));
+        .arg(minutes, 2, 10, QLatin1Char('0'));
 }
 
 std::optional<double> numberIn(const Parameter& parameter, const QString& value)

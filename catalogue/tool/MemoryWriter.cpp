@@ -78,16 +78,18 @@ public:
     QString text()
     {
         QString result = "# What the instruments of the demo company hold.\n";
-        SQLite::Statement plants(company_, "SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp");
+        SQLite::Statement plants(company_, "SELECT IDGrp, Phone FROM tbGroupsUser ORDER BY IDGrp");
         while (plants.executeStep())
-            result += plantText(plants.getColumn(0).getInt());
+            result += plantText(plants.getColumn(0).getInt(), textOf(plants.getColumn(1)));
         return result;
     }
 
 private:
-    QString plantText(int plant)
+    QString plantText(int plant, const QString& phone)
     {
         QString result = QStringLiteral("\n[plant %1]\n").arg(plant);
+        if (!phone.isEmpty())
+            result += QStringLiteral("phone %1\n").arg(phone);
         SQLite::Statement instruments(
             company_,
             "SELECT IDInst, IDItem, Address FROM tbInstrumentsUser WHERE IDGrp = ? ORDER BY IDInst");

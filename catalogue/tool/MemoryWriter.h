@@ -9,6 +9,7 @@ namespace catalogue {
 // standard value here, what is not known there is known here, and what the demo says an instrument "holds",
 // it holds.
 //   [plant 1]
+//   phone <number>
 //   [instrument 00]
 //   bank <read command> <write command> <first address> <size> : <bytes in hexadecimal>
 //    <more bytes>

@@ -44,12 +44,16 @@ void Loop::run()
 void Loop::waitForSomething()
 {
     // A negative descriptor is passed over.
-    pollfd sources[] = {
-        {pty_.descriptor(), POLLIN, 0}, {inputOpen_ ? STDIN_FILENO : -1, POLLIN, 0}, {signals_, POLLIN, 0}};
+    pollfd sources[] = {{pty_.descriptor(), POLLIN, 0},
+                        {inputOpen_ ? STDIN_FILENO : -1, POLLIN, 0},
+                        {signals_, POLLIN, 0},
+                        {pty_.departures(), POLLIN, 0}};
     poll(sources, std::size(sources), patienceMs());
     lineReady_ = sources[0].revents & POLLIN;
     inputReady_ = sources[1].revents & (POLLIN | POLLHUP);
     ended_ = sources[2].revents & POLLIN;
+    if (sources[3].revents & POLLIN)
+        pty_.clearUpBehind();
 }
 
 int Loop::patienceMs() const

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <stdlib.h>
+#include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <system_error>
 #include <termios.h>
 #include <unistd.h>
@@ -22,7 +24,7 @@ namespace {
 
 } // namespace
 
-Pty::Pty(QString link) : link_(std::move(link))
+Pty::Pty(QString link) : link_(std::move(link)), watch_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
     plugIn();
 }
@@ -32,6 +34,7 @@ Pty::~Pty()
     unplug();
     if (QFile::symLinkTarget(link_) == device_)
         QFile::remove(link_);
+    close(watch_);
 }
 
 void Pty::plugIn()
@@ -50,6 +53,7 @@ void Pty::plugIn()
     tcgetattr(slave_, &settings);
     cfmakeraw(&settings);
     tcsetattr(slave_, TCSANOW, &settings);
+    inotify_add_watch(watch_, device_.toLocal8Bit().constData(), IN_CLOSE);
     replaceLink();
 }
 
@@ -60,6 +64,17 @@ void Pty::unplug()
     close(slave_);
     close(master_);
     master_ = slave_ = -1;
+}
+
+// The claim would end with the last descriptor of the far side, but one of them is kept open here.
+void Pty::clearUpBehind()
+{
+    char events[1024];
+    bool left = false;
+    while (::read(watch_, events, sizeof events) > 0)
+        left = true;
+    if (left && isPlugged())
+        ioctl(slave_, TIOCNXCL);
 }
 
 void Pty::replaceLink()

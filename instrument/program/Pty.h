@@ -9,8 +9,9 @@ namespace instrument {
 // in.
 //
 // The far side is kept open here too, so that the program may close and open it as often as it likes without
-// this side's seeing a hang-up. Unplugging closes both sides: the program meets a vanished device. The link
-// lives as long as this does.
+// this side's seeing a hang-up. What a killed program left on it, its claim to have it alone, is taken back
+// as soon as it has gone. Unplugging closes both sides: the program meets a vanished device. The link lives
+// as long as this does.
 class Pty
 {
 public:
@@ -27,6 +28,9 @@ public:
 
     // For poll(2); -1 while unplugged.
     int descriptor() const { return master_; }
+    // For poll(2): readable when somebody has left the far side.
+    int departures() const { return watch_; }
+    void clearUpBehind();
     QString device() const { return device_; }
 
     // All that is waiting.
@@ -41,6 +45,7 @@ private:
     QString device_;
     int master_ = -1;
     int slave_ = -1;
+    int watch_;
 };
 
 } // namespace instrument

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 namespace platform {
 
@@ -52,6 +53,8 @@ public:
     // The whole name of the chosen file; a cancel is RuntimeError 32755.
     virtual QString openFile(const FileRequest& request) = 0;
     virtual QString saveFile(const FileRequest& request) = 0;
+    // A line of text that the operator types; none when the box is cancelled.
+    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
     virtual void setPointer(Pointer pointer) = 0;
     virtual void beep() = 0;
 

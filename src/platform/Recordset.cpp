@@ -93,17 +93,22 @@ void Recordset::Find(const QString& criterion)
 
 QVariant Recordset::operator[](const QString& name) const
 {
-    return valueOf(field(name));
+    return valueOf(current(columnOf(name)));
+}
+
+QVariant Recordset::field(int column) const
+{
+    return valueOf(current(column));
 }
 
 QString Recordset::text(const QString& name) const
 {
-    return textOf(field(name));
+    return textOf(current(columnOf(name)));
 }
 
 std::optional<QString> Recordset::optionalText(const QString& name) const
 {
-    const Cell& cell = field(name);
+    const Cell& cell = current(columnOf(name));
     return cell.kind == Statement::Kind::Null ? std::nullopt : std::optional(textOf(cell));
 }
 
@@ -145,9 +150,8 @@ int Recordset::columnOf(const QString& name) const
     return int(column);
 }
 
-const Recordset::Cell& Recordset::field(const QString& name) const
+const Recordset::Cell& Recordset::current(int column) const
 {
-    const int column = columnOf(name);
     if (current_ < 0 || Eof())
         failWithoutRecord();
     return cell(current_, column);

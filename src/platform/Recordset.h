@@ -50,6 +50,8 @@ public:
     bool hasField(const QString& name) const;
     // The field of the current record, by name without regard to case. No such field or no record fails.
     QVariant operator[](const QString& name) const;
+    // The same by position, for a statement whose columns nobody knows.
+    QVariant field(int column) const;
     QString text(const QString& name) const;                        // NULL is the empty text
     std::optional<QString> optionalText(const QString& name) const; // NULL is none
     int number(const QString& name) const { return (*this)[name].toInt(); }
@@ -71,7 +73,7 @@ private:
     Cell read(const Statement& row, int column);
     int columnOf(const QString& name) const;
     const Cell& cell(int row, int column) const { return cells_[std::size_t(row) * names_.size() + column]; }
-    const Cell& field(const QString& name) const; // of the current record
+    const Cell& current(int column) const; // of the record on which the cursor stands
     QString textOf(const Cell& cell) const;
     QVariant valueOf(const Cell& cell) const;
 

@@ -28,6 +28,18 @@ int ScriptedOperator::messageBox(const QString& text, Buttons buttons, Icon icon
     }
 }
 
+std::optional<QString> ScriptedOperator::inputBox(const QString& prompt, const QString& title)
+{
+    inputBoxes.emplace_back(prompt, title);
+    if (inputs_.empty()) {
+        unexpected << prompt;
+        return std::nullopt;
+    }
+    const std::optional<QString> typed = inputs_.front();
+    inputs_.pop_front();
+    return typed;
+}
+
 void ScriptedOperator::showFormModal(const QString& name)
 {
     forms << "modal " + name;

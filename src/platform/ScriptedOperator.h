@@ -26,11 +26,14 @@ public:
     void expect(const QString& text, int answer = answers::kOk);
     // The next file dialog gives this name; an empty one is a cancel.
     void chooseFile(const QString& name) { files_.push_back(name); }
-    bool done() const { return script_.empty() && files_.empty(); }
+    // The next input box is answered with this text; none is a cancel.
+    void type(const std::optional<QString>& text) { inputs_.push_back(text); }
+    bool done() const { return script_.empty() && files_.empty() && inputs_.empty(); }
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
     QString openFile(const FileRequest& request) override { return nextFile(request); }
     QString saveFile(const FileRequest& request) override { return nextFile(request); }
+    std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     void setPointer(Pointer pointer) override { this->pointer = pointer; }
     void beep() override { ++beeps; }
     void showForm(const QString& name) override { forms << "show " + name; }
@@ -42,8 +45,9 @@ public:
 
     std::vector<Box> boxes; // every box that appeared
     std::vector<FileRequest> fileRequests;
-    QStringList unexpected; // texts of boxes that no script expected
-    QStringList forms;      // what was asked of the windows, in order
+    std::vector<std::pair<QString, QString>> inputBoxes; // prompt and title
+    QStringList unexpected;                              // texts of boxes that no script expected
+    QStringList forms;                                   // what was asked of the windows, in order
     Pointer pointer = Pointer::Default;
     int beeps = 0;
     // Plays the operator inside a modal window.
@@ -54,6 +58,7 @@ private:
 
     std::deque<std::pair<QString, int>> script_;
     std::deque<QString> files_;
+    std::deque<std::optional<QString>> inputs_;
 };
 
 } // namespace platform

@@ -70,6 +70,12 @@ MenuEntry choice(const QString& name, int text, const QString& command)
     return {name, text, command, {}, {}, true};
 }
 
+// A command of this build's own, whose words are own texts.
+MenuEntry own(const QString& name, const QString& text, const QString& command, const QString& shortcut)
+{
+    return {name, 0, command, {}, {}, false, text, shortcut};
+}
+
 MenuEntry commandMenu(Place place)
 {
     MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu")};
@@ -116,7 +122,11 @@ std::vector<MenuEntry> menuBar(Place place)
           choice("mnuLargeIcons", 131, "LargeIcon"),
           choice("mnuSmallIcons", 132, "SmallIcon"),
           choice("mnuListIcons", 133, "List"),
-          choice("mnuReportIcons", 134, "Report")}},
+          choice("mnuReportIcons", 134, "Report"),
+          kSeparator,
+          own("mnuFilter", "menu.filter", "Filter", "Ctrl+F"),
+          own("mnuFind", "menu.find", "Find", "Ctrl+Shift+F"),
+          own("mnuPending", "menu.pending", "Pending", "Ctrl+Shift+P")}},
         {"mnuUtility",
          135,
          {},

@@ -33,6 +33,8 @@ struct MenuEntry
     std::vector<MenuEntry> entries = {};
     QString caption = {};
     bool oneOf = false;
+    QString ownText = {}; // name of the caption among the own texts, for one without an offset
+    QString shortcut = {};
 
     bool isSeparator() const { return name == QLatin1String("-"); }
 };

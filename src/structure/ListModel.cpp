@@ -30,76 +30,112 @@ void ListModel::clear()
 void ListModel::setItems(std::vector<ListItem> items)
 {
     beginResetModel();
-    rows_.clear();
-    rowByKey_.clear();
+    items_.clear();
+    placeByKey_.clear();
     nextOrder_ = 0;
-    rows_.reserve(items.size());
-    rowByKey_.reserve(qsizetype(items.size()));
+    items_.reserve(items.size());
+    placeByKey_.reserve(qsizetype(items.size()));
     for (ListItem& item : items) {
-        int& row = rowByKey_[item.key];
-        if (rowByKey_.size() == qsizetype(rows_.size())) // nothing new
+        if (placeByKey_.contains(item.key))
             continue;
-        row = int(rows_.size());
-        rows_.push_back({std::move(item), nextOrder_++});
+        placeByKey_.insert(item.key, int(items_.size()));
+        items_.push_back({std::move(item), nextOrder_++, kHidden});
     }
     if (sortColumn_ >= 0)
-        sortRows();
+        sortItems();
+    applyFilter();
     endResetModel();
 }
 
 bool ListModel::addItem(const ListItem& item)
 {
-    if (rowByKey_.contains(item.key))
+    if (placeByKey_.contains(item.key))
         return false;
-    const Row row{item, nextOrder_++};
+    const Item added{item, nextOrder_++, 0};
     const auto place =
-        std::upper_bound(rows_.begin(), rows_.end(), row,
-                         [this](const Row& one, const Row& other) { return before(one, other); });
-    const int at = int(place - rows_.begin());
-    beginInsertRows({}, at, at);
-    rows_.insert(place, row);
-    reindex(at);
+        std::upper_bound(items_.begin(), items_.end(), added,
+                         [this](const Item& one, const Item& other) { return before(one, other); });
+    const int at = int(place - items_.begin());
+    const int row = int(std::lower_bound(places_.begin(), places_.end(), at) - places_.begin());
+    beginInsertRows({}, row, row);
+    items_.insert(place, added);
+    numberPlaces(at);
+    numberRows();
     endInsertRows();
     return true;
 }
 
 bool ListModel::removeItem(const QString& key)
 {
-    const int row = rowOf(key);
-    if (row < 0)
+    const int place = placeByKey_.value(key, -1);
+    if (place < 0)
         return false;
-    beginRemoveRows({}, row, row);
-    rows_.erase(rows_.begin() + row);
-    rowByKey_.remove(key);
-    reindex(row);
-    endRemoveRows();
+    const int row = items_[place].row;
+    if (row != kHidden)
+        beginRemoveRows({}, row, row);
+    items_.erase(items_.begin() + place);
+    placeByKey_.remove(key);
+    numberPlaces(place);
+    numberRows();
+    if (row != kHidden)
+        endRemoveRows();
     return true;
 }
 
 bool ListModel::updateItem(const ListItem& item)
 {
-    const int row = rowOf(item.key);
-    if (row < 0)
+    const int place = placeByKey_.value(item.key, -1);
+    if (place < 0)
         return false;
-    rows_[row].item = item;
-    emit dataChanged(index(row, 0), index(row, kColumns - 1));
+    items_[place].item = item;
+    if (const int row = items_[place].row; row != kHidden)
+        emit dataChanged(index(row, 0), index(row, kColumns - 1));
     return true;
 }
 
 const ListItem* ListModel::item(const QString& key) const
 {
-    const int row = rowOf(key);
-    return row < 0 ? nullptr : &rows_[row].item;
+    const int place = placeByKey_.value(key, -1);
+    return place < 0 ? nullptr : &items_[place].item;
 }
 
 QString ListModel::keyAt(int row) const
 {
-    return row < 0 || row >= int(rows_.size()) ? QString() : rows_[row].item.key;
+    return row < 0 || row >= int(places_.size()) ? QString() : items_[places_[row]].item.key;
 }
 
 int ListModel::rowOf(const QString& key) const
 {
-    return rowByKey_.value(key, -1);
+    const int place = placeByKey_.value(key, -1);
+    return place < 0 ? -1 : items_[place].row;
+}
+
+void ListModel::setFilter(const QString& text)
+{
+    if (text == filter())
+        return;
+    beginResetModel();
+    matcher_.setPattern(text);
+    applyFilter();
+    endResetModel();
+    emit filterChanged();
+}
+
+bool ListModel::passes(const ListItem& item) const
+{
+    for (int column = 0; column < kColumns; ++column) {
+        if (matcher_.indexIn(textOf(item, column)) >= 0)
+            return true;
+    }
+    return false;
+}
+
+void ListModel::applyFilter()
+{
+    const bool all = filter().isEmpty();
+    for (Item& each : items_)
+        each.row = all || passes(each.item) ? 0 : kHidden;
+    numberRows();
 }
 
 void ListModel::setColumnCaptions(const QStringList& captions)
@@ -117,7 +153,8 @@ void ListModel::sortByColumn(int column, bool ascending)
     QStringList keys;
     for (const QModelIndex& index : former)
         keys << keyAt(index.row());
-    sortRows();
+    sortItems();
+    numberRows();
     for (int i = 0; i < former.size(); ++i)
         changePersistentIndex(former[i], index(rowOf(keys[i]), former[i].column()));
     emit layoutChanged({}, VerticalSortHint);
@@ -126,7 +163,7 @@ void ListModel::sortByColumn(int column, bool ascending)
 
 int ListModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : int(rows_.size());
+    return parent.isValid() ? 0 : int(places_.size());
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const
@@ -138,7 +175,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid())
         return {};
-    const ListItem& item = rows_[index.row()].item;
+    const ListItem& item = items_[places_[index.row()]].item;
     switch (role) {
     case Qt::DisplayRole:
         return textOf(item, index.column());
@@ -163,7 +200,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
 }
 
 // Equal texts keep the order of loading, in either direction.
-bool ListModel::before(const Row& one, const Row& other) const
+bool ListModel::before(const Item& one, const Item& other) const
 {
     if (sortColumn_ >= 0) {
         const int order =
@@ -174,17 +211,30 @@ bool ListModel::before(const Row& one, const Row& other) const
     return one.order < other.order;
 }
 
-void ListModel::sortRows()
+void ListModel::sortItems()
 {
-    std::sort(rows_.begin(), rows_.end(),
-              [this](const Row& one, const Row& other) { return before(one, other); });
-    reindex(0);
+    std::sort(items_.begin(), items_.end(),
+              [this](const Item& one, const Item& other) { return before(one, other); });
+    numberPlaces(0);
 }
 
-void ListModel::reindex(int from)
+void ListModel::numberPlaces(int from)
 {
-    for (int row = from; row < int(rows_.size()); ++row)
-        rowByKey_[rows_[row].item.key] = row;
+    for (int place = from; place < int(items_.size()); ++place)
+        placeByKey_[items_[place].item.key] = place;
+}
+
+// The rows of what is not hidden, from the top down.
+void ListModel::numberRows()
+{
+    places_.clear();
+    places_.reserve(items_.size());
+    for (int place = 0; place < int(items_.size()); ++place) {
+        if (items_[place].row == kHidden)
+            continue;
+        items_[place].row = int(places_.size());
+        places_.push_back(place);
+    }
 }
 
 } // namespace structure

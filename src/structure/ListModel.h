@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QStringList>
+#include <QStringMatcher>
 #include <vector>
 
 namespace structure {
@@ -16,7 +17,8 @@ struct ListItem
     int icon = 0;    // 1 root, 2 group, 3 instrument, 4 parameter group, 5 to 7 parameter by state
 };
 
-// The children of the selected tree node as a list of three columns.
+// The children of the selected tree node as a list of three columns. A filter narrows what is shown: rows are
+// those shown, while an item that the filter hides is still found, changed and removed by its key.
 class ListModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -33,12 +35,18 @@ public:
     void clear();
     // Replaces all items at once; of two with the same key the first stays.
     void setItems(std::vector<ListItem> items);
-    bool addItem(const ListItem& item); // false when the key is there already
+    // False when the key is there already. What is added under a filter shows until the filter changes.
+    bool addItem(const ListItem& item);
     bool removeItem(const QString& key);
     bool updateItem(const ListItem& item); // by key
     const ListItem* item(const QString& key) const;
     QString keyAt(int row) const;
-    int rowOf(const QString& key) const; // -1 when missing
+    int rowOf(const QString& key) const;                 // -1 when missing or hidden
+    int itemCount() const { return int(items_.size()); } // hidden ones among them
+
+    // Shows only the items that hold the text in one of their columns, in any case; "" shows all.
+    void setFilter(const QString& text);
+    QString filter() const { return matcher_.pattern(); }
 
     void setColumnCaptions(const QStringList& captions); // three
     QStringList columnCaptions() const { return captions_; }
@@ -54,19 +62,30 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+signals:
+    void filterChanged();
+
 private:
-    struct Row
+    static constexpr int kHidden = -1;
+
+    struct Item
     {
         ListItem item;
         int order; // of loading
+        int row;   // where it is shown, or kHidden
     };
 
-    bool before(const Row& one, const Row& other) const;
-    void sortRows();
-    void reindex(int from);
+    bool before(const Item& one, const Item& other) const;
+    bool passes(const ListItem& item) const;
+    void applyFilter();
+    void sortItems();
+    void numberPlaces(int from);
+    void numberRows();
 
-    std::vector<Row> rows_;
-    QHash<QString, int> rowByKey_;
+    std::vector<Item> items_; // in the order of the list
+    QHash<QString, int> placeByKey_;
+    std::vector<int> places_; // of the items shown, by row
+    QStringMatcher matcher_{QString(), Qt::CaseInsensitive};
     int nextOrder_ = 0;
     QStringList captions_{QString(), QString(), QString()};
     int sortColumn_ = -1;

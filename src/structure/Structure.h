@@ -81,6 +81,9 @@ signals:
     void itemMenusWanted();                  // EnableDisable_Menu of frmListBus
     void propertyWanted(const QString& key); // a parameter was opened
     void columnsChanged();
+    void updateShown(bool visible);   // prgUpdate
+    void updateProgress(int percent); // prgUpdate
+    void listFocusWanted();
 
 private:
     void showRootItem();

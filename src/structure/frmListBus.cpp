@@ -4,9 +4,10 @@
 #include "session/Texts.h"
 #include "session/widgets/FormUnits.h"
 #include "structure/Structure.h"
+#include "structure/widgets/FilterField.h"
 #include "structure/widgets/ListBusView.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -16,7 +17,8 @@ namespace structure {
 frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
                        QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
-      lvwBus_(new ListBusView(structure.list(), this)), prgUpdate_(new QProgressBar(this))
+      txtFilter_(new FilterField(structure, this)), lvwBus_(new ListBusView(structure.list(), this)),
+      prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");
     lblPath_->setObjectName("lblPath");
@@ -24,6 +26,7 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     lblPath_->setContentsMargins(8, 5, 8, 5);
     // A long path must not hold the window wide.
     lblPath_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    txtFilter_->setObjectName("txtFilter");
     lvwBus_->setObjectName("lvwBus");
     prgUpdate_->setObjectName("prgUpdate");
     prgUpdate_->setTextVisible(false);
@@ -35,6 +38,7 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(lblPath_);
+    layout->addWidget(txtFilter_);
     layout->addWidget(lvwBus_, 1);
     layout->addWidget(prgUpdate_);
 
@@ -53,12 +57,37 @@ void frmListBus::listen()
     connect(lvwBus_, &ListBusView::enterPressed, this, [this] { emit commandWanted("Property"); });
     connect(lvwBus_, &ListBusView::parentPressed, this, [this] { emit commandWanted("Parent"); });
 
+    connect(txtFilter_, &FilterField::listWanted, this, [this] { lvwBus_->setFocus(); });
+
+    connect(&structure_.list(), &ListModel::filterChanged, this, &frmListBus::showEmptyText);
     connect(&structure_, &Structure::itemSelected, lvwBus_, &ListBusView::select);
+    connect(&structure_, &Structure::updateShown, this, &frmListBus::showProgress);
+    connect(&structure_, &Structure::updateProgress, this, &frmListBus::setProgress);
+    connect(&structure_, &Structure::listFocusWanted, lvwBus_, [this] { lvwBus_->setFocus(); });
     connect(&structure_, &Structure::viewChanged, lvwBus_, &ListBusView::setView);
     connect(&structure_, &Structure::pathChanged, this, [this] {
         lblPath_->setText(structure_.path());
         lblPath_->setToolTip(structure_.path());
     });
+}
+
+void frmListBus::showFilter()
+{
+    txtFilter_->open();
+}
+
+void frmListBus::showEmptyText()
+{
+    const bool filtered = !structure_.list().filter().isEmpty();
+    lvwBus_->setEmptyText(texts_.own(filtered ? "filter.nothing" : "list.empty"));
+}
+
+void frmListBus::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && txtFilter_->isVisible())
+        txtFilter_->dismiss();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void frmListBus::keepColumnWidths()
@@ -90,14 +119,15 @@ void frmListBus::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    lvwBus_->setEmptyText(texts_.own("list.empty"));
+    txtFilter_->setPlaceholderText(texts_.own("filter.hint"));
+    showEmptyText();
     structure_.Set_ColName_ListBus(shownLevel());
 }
 
 int frmListBus::shownLevel() const
 {
     const QString node = structure_.selectedNode();
-    const bool showsRootItem = structure_.list().keyAt(0) == kRootKey;
+    const bool showsRootItem = structure_.list().item(kRootKey) != nullptr;
     return node.isEmpty() || showsRootItem ? kNoSelection : Extract_Level(node);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QKeyEvent;
 class QLabel;
 class QProgressBar;
 
@@ -12,6 +13,7 @@ class Texts;
 
 namespace structure {
 
+class FilterField;
 class ListBusView;
 class Structure;
 
@@ -30,15 +32,20 @@ public:
     void showProgress(bool visible);
     void setProgress(int percent);
 
+    // Opens the filter over the list, or goes to it.
+    void showFilter();
+
 signals:
     void menuWanted(const QPoint& globalPosition); // the popup mnuBus
     void commandWanted(const QString& command);
 
 protected:
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void listen();
+    void showEmptyText();
     void restoreColumnWidths();
     // Of the node whose children the list shows; -1 for the item "Root" alone.
     int shownLevel() const;
@@ -47,6 +54,7 @@ private:
     session::Session& session_;
     const session::Texts& texts_;
     QLabel* lblPath_;
+    FilterField* txtFilter_;
     ListBusView* lvwBus_;
     QProgressBar* prgUpdate_;
 };

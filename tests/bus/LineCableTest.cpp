@@ -96,6 +96,19 @@ TEST_F(LineCableTest, TheEndStepsLogTheDurationThatTheClockShowed)
     EXPECT_TRUE(model.simulatorPressed());
 }
 
+TEST_F(LineCableTest, ANameThatTheCodePageLacksKeepsTheWidthOfItsLines)
+{
+    runOnPlant(QStringLiteral("UPDATE tbGroupsUser SET Name = 'Cold \U00010348 Зал' WHERE IDGrp = 1"));
+    connectByHand();
+    console.Disconnect();
+    arrives("\r");
+    ASSERT_EQ(logLines().size(), 5);
+    for (const QString& line : logLines()) {
+        EXPECT_EQ(line.size(), 378);
+        EXPECT_EQ(line.mid(23, 50).trimmed(), "Cold ? ???");
+    }
+}
+
 TEST_F(LineCableTest, AConnectionShorterThanASecondHasNoDuration)
 {
     connectByHand();

@@ -1,6 +1,7 @@
 #include "bus/LineSettings.h"
 
 #include "session/Session.h"
+#include "support/Print.h"
 
 #include <gtest/gtest.h>
 

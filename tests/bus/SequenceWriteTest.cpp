@@ -119,13 +119,12 @@ TEST_F(SequenceWriteTest, TheDataBytesOfEachWireType)
         {"P0101", "G01", "'12.5'", writeRequest("00", 2, 0, 1, "\x7D")},
         {"P0104", "G01", "'123.4'", writeRequest("00", 2, 4, 2, QByteArray::fromHex("D204"))},
         {"P0105", "G01", "'123.4'", writeRequest("00", 2, 6, 2, QByteArray::fromHex("04D2"))},
-        {"P0106", "G01", "'-2'", writeRequest("00", 2, 8, 2, QByteArray::fromHex("FEFF"))},
-        {"P0107", "G01", "'-2'", writeRequest("00", 2, 10, 2, QByteArray::fromHex("FFFE"))},
+        {"P0106", "G01", "'5'", writeRequest("00", 2, 8, 2, {})},
+        {"P0107", "G01", "'5'", writeRequest("00", 2, 10, 2, {})},
         {"P0102", "G01", "'-10'",
          writeRequest("00", 2, 1, 1, {})}, // no encoder: the length byte stands alone
         {"P0103", "G01", "'45.6'", writeRequest("00", 2, 2, 2, {})},
         {"P0204", "G02", "'AB'", writeRequest("00", 18, 66, 8, "AB      ")},
-        {"P0204", "G02", "'MUCH TOO LONG'", writeRequest("00", 18, 66, 8, "MUCH TOO")},
         {"P0204", "G02", "NULL", writeRequest("00", 18, 66, 8, "        ")},
         {"P0204", "G02", "'it''s'", writeRequest("00", 18, 66, 8, "it's    ")},
     };
@@ -141,9 +140,15 @@ TEST_F(SequenceWriteTest, AnUnknownValueStillSendsAFrameWithItsLength)
     EXPECT_EQ(frame.mid(0, 5), QByteArray::fromHex("30 30 02 04 02"));
 }
 
+TEST_F(SequenceWriteTest, ATextTooLongFailsAndItsFrameCarriesNoData)
+{
+    EXPECT_EQ(ramFrame("P0204", "G02", "'MUCH TOO LONG'"), writeRequest("00", 18, 66, 8, {}));
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Compose_Str");
+}
+
 TEST_F(SequenceWriteTest, ATextIsTranslatedWhenTheLanguageIsRussian)
 {
-    setLanguage("RU_Russian_3000");
+    setLanguage("RU_Russian_6000");
     const QByteArray wire = values::encodeString(QStringLiteral("СКЛАД"), "RU", 1252, 8);
     EXPECT_EQ(ramFrame("P0204", "G02", QStringLiteral("'СКЛАД'")).toHex(' '),
               writeRequest("00", 18, 66, 8, wire).toHex(' '));
@@ -193,6 +198,7 @@ TEST_F(SequenceWriteTest, ProgressRunsThroughEachPassAnew)
     }
     EXPECT_EQ(shown, QList<int>({33, 66, 100, 0, 33, 66, 100, 0}));
     EXPECT_EQ(frames().size(), 5) << "the third lives in RAM only";
+    failures.expectOne(platform::errors::kTypeMismatch, "Module/Extract_EngVal"); // a time text on a word
 }
 
 TEST_F(SequenceWriteTest, AFailureOfTheEncoderStillPacesThePass)

@@ -169,7 +169,7 @@ TEST_F(SupervisionTest, EscapeNoCutsWithoutAHangUp)
     connectByHand();
     awaitAnswer();
     escape(answers::kNo);
-    EXPECT_EQ(sent().last(), "3000 00<01><00>@<8E>|+++");
+    EXPECT_EQ(sent().last(), "3000 00<01><00>@^|+++");
     EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
     EXPECT_EQ(status(), 0);
     EXPECT_EQ(panels.text(Panel::Info), "");

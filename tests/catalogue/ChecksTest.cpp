@@ -139,6 +139,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"-30..15 2 edit AA.01", "-30..80 2 edit AA.01", "the limits lie outside the scale"},
         Broken{"0..85500", "0..90000", "a time stays below 24 hours"},
         Broken{"0..229500", "0..2550", "which cannot be shown"},
+        Broken{"hm TIME_HM BYTE 0..255 0..229500", "hm TIME_HMS BYTE 0..255 0..2550",
+               "count 1 is 10, which cannot be shown"},
         Broken{"-50..77.5 0.0", "-50..77.5 0", "which cannot be shown"},
         Broken{"-50..77.5 0.0", "-50..77.5 -", "a REAL, and nothing else, has a mask"},
         Broken{"0..229500 - -", "0..229500 0 -", "a REAL, and nothing else, has a mask"},

@@ -47,7 +47,7 @@ std::vector<Row> rows()
     const Parameter tenths = parameter("REAL", "BYTE", {0, 255, 0, 25.5}, 5, 25);
     const Parameter minutes = parameter("TIME_HM", "BYTE", {0, 255, 0, 76500}, 0, 76500);
     const Parameter hours = parameter("TIME_H", "BYTE", {0, 255, 0, 76500}, 0, 76500);
-    const Parameter seconds = parameter("TIME_HMS", "BYTE", {0, 255, 0, 2550}, 0, 2540);
+    const Parameter seconds = parameter("TIME_HMS", "BYTE", {0, 255, 0, 15300}, 0, 15240);
     const Parameter sign = parameter("REAL", "S_BYTE", {-128, 127, -128, 127}, -50, 100);
     const Parameter bcd = parameter("REAL", "BCD", {0, 999, 0, 99.9}, 0, 90);
     const Parameter low = parameter("REAL", "WORD_L", {0, 65535, 0, 6553.5}, 0, 6000);
@@ -60,7 +60,7 @@ std::vector<Row> rows()
             {"tenths below a positive limit", tenths, bytes({49}), nullptr},
             {"hours and minutes", minutes, bytes({30}), "02:30:00"},
             {"hours", hours, bytes({30}), "02:00:00"},
-            {"seconds", seconds, bytes({61}), "00:10:10"},
+            {"seconds", seconds, bytes({61}), "01:01:00"},
             {"signed", sign, bytes({246}), "-10"},
             {"signed above", sign, bytes({101}), nullptr},
             {"signed below a negative limit", sign, bytes({128}), "-128"},

@@ -2,18 +2,14 @@
 
 #include "catalogue/tool/Parser.h"
 
+#include "support/QtPrinters.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
-
-// So that a failed comparison shows its texts.
-inline void PrintTo(const QString& text, std::ostream* out)
-{
-    *out << '"' << text.toStdString() << '"';
-}
 
 namespace catalogue::testing {
 

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -140,6 +141,25 @@ TEST_F(Desktop, UnloadingAllLeavesTheMainWindowAndItsChildren)
 TEST_F(Desktop, AnUnknownWindowFails)
 {
     EXPECT_THROW(op.showForm("frmNowhere"), RuntimeError);
+}
+
+TEST_F(Desktop, AModalWindowThatTheProgramLacksIsNotShown)
+{
+    op.showFormModal("frmNowhere");
+    EXPECT_FALSE(op.form("frmNowhere"));
+}
+
+TEST_F(Desktop, AnInputBoxGivesTheTypedLineOrNothing)
+{
+    inModal([](QWidget* box) {
+        EXPECT_EQ(box->objectName(), "inputBox");
+        EXPECT_EQ(box->windowTitle(), "Calidora Find");
+        QTest::keyClicks(box->findChild<QLineEdit*>(), "pump");
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    EXPECT_EQ(op.inputBox("Input the string to search", "Calidora Find"), "pump");
+    inModal([](QWidget* box) { QTest::keyClick(box, Qt::Key_Escape); });
+    EXPECT_EQ(op.inputBox("Input the string to search", "Calidora Find"), std::nullopt);
 }
 
 TEST_F(Desktop, ACancelledFileDialogIsItsOwnError)

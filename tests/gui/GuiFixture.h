@@ -34,6 +34,11 @@ public:
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
     QString saveFile(const platform::FileRequest& request) override { return script.saveFile(request); }
 
+    std::optional<QString> inputBox(const QString& prompt, const QString& title) override
+    {
+        return script.inputBox(prompt, title);
+    }
+
     platform::ScriptedOperator script;
 };
 

@@ -46,6 +46,7 @@ BusFixture::BusFixture()
     connectPlant();
     bus.Set_COMPort();
     bus.Open_COMConnection();
+    op.forms.clear();
 }
 
 instrument::VirtualInstrument& BusFixture::plugIn(instrument::LinkMode link)

@@ -9,6 +9,7 @@
 #include "platform/MemorySerialPort.h"
 #include "platform/VirtualClock.h"
 #include "support/CompanyFixture.h"
+#include "support/Print.h"
 
 namespace support {
 

@@ -5,14 +5,22 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QThread>
+#include <QWindow>
+#include <algorithm>
 
 namespace platform {
 
 namespace {
+
+constexpr int kLongestExposure = 500; // milliseconds
+constexpr int kInputWidth = 360;
 
 struct BoxButton
 {
@@ -157,6 +165,22 @@ QString DesktopOperator::chooseFile(const FileRequest& request, bool save)
     return dialog.selectedFiles().constFirst();
 }
 
+std::optional<QString> DesktopOperator::inputBox(const QString& prompt, const QString& title)
+{
+    const PlainPointer plain(*this, pointer_);
+    QInputDialog box(owner());
+    box.setObjectName("inputBox");
+    box.setWindowTitle(title);
+    box.setLabelText(prompt);
+    box.setInputMode(QInputDialog::TextInput);
+    box.setOkButtonText(words_("common.ok"));
+    box.setCancelButtonText(words_("common.cancel"));
+    box.setMinimumWidth(kInputWidth);
+    if (box.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return box.textValue();
+}
+
 void DesktopOperator::setPointer(Pointer pointer)
 {
     if (pointer == pointer_)
@@ -182,6 +206,8 @@ void DesktopOperator::showForm(const QString& name)
 
 void DesktopOperator::showFormModal(const QString& name)
 {
+    if (!form(name) && !factories_.contains(name))
+        return;
     const PlainPointer plain(*this, pointer_);
     QPointer<QWidget> window = load(name);
     if (auto* dialog = qobject_cast<QDialog*>(window)) {
@@ -236,7 +262,24 @@ void DesktopOperator::enableForm(const QString& name, bool enabled)
 
 void DesktopOperator::repaint()
 {
-    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+    // A window that was just shown may paint only when the screen has answered, which takes a moment.
+    QElapsedTimer waiting;
+    waiting.start();
+    do {
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers);
+        if (!awaitsItsScreen())
+            return;
+        QThread::msleep(5);
+    } while (waiting.elapsed() < kLongestExposure);
+}
+
+bool DesktopOperator::awaitsItsScreen() const
+{
+    return std::any_of(loaded_.begin(), loaded_.end(), [](const auto& named) {
+        const QWidget* window = named.second;
+        return window && window->isVisible() && window->windowHandle() &&
+               !window->windowHandle()->isExposed();
+    });
 }
 
 QWidget* DesktopOperator::load(const QString& name)

@@ -36,9 +36,11 @@ public:
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
     QString openFile(const FileRequest& request) override;
     QString saveFile(const FileRequest& request) override;
+    std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     void setPointer(Pointer pointer) override;
     void beep() override;
     void showForm(const QString& name) override;
+    // A window without a factory is not part of the program: nothing is shown.
     void showFormModal(const QString& name) override;
     void unloadForm(const QString& name) override;
     void unloadAllForms() override;
@@ -47,6 +49,7 @@ public:
 
 private:
     QWidget* load(const QString& name);
+    bool awaitsItsScreen() const;
     QWidget* owner() const;
     QString chooseFile(const FileRequest& request, bool save);
 

@@ -82,6 +82,8 @@ private:
     // A menu's entry takes its caption, a toolbar's button its tool tip.
     void applyAction(QAction& action)
     {
+        if (const QString own = action.property(kOwnText).toString(); !own.isEmpty())
+            action.setText(texts_.own(own));
         const QString tag = tagOf(action);
         if (tag.isEmpty())
             return;

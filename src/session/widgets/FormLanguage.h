@@ -18,6 +18,8 @@ class Texts;
 // is its caption (or its tool tip, when it has none), -N is caption N and tool tip N + 1. Actions of menus
 // and of tlbMain, and the panels of a status bar, hold it too.
 inline constexpr char kTag[] = "Tag";
+// The name of an action's caption among the own texts, for one that has no offset.
+inline constexpr char kOwnText[] = "OwnText";
 // The character set number that the machine's locale gives a control.
 inline constexpr char kCharset[] = "Charset";
 

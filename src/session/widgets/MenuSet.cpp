@@ -19,7 +19,10 @@ QIcon iconOf(const QString& commandName)
         if (button.key == command && !button.isSeparator() && command != "Tree")
             return platform::icon(button.icon);
     }
-    return command == "Allarms" ? platform::icon("alarm") : QIcon();
+    static const std::map<QString, QString> kOthers{
+        {"Allarms", "alarm"}, {"Filter", "filter"}, {"Find", "find"}, {"Pending", "pending"}};
+    const auto other = kOthers.find(command);
+    return other == kOthers.end() ? QIcon() : platform::icon(other->second);
 }
 
 QString tagOf(const MenuEntry& entry)
@@ -62,6 +65,8 @@ QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandH
         } else {
             QAction* action =
                 tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
+            action->setProperty(kOwnText, below.ownText);
+            action->setShortcut(QKeySequence(below.shortcut));
             if (below.oneOf) {
                 choices = choices ? choices : new QActionGroup(menu);
                 choices->addAction(action);

@@ -3,6 +3,7 @@
 #include "console/frmReadWrite.h"
 #include "database/frmConnection.h"
 #include "dialogs/frmMessage.h"
+#include "dialogs/frmZoom.h"
 #include "events/frmReadLogFiles.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "session/Configuration.h"
@@ -12,7 +13,9 @@
 #include "session/frmMain.h"
 #include "session/frmPresentation.h"
 #include "session/frmVideoProperty.h"
+#include "structure/frmFind.h"
 #include "structure/frmListBus.h"
+#include "structure/frmPending.h"
 #include "structure/frmTreeBus.h"
 #include "values/Cyrillic.h"
 
@@ -27,8 +30,10 @@ Program::Program(const Surroundings& surroundings)
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
+      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
       commands_(with_.session, structure_),
-      main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()})
+      main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()}),
+      alarmNotice_(with_.session, with_.texts)
 {
     registerCommands();
     registerForms();
@@ -73,10 +78,19 @@ void Program::registerCommands()
     for (int view = 0; view < views.size(); ++view)
         handlers_.set(views[view], [this, view] { structure_.Set_View_ListBus(view); });
 
+    handlers_.set("Filter", [this] { mainWindow()->listBus()->showFilter(); });
+    handlers_.set("Find", [this] { showBeside("frmFind"); });
+    handlers_.set("Pending", [this] { showBeside("frmPending"); });
+
     handlers_.set("TlbComplete", [this] { commands_.Set_View_Toolbar(-1); });
     handlers_.set("TlbReduced", [this] { commands_.Set_View_Toolbar(0); });
     handlers_.set("TlbLargeIcons", [this] { commands_.Set_Form_Icons(-1); });
     handlers_.set("TlbSmallIcons", [this] { commands_.Set_Form_Icons(0); });
+
+    handlers_.set("New", [this] { editor_.New_Item(); });
+    handlers_.set("NewNode", [this] { editor_.New_Item(); });
+    handlers_.set("Delete", [this] { editor_.Delete_Item(); });
+    handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
 
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
@@ -91,6 +105,7 @@ void Program::registerForms()
     with_.op.registerForm("frmLanguage", [&] { return new frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
     with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
+    with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
     with_.op.registerForm("frmReadWrite", [&, this] {
         return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
     });
@@ -99,6 +114,10 @@ void Program::registerForms()
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);
         return window;
     });
+    with_.op.registerForm("frmFind",
+                          [&, this] { return new structure::frmFind(structure_, session, texts, op); });
+    with_.op.registerForm("frmPending",
+                          [&, this] { return new structure::frmPending(structure_, session, texts, op); });
     with_.op.registerForm("frmReadLogFiles", [&] { return new events::frmReadLogFiles(session, texts, op); });
 }
 
@@ -118,6 +137,13 @@ frmMain* Program::mainWindow() const
     return qobject_cast<frmMain*>(with_.op.form("frmMain"));
 }
 
+// A window that stays beside the main one while the operator works in either.
+void Program::showBeside(const QString& form)
+{
+    with_.op.showForm(form);
+    with_.op.form(form)->activateWindow();
+}
+
 void Program::listen()
 {
     using structure::Structure;
@@ -133,6 +159,11 @@ void Program::listen()
     connect(&structure_, &Structure::propertyWanted, this, [this] { handlers_.run("Property"); });
 
     connect(&database_, &database::Database::connected, this, [this] { main_.companyConnected(); });
+    // What stands in the two windows is of the company that was open.
+    connect(&database_, &database::Database::captionChanged, this, [this] {
+        with_.op.unloadForm("frmFind");
+        with_.op.unloadForm("frmPending");
+    });
     connect(&database_, &database::Database::connectionLost, this, [this] { main_.companyLost(); });
 
     purge_.onFile = [this](int percent, const QString& shown) {
@@ -141,7 +172,7 @@ void Program::listen()
     };
     bus_.onAlarms = [this] {
         if (QWidget* window = mainWindow())
-            QApplication::alert(window);
+            alarmNotice_.tell(*window);
     };
 }
 

@@ -5,12 +5,15 @@
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
 #include "database/Database.h"
+#include "dialogs/Zoom.h"
 #include "events/EventLog.h"
 #include "events/Purge.h"
 #include "platform/SingleInstance.h"
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
+#include "structure/PlantEditor.h"
+#include "session/widgets/AlarmNotice.h"
 #include "structure/Structure.h"
 
 #include <QObject>
@@ -64,6 +67,7 @@ signals:
 private:
     void registerCommands();
     void registerForms();
+    void showBeside(const QString& form);
     void listen();
     MainServices services();
     QWidget* makeMainWindow();
@@ -78,9 +82,12 @@ private:
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;
     console::Console console_;
+    dialogs::Zoom zoom_;
+    structure::PlantEditor editor_;
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;
+    AlarmNotice alarmNotice_;
     std::optional<platform::SingleInstance> instance_;
 };
 

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDialog>
+
+class QAction;
+class QLabel;
+class QMenu;
+class QProgressBar;
+class QStatusBar;
+class QTreeView;
+
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+namespace structure {
+class SortHeader;
+}
+
+namespace dialogs {
+
+class Zoom;
+
+// The lookup list: a row is chosen by double click or Enter, Escape chooses nothing.
+class frmZoom : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmZoom(const session::Session& session, const session::Texts& texts, platform::Operator& op, Zoom& zoom);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void layOut();
+    void makePopup();
+    void listen();
+    bool keyPressed(int key);
+    void pick(const QModelIndex& index);
+    int selectedRow() const;
+    void select(int row);
+    void showFilled();
+    int fitColumns();
+    void shareWidth();
+    void fitWindow();
+
+    const session::Texts& texts_;
+    Zoom& zoom_;
+    QTreeView* lvwZoom_;
+    structure::SortHeader* header_;
+    QStatusBar* staZoom_;
+    QLabel* rows_;
+    QProgressBar* prgZoom_;
+    QMenu* mnuPopup_;
+    QAction* mnuFind_;
+    QAction* mnuRefresh_;
+};
+
+} // namespace dialogs

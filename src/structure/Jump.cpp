@@ -1,0 +1,21 @@
+#include "structure/Jump.h"
+
+#include "structure/Structure.h"
+
+namespace structure {
+
+bool jumpTo(Structure& structure, const QString& key)
+{
+    const KeyParts ids = Extract_Key(key);
+    const QString node = Compose_Key(Extract_Level(key), ids.IDGrp, ids.IDInst, ids.IDParGrp);
+    if (!structure.tree().contains(node))
+        return false;
+    structure.list().setFilter({});
+    structure.clickNode(node);
+    if (!structure.list().item(key))
+        return false;
+    structure.pressItem(key);
+    return true;
+}
+
+} // namespace structure

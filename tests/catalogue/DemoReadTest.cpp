@@ -1,0 +1,55 @@
+#include "catalogue/tool/MemoryWriter.h"
+#include "tests/catalogue/Published.h"
+
+#include "instrument/MemoryFile.h"
+#include "support/BusFixture.h"
+
+namespace catalogue {
+namespace {
+
+using testing::published;
+
+// The demo company in the program, its instruments' memories behind the virtual instrument on a cable.
+class DemoReadTest : public support::BusFixture, public ::testing::WithParamInterface<int>
+{
+protected:
+    DemoReadTest()
+    {
+        writeCompany(published().demo, published().model, demoFile());
+        writeMemory(published().demo, demoFile(), file("instrument.txt"));
+        database.Disconnect_Database();
+        connectTo("Demo.mdb");
+        instrument::Options options;
+        options.link = instrument::LinkMode::Cable;
+        options.group = GetParam();
+        peer = std::make_unique<support::InstrumentPeer>(
+            clock, port, instrument::loadMemoryFile(file("instrument.txt")), options);
+    }
+
+    QString demoFile() const { return file("Data/Demo.mdb"); }
+    int countInPlant(const QString& condition) const
+    {
+        const QString sql = QString("SELECT Count(*) FROM tbParametersUser WHERE IDGrp = %1 AND %2");
+        return support::column(demoFile(), sql.arg(GetParam()).arg(condition)).value(0).toInt();
+    }
+};
+
+// Nothing is left unread: each parameter is marked and emptied first, and has a value and no mark afterwards.
+TEST_P(DemoReadTest, readsEveryInstrumentByItsBanks)
+{
+    support::runSql(demoFile(), "UPDATE tbParametersUser SET Value = NULL, State = 1");
+    openConsole(QString("1_%1").arg(GetParam()));
+    connectOverCable();
+    console.Read_Param();
+    ASSERT_TRUE(waitWhileBusy());
+    EXPECT_GT(countInPlant("State = 0"), 300);
+    EXPECT_EQ(countInPlant("State <> 0"), 0);
+    EXPECT_EQ(countInPlant("Value IS NULL"), 0);
+    console.Disconnect();
+    ASSERT_TRUE(waitWhileBusy());
+}
+
+INSTANTIATE_TEST_SUITE_P(Plants, DemoReadTest, ::testing::Range(1, 6));
+
+} // namespace
+} // namespace catalogue

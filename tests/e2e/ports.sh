@@ -1,0 +1,96 @@
+#!/usr/bin/env bash
+# The built program and ports that are not what they should be: missing, held by another program, pulled out while open.
+# Each gives its box and the program goes on. Tells, too, what the program costs while it sits on an open port.
+#
+#   tests/e2e/ports.sh [folder]
+cd "$(dirname "$0")/../.."
+source scripts/common.sh
+
+work=${1:-$build_folder/ports}
+home=$work/home
+source scripts/screen.sh
+
+main='Calidora - Database'
+box='^Calidora$'
+language=EN_English_2000
+
+step "a screen and a company"
+start_screen
+prepare_application "$home"
+link=$home/ports/COM1
+saw "Xvfb on $DISPLAY"
+
+# The splash may bear the box's title: first the main window, then the box in front of it.
+the_box() {
+  wait_for 60 "the main window" window_there "$main"
+  wait_for 20 "the box" window_there "$box"
+}
+goes_on() {
+  focus "$box"
+  keys Return
+  wait_for 10 "the box's end" window_gone "$box"
+  window_there "$main" || wrong "the main window is gone"
+}
+refuses_the_console() {
+  focus "$main"
+  keys Down alt+c w
+  wait_for 10 "the refusal of the console" window_there "$box"
+  shown "$1"
+  goes_on
+}
+leave() {
+  focus "$main"
+  keys alt+f e
+  wait_for 10 "the question" window_there "$box"
+  keys Return
+  wait_for_end
+}
+reports() { compgen -G "$home/Log/Calidora_Error_*" >/dev/null; }
+
+step "a port that is missing"
+ln -s nowhere "$link"
+start_program
+the_box
+shown 01-missing
+goes_on
+refuses_the_console 02-no-console
+leave
+
+step "a port that another program holds"
+rm "$link"
+bound_to_me socat "pty,raw,echo=0,link=$link" "pty,raw,echo=0" &
+line_pid=$!
+wait_for 10 "the line" test -e "$link"
+mkfifo "$work/hold"
+bound_to_me "$build_folder/tests/e2e/calidora-e2e-holder" "$home" <"$work/hold" >"$work/holder.out" &
+exec 9>"$work/hold"
+held() { grep -q held "$work/holder.out"; }
+wait_for 10 "the other program" held
+start_program
+the_box
+shown 03-held
+goes_on
+leave
+exec 9>&-
+
+step "a port that is pulled out while open"
+! reports || wrong "a failure report before anything failed"
+start_program
+wait_for 60 "the main window" window_there "$main"
+shown 04-open
+ticks() { awk '{ print $14 + $15 }' "/proc/$program_pid/stat"; }
+before=$(ticks)
+sleep 5 # nothing to wait for: this is what is measured
+used=$(($(ticks) - before))
+saw "idle on the open port the program used $used of $((5 * $(getconf CLK_TCK))) ticks of processor time"
+[ "$used" -lt "$(getconf CLK_TCK)" ] || wrong "that is not idle"
+kill "$line_pid"
+wait_for 10 "the box" window_there "$box"
+shown 05-vanished
+goes_on
+wait_for 10 "the failure report" reports
+grep -qh 'vanished' "$home"/Log/Calidora_Error_* || wrong "the report does not say what happened"
+refuses_the_console 06-no-console
+leave
+[ "$(sqlite3 "$home/Data/Demo.mdb" 'PRAGMA integrity_check')" = ok ] || wrong "the company file is damaged"
+verdict

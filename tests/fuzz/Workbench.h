@@ -1,0 +1,50 @@
+#pragma once
+
+#include "support/BusFixture.h"
+
+#include <QFile>
+#include <cstdint>
+#include <cstdlib>
+
+namespace fuzz {
+
+// Bus, console and company of the tests, made once and used for every input.
+class Workbench : public support::BusFixture
+{
+public:
+    Workbench()
+    {
+        // The disk is not what is looked at here.
+        session.cnDatabase.Execute(QStringLiteral("PRAGMA synchronous=OFF"));
+    }
+
+    // Forgets what an input left behind in the stand-ins.
+    void tidy()
+    {
+        failures.take();
+        op.boxes.clear();
+        op.unexpected.clear();
+        op.forms.clear();
+        mark();
+        eventLog.deleteEvents();
+        for (const QString& name : logFiles())
+            QFile::remove(file(QStringLiteral("Log/") + name));
+    }
+
+private:
+    void TestBody() override {}
+};
+
+// Stops the fuzzer with the input at hand.
+inline void require(bool holds)
+{
+    if (!holds)
+        std::abort();
+}
+
+inline QByteArray bytesOf(const uint8_t* data, size_t size)
+{
+    return {reinterpret_cast<const char*>(data), qsizetype(size)};
+}
+
+} // namespace fuzz
