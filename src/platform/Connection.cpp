@@ -13,7 +13,7 @@ namespace platform {
 namespace {
 
 constexpr int kBusyMilliseconds = 500;
-// The program has one thread: the engine needn't lock itself at every field.
+// A connection stays in the thread that opened it: the engine needn't lock itself at every field.
 constexpr int kOpenFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
 // The engine's own small pieces of memory, enough for what it keeps prepared and one large statement on top.
 constexpr int kLookasideBytes = 1200;
