@@ -28,6 +28,14 @@ ParameterCoding bitField()
     return field;
 }
 
+ParameterCoding signedByte()
+{
+    ParameterCoding byte = coding("REAL", "S_BYTE", 1, 127, 127);
+    byte.LW = -128;
+    byte.LR = -128;
+    return byte;
+}
+
 void compose(benchmark::State& state, const ParameterCoding& coding, const QByteArray& raw)
 {
     if (values::Compose_EngVal(raw, coding).isEmpty())
@@ -48,7 +56,7 @@ void extract(benchmark::State& state, const ParameterCoding& coding, const QStri
 
 BENCHMARK_CAPTURE(compose, BYTE, coding("REAL", "BYTE", 1, 255, 51), "\x7B");
 BENCHMARK_CAPTURE(compose, BYTE_as_TIME_HM, coding("TIME_HM", "BYTE", 1, 144, 86400), "\x1B");
-BENCHMARK_CAPTURE(compose, S_BYTE, coding("REAL", "S_BYTE", 1, 127, 12.7), "\xE4");
+BENCHMARK_CAPTURE(compose, S_BYTE, signedByte(), "\xE4");
 BENCHMARK_CAPTURE(compose, BIT, bitField(), "\x5C");
 BENCHMARK_CAPTURE(compose, BCD, coding("REAL", "BCD", 2, 999, 99.9), QByteArray("\x01\x23", 2));
 BENCHMARK_CAPTURE(compose, WORD_L, coding("REAL", "WORD_L", 2, 65535, 6553.5), QByteArray("\x39\x30", 2));

@@ -1,47 +1,19 @@
 // Measures "Find in plant" and "Pending writes" against the engine's own shell running the same search on the
 // same company, in one run: calidora-find-side-by-side <file>
 //
-// Both read a warm file and the best of several runs counts. The shell's start is measured and taken off.
+// Both read a warm file, in turns, and the median of several runs counts.
+
+#include "Measure.h"
+#include "Shell.h"
 
 #include "structure/PendingWrites.h"
 #include "structure/PlantSearch.h"
 
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QTextStream>
-#include <algorithm>
-#include <cmath>
-#include <functional>
 
 namespace {
 
-constexpr int kRuns = 5;
-const QString kLanguage = "EN";
-
-double bestMilliseconds(const std::function<void()>& work)
-{
-    double best = HUGE_VAL;
-    for (int run = 0; run < kRuns; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        best = std::min(best, timer.nsecsElapsed() / 1e6);
-    }
-    return best;
-}
-
-double shellMilliseconds(const QString& file, const QStringList& statements)
-{
-    const QByteArray input = ".output /dev/null\n" + statements.join('\n').toUtf8() + '\n';
-    return bestMilliseconds([&] {
-        QProcess shell;
-        shell.start("sqlite3", {"-readonly", file});
-        shell.write(input);
-        shell.closeWriteChannel();
-        if (!shell.waitForFinished(-1) || shell.exitCode() != 0)
-            qFatal("sqlite3: %s", shell.readAllStandardError().constData());
-    });
-}
+const QString kLanguage = QStringLiteral("EN");
 
 // One statement a kind, the text as a pattern whose own signs are escaped. The shell doesn't know how values
 // are shown: it looks at what is stored, and at the words of the choices.
@@ -72,11 +44,36 @@ const char* const kPendingStatement =
     "tbParamLanguage l "
     "ON l.mID = u.IDPar AND l.mKeyLang = 'EN' WHERE u.State = 1 ORDER BY g.Name, i.Name, u.IDParGrp;";
 
-void report(const QString& what, double ours, double shells, int listed)
+const structure::StopFlag kNeverStopped = false;
+
+void measureSearch(const Shell& shell, const QString& file, const QString& text)
 {
-    QTextStream(stdout) << qSetFieldWidth(34) << Qt::left << what << qSetFieldWidth(0)
-                        << QString::asprintf("%9.2f ms  shell %9.2f ms  ratio %.2f  (%d found)\n", ours,
-                                             shells, ours / shells, listed);
+    structure::Findings findings;
+    const auto ours = [&] {
+        return measure::milliseconds(
+            [&] { findings = structure::findInPlant(file, kLanguage, text, kNeverStopped); });
+    };
+    const measure::Comparison search =
+        measure::inTurns(ours, [&] { return shell.milliseconds(searchStatements(text)); });
+    if (!findings.failure.isEmpty())
+        qFatal("%s", qPrintable(findings.failure));
+    measure::printLine(QStringLiteral("Find in plant \"%1\"").arg(text), search,
+                       QStringLiteral("%1 found").arg(qsizetype(findings.items.size()) + findings.more));
+}
+
+void measurePending(const Shell& shell, const QString& file)
+{
+    structure::PendingWrites pending;
+    const auto ours = [&] {
+        return measure::milliseconds(
+            [&] { pending = structure::readPendingWrites(file, kLanguage, kNeverStopped); });
+    };
+    const measure::Comparison search =
+        measure::inTurns(ours, [&] { return shell.milliseconds({QLatin1String(kPendingStatement)}); });
+    if (!pending.failure.isEmpty())
+        qFatal("%s", qPrintable(pending.failure));
+    measure::printLine(QStringLiteral("Pending writes"), search,
+                       QStringLiteral("%1 found").arg(pending.items.size()));
 }
 
 } // namespace
@@ -88,27 +85,10 @@ int main(int argc, char** argv)
         return 2;
     }
     const QString file = QString::fromLocal8Bit(argv[1]);
-    const double shellStart = shellMilliseconds(file, {"SELECT 1;"});
-    const structure::StopFlag stop = false;
-
+    const Shell shell(file);
     // Many, some, few and none; a name, a value and a word of another alphabet.
-    for (const char* text : {"Parameter", "INST77", "choice 2", "42.5", "100%_", "камера"}) {
-        structure::Findings findings;
-        const double ours =
-            bestMilliseconds([&] { findings = structure::findInPlant(file, kLanguage, text, stop); });
-        if (!findings.failure.isEmpty())
-            qFatal("%s", qPrintable(findings.failure));
-        report(QString("Find in plant \"%1\"").arg(text), ours,
-               shellMilliseconds(file, searchStatements(text)) - shellStart,
-               int(findings.items.size()) + findings.more);
-    }
-
-    structure::PendingWrites pending;
-    const double ours =
-        bestMilliseconds([&] { pending = structure::readPendingWrites(file, kLanguage, stop); });
-    if (!pending.failure.isEmpty())
-        qFatal("%s", qPrintable(pending.failure));
-    report("Pending writes", ours, shellMilliseconds(file, {kPendingStatement}) - shellStart,
-           int(pending.items.size()));
+    for (const char* text : {"Parameter", "INST77", "choice 2", "42.5", "100%_", "камера"})
+        measureSearch(shell, file, QString::fromUtf8(text));
+    measurePending(shell, file);
     return 0;
 }

@@ -19,6 +19,8 @@
 // time. A failure ends the process with its words.
 class LineProgram
 {
+    QTemporaryDir folder_; // outlives what works in it
+
 public:
     LineProgram();
 
@@ -41,7 +43,4 @@ public:
     events::EventLog eventLog{session, op, clock};
     bus::Bus bus{{session, texts, port, clock, op, eventLog, panels, model}};
     console::Console console{{session, texts, op, clock, structure, eventLog, bus, model}};
-
-private:
-    QTemporaryDir folder_;
 };

@@ -134,15 +134,16 @@ void measureLoads(Plant& plant, const Shell& shell, const QString& level, const 
 {
     const QStringList asked = plant.statementsOf(keys);
     const QStringList own = asked.filter(QStringLiteral("User"));
+    const QString nodes = QStringLiteral("Load_Items_ListBus, %1 x %2").arg(level).arg(keys.size());
     const auto measureAgainst = [&](const QString& what, const QStringList& statements) {
         const auto ours = [&] { return measure::milliseconds([&] { plant.load(keys); }); };
         const measure::Comparison loads =
             measure::inTurns(ours, [&] { return shell.milliseconds(statements); });
-        measure::printLine(QStringLiteral("Load_Items_ListBus, %1").arg(what), loads, kRatio);
+        measure::printLine(what, loads, kRatio);
     };
-    measureAgainst(QStringLiteral("%1 x %2").arg(level).arg(keys.size()), own);
+    measureAgainst(nodes, own);
     if (asked.size() > own.size())
-        measureAgainst(QStringLiteral("  and its choices"), asked);
+        measureAgainst(QStringLiteral("  the shell looks the choices up too"), asked);
 }
 
 QStringList childKeys(const structure::TreeModel& tree, const QString& key, int most)
@@ -169,10 +170,18 @@ void measureAllLoads(const structure::TreeModel& tree, Plant& plant, const Shell
     measureLoads(plant, shell, QStringLiteral("parameter group"), paramGroups);
 }
 
+// What the offscreen platform can't do is no news.
+void showFailures(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        QTextStream(stderr) << message << '\n';
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
+    qInstallMessageHandler(showFailures);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

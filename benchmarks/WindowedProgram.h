@@ -15,6 +15,8 @@ class QWidget;
 // clock is a virtual one: the splash costs no time. A failure ends the process with its words.
 class WindowedProgram
 {
+    QTemporaryDir home_; // outlives what works in it
+
 public:
     // Nothing is open yet: the first connect() starts the program as a second run does.
     explicit WindowedProgram(const QString& company);
@@ -34,7 +36,6 @@ public:
 private:
     QWidget* tree() const;
 
-    QTemporaryDir home_;
     QString folder_, name_;
     bool started_ = false;
 };

@@ -28,7 +28,7 @@ void Recordset::Open(const QString& sql, const Connection& connection)
         while (statement.step()) {
             const int columns = statement.columnCount();
             for (int column = 0; column < columns; ++column)
-                cells_.push_back(statement.value(column));
+                cells_.push_back(read(statement, column));
             ++rowCount_;
         }
         for (int column = 0; column < statement.columnCount(); ++column)
@@ -80,8 +80,8 @@ void Recordset::Find(const QString& criterion)
     if (index == rowsByValue_.end()) {
         index = rowsByValue_.insert(column, {});
         for (int row = 0; row < rowCount_; ++row) {
-            if (!cell(row, column).isNull()) // NULL equals nothing
-                (*index)[cell(row, column).toString().toCaseFolded()].push_back(row);
+            if (cell(row, column).kind != Statement::Kind::Null) // NULL equals nothing
+                (*index)[textOf(cell(row, column)).toCaseFolded()].push_back(row);
         }
     }
     const std::vector<int> none;
@@ -91,35 +91,51 @@ void Recordset::Find(const QString& criterion)
     current_ = hit == rows.end() ? rowCount_ : *hit;
 }
 
-const QVariant& Recordset::operator[](const QString& name) const
+QVariant Recordset::operator[](const QString& name) const
 {
-    return field(columnOf(name));
+    return valueOf(current(columnOf(name)));
 }
 
-const QVariant& Recordset::field(int column) const
+QVariant Recordset::field(int column) const
 {
-    if (current_ < 0 || Eof())
-        failWithoutRecord();
-    return cell(current_, column);
+    return valueOf(current(column));
 }
 
 QString Recordset::text(const QString& name) const
 {
-    const QVariant& value = (*this)[name];
-    // The two kinds that nearly every field has, without the detour over the conversions.
-    switch (value.typeId()) {
-    case QMetaType::QString:
-        return *static_cast<const QString*>(value.constData());
-    case QMetaType::LongLong:
-        return QString::number(*static_cast<const qlonglong*>(value.constData()));
-    default:
-        return value.toString();
-    }
+    return textOf(current(columnOf(name)));
+}
+
+std::optional<QString> Recordset::optionalText(const QString& name) const
+{
+    const Cell& cell = current(columnOf(name));
+    return cell.kind == Statement::Kind::Null ? std::nullopt : std::optional(textOf(cell));
 }
 
 bool Recordset::hasField(const QString& name) const
 {
     return names_.contains(name, Qt::CaseInsensitive);
+}
+
+Recordset::Cell Recordset::read(const Statement& row, int column)
+{
+    Cell cell{row.kind(column), 0, {0}};
+    switch (cell.kind) {
+    case Statement::Kind::Null:
+        break;
+    case Statement::Kind::Integer:
+        cell.integer = row.integer(column);
+        break;
+    case Statement::Kind::Real:
+        cell.real = row.real(column);
+        break;
+    case Statement::Kind::Text:
+        const QByteArrayView text = row.text(column);
+        cell.length = qint32(text.size());
+        cell.begin = texts_.size();
+        texts_.append(text.data(), std::size_t(text.size()));
+    }
+    return cell;
 }
 
 int Recordset::columnOf(const QString& name) const
@@ -132,6 +148,40 @@ int Recordset::columnOf(const QString& name) const
     if (column < 0)
         fail(errors::kItemNotFound, QStringLiteral("Item '%1' cannot be found in the collection.").arg(name));
     return int(column);
+}
+
+const Recordset::Cell& Recordset::current(int column) const
+{
+    if (current_ < 0 || Eof())
+        failWithoutRecord();
+    return cell(current_, column);
+}
+
+QString Recordset::textOf(const Cell& cell) const
+{
+    switch (cell.kind) {
+    case Statement::Kind::Text:
+        return QString::fromUtf8(texts_.data() + cell.begin, cell.length);
+    case Statement::Kind::Integer:
+        return QString::number(cell.integer);
+    default:
+        return valueOf(cell).toString();
+    }
+}
+
+QVariant Recordset::valueOf(const Cell& cell) const
+{
+    switch (cell.kind) {
+    case Statement::Kind::Null:
+        break;
+    case Statement::Kind::Integer:
+        return QVariant(qlonglong(cell.integer));
+    case Statement::Kind::Real:
+        return QVariant(cell.real);
+    case Statement::Kind::Text:
+        return QVariant(textOf(cell));
+    }
+    return {};
 }
 
 } // namespace platform

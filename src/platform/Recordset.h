@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/Statement.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace platform {
@@ -45,24 +49,40 @@ public:
     QStringList fieldNames() const { return names_; }
     bool hasField(const QString& name) const;
     // The field of the current record, by name without regard to case. No such field or no record fails.
-    const QVariant& operator[](const QString& name) const;
+    QVariant operator[](const QString& name) const;
     // The same by position, for a statement whose columns nobody knows.
-    const QVariant& field(int column) const;
-    QString text(const QString& name) const;
+    QVariant field(int column) const;
+    QString text(const QString& name) const;                        // NULL is the empty text
+    std::optional<QString> optionalText(const QString& name) const; // NULL is none
     int number(const QString& name) const { return (*this)[name].toInt(); }
 
 private:
-    int columnOf(const QString& name) const;
-    const QVariant& cell(int row, int column) const
+    // A field as the engine gave it. The texts of all lie one behind the other in texts_: thousands of rows
+    // are a few blocks of memory.
+    struct Cell
     {
-        return cells_[std::size_t(row) * names_.size() + column];
-    }
+        Statement::Kind kind;
+        qint32 length; // of a text
+        union {
+            qint64 integer;
+            double real;
+            std::size_t begin;
+        };
+    };
+
+    Cell read(const Statement& row, int column);
+    int columnOf(const QString& name) const;
+    const Cell& cell(int row, int column) const { return cells_[std::size_t(row) * names_.size() + column]; }
+    const Cell& current(int column) const; // of the record on which the cursor stands
+    QString textOf(const Cell& cell) const;
+    QVariant valueOf(const Cell& cell) const;
 
     int state_ = Closed;
     int rowCount_ = 0;
     int current_ = 0;
     QStringList names_;
-    std::vector<QVariant> cells_;
+    std::vector<Cell> cells_;
+    std::string texts_;
     QHash<int, QHash<QString, std::vector<int>>> rowsByValue_;
 };
 

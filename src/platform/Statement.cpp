@@ -43,21 +43,34 @@ QString Statement::columnName(int column) const
     return QString::fromUtf8(name, qsizetype(std::strcspn(name, ":")));
 }
 
-QVariant Statement::value(int column) const
+Statement::Kind Statement::kind(int column) const
 {
-    sqlite3_stmt* const row = prepared_.get();
-    switch (sqlite3_column_type(row, column)) {
+    switch (sqlite3_column_type(prepared_.get(), column)) {
     case SQLITE_NULL:
-        return {};
+        return Kind::Null;
     case SQLITE_INTEGER:
-        return QVariant(qlonglong(sqlite3_column_int64(row, column)));
+        return Kind::Integer;
     case SQLITE_FLOAT:
-        return QVariant(sqlite3_column_double(row, column));
-    default: {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-        return QVariant(QString::fromUtf8(text, sqlite3_column_bytes(row, column)));
+        return Kind::Real;
+    default:
+        return Kind::Text;
     }
-    }
+}
+
+qint64 Statement::integer(int column) const
+{
+    return sqlite3_column_int64(prepared_.get(), column);
+}
+
+double Statement::real(int column) const
+{
+    return sqlite3_column_double(prepared_.get(), column);
+}
+
+QByteArrayView Statement::text(int column) const
+{
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(prepared_.get(), column));
+    return {text, qsizetype(sqlite3_column_bytes(prepared_.get(), column))};
 }
 
 } // namespace platform

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
-#include <QVariant>
 #include <memory>
 
 struct sqlite3_stmt;
@@ -21,6 +21,14 @@ using PreparedStatement = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 class Statement
 {
 public:
+    enum class Kind : qint32
+    {
+        Null,
+        Integer,
+        Real,
+        Text
+    };
+
     Statement(const Connection& connection, const QString& sql);
     ~Statement();
     Statement(const Statement&) = delete;
@@ -32,7 +40,13 @@ public:
     // Of the row, and after a step() that gave none: a change of the tables shows in them too.
     int columnCount() const;
     QString columnName(int column) const;
-    QVariant value(int column) const;
+
+    // A field of the row: its kind, and its content as that kind. A text is UTF-8 and lives until the next
+    // step.
+    Kind kind(int column) const;
+    qint64 integer(int column) const;
+    double real(int column) const;
+    QByteArrayView text(int column) const;
 
 private:
     const Connection& connection_;

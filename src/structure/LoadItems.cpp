@@ -11,6 +11,7 @@
 
 #include <QStringBuilder>
 #include <limits>
+#include <optional>
 
 namespace structure {
 
@@ -93,11 +94,6 @@ QString sqlOfChildren(int level, const KeyParts& ids, const QString& language)
     }
 }
 
-std::optional<QString> textOrNull(const QVariant& value)
-{
-    return value.isNull() ? std::nullopt : std::optional(value.toString());
-}
-
 ListItem groupItem(const Recordset& row)
 {
     return {u"1_" % row.text(kIDGrp), row.text(kName), row.text(kPhone), row.text(kDescription), 2};
@@ -148,7 +144,9 @@ void Structure::fillList(int level, const KeyParts& ids)
     Filling filling(list_);
     Set_ColName_ListBus(level);
     session_.strSQL = sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code));
-    const platform::Snapshot snapshot(session_.cnDatabase); // the rows and the choices looked up for them
+    std::optional<platform::Snapshot> snapshot;
+    if (level == kParamGroup)
+        snapshot.emplace(session_.cnDatabase); // the rows and the choices looked up for them
     // The text of the row before stands until a row gives one of its own.
     QString shown;
     WorkRecordset rows(session_);
@@ -168,8 +166,8 @@ void Structure::fillList(int level, const KeyParts& ids)
             const auto choice = [&](const QString& value) {
                 return Search_ParamEnum(rows->text(kIDPar), value);
             };
-            shown = values::displayValue(textOrNull((*rows)[kValue]), rows->text(kKeyType), rows->text(kPrec),
-                                         textOrNull((*rows)[kUnit]), choice, shown);
+            shown = values::displayValue(rows->optionalText(kValue), rows->text(kKeyType), rows->text(kPrec),
+                                         rows->optionalText(kUnit), choice, shown);
             filling.add(parameterItem(*rows, shown));
         }
     }

@@ -92,9 +92,13 @@ TEST_F(RecordsetTest, FieldsKeepTheirKindAndNullIsNull)
     EXPECT_EQ(rows["Size"].typeId(), int(QMetaType::Double));
     EXPECT_EQ(rows["Size"].toDouble(), 1.5);
     EXPECT_TRUE(rows["Note"].isNull());
+    EXPECT_EQ(rows.text("Note"), "");
+    EXPECT_EQ(rows.optionalText("Note"), std::nullopt);
+    EXPECT_EQ(rows.optionalText("Size"), "1.5");
     rows.Find("[ID] = '3'");
     EXPECT_FALSE(rows["Note"].isNull()) << "an empty text is not NULL";
     EXPECT_EQ(rows.text("Note"), "");
+    EXPECT_EQ(rows.optionalText("Note"), "");
     rows.MoveNext();
     EXPECT_TRUE(rows["Size"].isNull());
 }

@@ -32,7 +32,7 @@ protected:
         while (statement.step()) {
             QStringList cells;
             for (int column = 0; column < statement.columnCount(); ++column)
-                cells << statement.value(column).toString();
+                cells << QString::fromUtf8(statement.text(column));
             rows << cells.join('|');
         }
         return rows;
@@ -84,9 +84,9 @@ TEST_F(StatementTest, AStatementBegunWithinItselfRunsByItself)
     Statement outer(connection, all);
     ASSERT_TRUE(outer.step());
     EXPECT_EQ(rowsOf(all), (QStringList{"1|one", "2|two"}));
-    EXPECT_EQ(outer.value(1), "one");
+    EXPECT_EQ(outer.text(1), "one");
     ASSERT_TRUE(outer.step());
-    EXPECT_EQ(outer.value(1), "two");
+    EXPECT_EQ(outer.text(1), "two");
     EXPECT_FALSE(outer.step());
 }
 
@@ -122,7 +122,7 @@ TEST_F(StatementTest, ManyDifferentStatementsAreAllAnswered)
 
 TEST_F(StatementTest, AFailureInTheMiddleIsToldEachTime)
 {
-    const QString sql = "SELECT abs(-9223372036854775807 - 2 + ID) FROM tbRoom";
+    const QString sql = "SELECT abs(-9223372036854775807 - ID) FROM tbRoom";
     EXPECT_TRUE(fails(sql));
     EXPECT_TRUE(fails(sql));
     EXPECT_EQ(rowsOf(all), (QStringList{"1|one", "2|two"}));
