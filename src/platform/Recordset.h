@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <optional>
 #include <vector>
 
 namespace platform {
@@ -30,7 +31,7 @@ public:
 
     bool Eof() const { return current_ >= RecordCount(); }
     bool Bof() const { return current_ < 0 || RecordCount() == 0; }
-    int RecordCount() const { return rowCount_; }
+    int RecordCount() const { return filtered_ ? int(filtered_->size()) : rowCount_; }
 
     // Walking past either end stands on it; moving on from there fails.
     void MoveFirst();
@@ -42,6 +43,10 @@ public:
     // walk.
     void Find(const QString& criterion);
 
+    // Shows only the rows that meet a criterion of the same form, and moves to the first of them; "" shows
+    // all rows again.
+    void Filter(const QString& criterion);
+
     QStringList fieldNames() const { return names_; }
     bool hasField(const QString& name) const { return columns_.contains(name.toLower()); }
     // The field of the current record, by name without regard to case. No such field or no record fails.
@@ -51,6 +56,9 @@ public:
 
 private:
     int columnOf(const QString& name) const;
+    // The rows that meet a criterion, in their order, whatever the filter.
+    const std::vector<int>& rowsWith(const QString& criterion);
+    int rowAt(int place) const { return filtered_ ? (*filtered_)[std::size_t(place)] : place; }
     const QVariant& cell(int row, int column) const
     {
         return cells_[std::size_t(row) * names_.size() + column];
@@ -58,7 +66,8 @@ private:
 
     int state_ = Closed;
     int rowCount_ = 0;
-    int current_ = 0;
+    int current_ = 0; // place among the rows shown
+    std::optional<std::vector<int>> filtered_;
     QStringList names_;
     QHash<QString, int> columns_;
     std::vector<QVariant> cells_;

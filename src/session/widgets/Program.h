@@ -8,6 +8,8 @@
 #include "events/EventLog.h"
 #include "events/Purge.h"
 #include "platform/SingleInstance.h"
+#include "property/PropertyCopy.h"
+#include "property/PropertyModel.h"
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
@@ -78,6 +80,8 @@ private:
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;
     console::Console console_;
+    property::PropertyModel property_;
+    property::PropertyCopy propertyCopy_;
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;
