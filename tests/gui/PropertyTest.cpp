@@ -1,12 +1,10 @@
 #include "gui/GuiFixture.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -23,15 +21,20 @@ protected:
     // Plays the operator inside the next window of that name; a window still open at the end is closed.
     void inside(const QString& name, const std::function<void(QDialog&)>& work)
     {
-        QTimer::singleShot(0, this->window(), [this, name, work] {
+        auto* waiting = new QTimer(this->window());
+        QObject::connect(waiting, &QTimer::timeout, waiting, [this, waiting, name, work] {
             auto* dialog = qobject_cast<QDialog*>(desktop.form(name));
-            ASSERT_TRUE(dialog) << qPrintable(name);
+            if (!dialog || !dialog->isVisible())
+                return;
+            waiting->stop();
+            waiting->deleteLater();
             ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
             work(*dialog);
             ++played;
             if (dialog->isVisible())
                 dialog->reject();
         });
+        waiting->start(0);
     }
     void insideProperty(const std::function<void(QDialog&)>& work) { inside("frmProperty", work); }
 

@@ -13,11 +13,13 @@ namespace {
 
 constexpr int kWithoutLimit = 32767;
 
-// A character rather than a command: the editing keys and shortcuts are no concern of the filter.
+// A character rather than a command: the editing keys and shortcuts are no concern of the filter. Ctrl and
+// Alt together are the third level of some keyboards.
 bool isCharacter(const QKeyEvent& event)
 {
+    const Qt::KeyboardModifiers command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
     return !event.text().isEmpty() && event.text().at(0).category() != QChar::Other_Control &&
-           !event.modifiers().testFlag(Qt::ControlModifier) && !event.modifiers().testFlag(Qt::AltModifier);
+           (!command || command == (Qt::ControlModifier | Qt::AltModifier));
 }
 
 } // namespace
