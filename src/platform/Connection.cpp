@@ -1,5 +1,6 @@
 #include "platform/Connection.h"
 
+#include "platform/Dialect.h"
 #include "platform/RuntimeError.h"
 #include "platform/SqlFailure.h"
 
@@ -79,6 +80,7 @@ void Connection::Open(const QString& connectionString)
         database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
         database->exec("SELECT Count(*) FROM sqlite_master;");
         database->exec("PRAGMA journal_mode=DELETE;");
+        addDialectFunctions(*database);
         database_ = std::move(database);
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);
@@ -100,7 +102,7 @@ int Connection::Execute(const QString& sql)
 {
     SQLite::Database& engine = database();
     try {
-        return engine.exec(sql.toStdString());
+        return engine.exec(inEngineDialect(sql).toStdString());
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);
     }

@@ -36,7 +36,8 @@ public:
     void Close();
     int State() const;
 
-    // Runs one statement without a result; returns the number of rows that it changed.
+    // Runs one statement without a result; returns the number of rows that it changed. An update over a join
+    // is put into the engine's own words.
     int Execute(const QString& sql);
 
     void BeginTrans();

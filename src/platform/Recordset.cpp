@@ -67,6 +67,28 @@ void Recordset::MovePrevious()
 
 void Recordset::Find(const QString& criterion)
 {
+    const std::vector<int>& hits = rowsWith(criterion);
+    if (!filtered_) {
+        const auto hit = std::lower_bound(hits.begin(), hits.end(), current_);
+        current_ = hit == hits.end() ? rowCount_ : *hit;
+        return;
+    }
+    current_ = std::max(current_, 0);
+    while (!Eof() && !std::binary_search(hits.begin(), hits.end(), rowAt(current_)))
+        ++current_;
+}
+
+void Recordset::Filter(const QString& criterion)
+{
+    if (criterion.isEmpty())
+        filtered_.reset();
+    else
+        filtered_ = rowsWith(criterion);
+    current_ = 0;
+}
+
+const std::vector<int>& Recordset::rowsWith(const QString& criterion)
+{
     static const QRegularExpression kForm(QStringLiteral("^\\s*\\[(\\w+)\\]\\s*=\\s*'(.*)'\\s*$"),
                                           QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch match = kForm.match(criterion);
@@ -84,11 +106,9 @@ void Recordset::Find(const QString& criterion)
                 (*index)[textOf(cell(row, column)).toCaseFolded()].push_back(row);
         }
     }
-    const std::vector<int> none;
+    static const std::vector<int> kNone;
     const auto found = index->constFind(wanted);
-    const std::vector<int>& rows = found == index->constEnd() ? none : *found;
-    const auto hit = std::lower_bound(rows.begin(), rows.end(), current_);
-    current_ = hit == rows.end() ? rowCount_ : *hit;
+    return found == index->constEnd() ? kNone : *found;
 }
 
 QVariant Recordset::operator[](const QString& name) const
@@ -154,7 +174,7 @@ const Recordset::Cell& Recordset::current(int column) const
 {
     if (current_ < 0 || Eof())
         failWithoutRecord();
-    return cell(current_, column);
+    return cell(rowAt(current_), column);
 }
 
 QString Recordset::textOf(const Cell& cell) const

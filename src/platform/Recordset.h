@@ -34,7 +34,7 @@ public:
 
     bool Eof() const { return current_ >= RecordCount(); }
     bool Bof() const { return current_ < 0 || RecordCount() == 0; }
-    int RecordCount() const { return rowCount_; }
+    int RecordCount() const { return filtered_ ? int(filtered_->size()) : rowCount_; }
 
     // Walking past either end stands on it; moving on from there fails.
     void MoveFirst();
@@ -45,6 +45,10 @@ public:
     // the form "[column] = 'value'" (no case); stands at the end when there is none. One hash a column, no
     // walk.
     void Find(const QString& criterion);
+
+    // Shows only the rows that meet a criterion of the same form, and moves to the first of them; "" shows
+    // all rows again.
+    void Filter(const QString& criterion);
 
     QStringList fieldNames() const { return names_; }
     bool hasField(const QString& name) const;
@@ -72,6 +76,9 @@ private:
 
     Cell read(const Statement& row, int column);
     int columnOf(const QString& name) const;
+    // The rows that meet a criterion, in their order, whatever the filter.
+    const std::vector<int>& rowsWith(const QString& criterion);
+    int rowAt(int place) const { return filtered_ ? (*filtered_)[std::size_t(place)] : place; }
     const Cell& cell(int row, int column) const { return cells_[std::size_t(row) * names_.size() + column]; }
     const Cell& current(int column) const; // of the record on which the cursor stands
     QString textOf(const Cell& cell) const;
@@ -79,7 +86,8 @@ private:
 
     int state_ = Closed;
     int rowCount_ = 0;
-    int current_ = 0;
+    int current_ = 0; // place among the rows shown
+    std::optional<std::vector<int>> filtered_;
     QStringList names_;
     std::vector<Cell> cells_;
     std::string texts_;

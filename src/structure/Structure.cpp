@@ -127,6 +127,27 @@ void Structure::Refresh_Item()
         Load_Items_ListBus(selectedNode_);
 }
 
+void Structure::reloadList()
+{
+    const QString selected = selectedItem_;
+    Refresh_Item();
+    if (list_.item(selected))
+        selectItem(selected);
+}
+
+void Structure::showItem(const ListItem& item)
+{
+    list_.updateItem(item);
+}
+
+void Structure::renameNode(const QString& key, const QString& caption)
+{
+    if (!tree_.setCaption(key, caption))
+        return;
+    tree_.sortChildren(tree_.parentOf(key));
+    setPath(tree_.fullPathOf(selectedNode_));
+}
+
 void Structure::clickNode(const QString& key)
 {
     guarded("frmTreeBus.tvwBus_NodeClick", [&] {

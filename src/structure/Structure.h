@@ -48,6 +48,12 @@ public:
     // Toggles the tree; stores TreeBusSet.Visible.
     void Hide_TreeBus();
     void Refresh_Item();
+    // The same, and the selected item stays selected.
+    void reloadList();
+    // Shows an item of the list as it is now; nothing where the list doesn't show it.
+    void showItem(const ListItem& item);
+    // Shows an element of the tree under its new name, in its place among its neighbours.
+    void renameNode(const QString& key, const QString& caption);
     QString Search_ParamEnum(const QString& IDPar, const QString& Value);
 
     // Gestures

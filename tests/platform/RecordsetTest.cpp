@@ -194,6 +194,34 @@ TEST_F(RecordsetTest, OpensOnceAndAgainAfterAClose)
     EXPECT_EQ(rows.fieldNames(), QStringList{"Room"});
 }
 
+TEST_F(RecordsetTest, AFilterShowsOnlyTheRowsThatMeetIt)
+{
+    open();
+    rows.Filter("[Name] = 'alpha'");
+    EXPECT_EQ(rows.RecordCount(), 2);
+    QList<int> ids;
+    for (; !rows.Eof(); rows.MoveNext())
+        ids << rows.number("ID");
+    EXPECT_EQ(ids, (QList<int>{1, 3}));
+    rows.MoveFirst();
+    rows.Find("[ID] = '3'");
+    EXPECT_EQ(rows.number("ID"), 3);
+    rows.MoveFirst();
+    rows.Find("[ID] = '2'");
+    EXPECT_TRUE(rows.Eof()) << "it isn't shown";
+
+    rows.Filter("[Name] = 'O''Hara'");
+    EXPECT_EQ(rows.number("ID"), 4);
+    rows.Filter("[Name] = 'nobody'");
+    EXPECT_TRUE(rows.Eof());
+    EXPECT_TRUE(rows.Bof());
+    EXPECT_EQ(errorOf([&] { rows.text("ID"); }), errors::kNoCurrentRecord);
+    EXPECT_EQ(errorOf([&] { rows.Filter("Name > 1"); }), errors::kInvalidCall);
+    rows.Filter("");
+    EXPECT_EQ(rows.RecordCount(), 5);
+    EXPECT_EQ(rows.number("ID"), 1);
+}
+
 TEST_F(RecordsetTest, AStatementThatFailsLeavesItClosed)
 {
     for (const char* sql : {"SELECT * FROM tbNothing", "SELEKT", ""}) {

@@ -7,6 +7,8 @@
 #include "dialogs/frmZoomDate.h"
 #include "events/frmReadLogFiles.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "property/frmProperty.h"
+#include "property/frmPropertyCopy.h"
 #include "session/Configuration.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -32,6 +34,8 @@ Program::Program(const Surroundings& surroundings)
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
+      property_(with_.session, with_.texts, with_.op, structure_),
+      propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
       commands_(with_.session, structure_),
       main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()}),
       alarmNotice_(with_.session, with_.texts)
@@ -93,6 +97,8 @@ void Program::registerCommands()
     handlers_.set("Delete", [this] { editor_.Delete_Item(); });
     handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
 
+    handlers_.set("Property", [this] { property_.Property_Item(); });
+    handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
     handlers_.set("Allarms", [this] { bus_.Delete_Allarms(); });
@@ -108,6 +114,11 @@ void Program::registerForms()
     with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
     with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
     with_.op.registerForm("frmZoomDate", [&] { return new dialogs::frmZoomDate(session, clock); });
+    with_.op.registerForm("frmProperty",
+                          [&, this] { return new property::frmProperty(session, texts, op, property_); });
+    with_.op.registerForm("frmPropertyCopy", [&, this] {
+        return new property::frmPropertyCopy({session, texts, op, handlers_, propertyCopy_});
+    });
     with_.op.registerForm("frmReadWrite", [&, this] {
         return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
     });

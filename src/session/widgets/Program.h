@@ -9,6 +9,8 @@
 #include "events/EventLog.h"
 #include "events/Purge.h"
 #include "platform/SingleInstance.h"
+#include "property/PropertyCopy.h"
+#include "property/PropertyModel.h"
 #include "session/CommandStates.h"
 #include "session/Commands.h"
 #include "session/Main.h"
@@ -84,6 +86,8 @@ private:
     console::Console console_;
     dialogs::Zoom zoom_;
     structure::PlantEditor editor_;
+    property::PropertyModel property_;
+    property::PropertyCopy propertyCopy_;
     CommandHandlers handlers_;
     CommandStates commands_;
     Main main_;

@@ -1,0 +1,281 @@
+#include "property/frmProperty.h"
+
+#include "property/PropertyModel.h"
+#include "property/widgets/FieldEdit.h"
+#include "property/widgets/SpinButtons.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "session/widgets/FormLanguage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScopedValueRollback>
+
+namespace property {
+
+namespace {
+
+constexpr int kRows = 3;
+constexpr int kNumberWidth = 110;
+constexpr int kDialogWidth = 440;
+
+} // namespace
+
+frmProperty::frmProperty(const session::Session& session, const session::Texts& texts, platform::Operator& op,
+                         PropertyModel& model)
+    : model_(model)
+{
+    setWindowTitle(session.AppTitle + QStringLiteral("\\Proprietà"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto* lblIDPar = addLabel("lblIDPar", this);
+    QFont heading = lblIDPar->font();
+    heading.setBold(true);
+    heading.setPointSizeF(heading.pointSizeF() * 1.2);
+    lblIDPar->setFont(heading);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 14, 16, 14);
+    layout->setSpacing(10);
+    layout->addWidget(lblIDPar);
+    layout->addWidget(makeProperties(texts));
+    layout->addWidget(makeDisabled());
+    layout->addWidget(makeValues());
+    layout->addWidget(makeButtons());
+    // What is hidden takes no room: the window is as high as what it shows.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    model_.load();
+    showEntries();
+    showControls();
+    session::Set_Language(*this, session, texts, op);
+    connect(&model_, &PropertyModel::changed, this, &frmProperty::showControls);
+    connect(&model_, &PropertyModel::focusWanted, this,
+            [this](const QString& name) { widgets_[name]->setFocus(Qt::OtherFocusReason); });
+    for (QWidget* first :
+         std::initializer_list<QWidget*>{widgets_["txtValStr1"], widgets_["txtVal1"], cbxValEnum_, cmdOK_}) {
+        if (first->isVisibleTo(this) && first->isEnabled()) {
+            first->setFocus(Qt::OtherFocusReason);
+            break;
+        }
+    }
+}
+
+// The catalogue's details
+// ------------------------------------------------------------------------------------------
+
+QWidget* frmProperty::makeProperties(const session::Texts& texts)
+{
+    auto* fraProperties = session::tagged(new QGroupBox(QStringLiteral("-"), this), "fraProperties", "146");
+    widgets_["fraProperties"] = fraProperties;
+    auto* grid = new QGridLayout(fraProperties);
+    grid->setHorizontalSpacing(12);
+    auto* lblValDescription = addLabel("lblValDescription", fraProperties);
+    lblValDescription->setWordWrap(true);
+    lblValDescription->setMinimumWidth(kDialogWidth - 60);
+    grid->addWidget(lblValDescription, 0, 0, 1, 4);
+    grid->addWidget(addCaption("lblMemory", "148", fraProperties), 1, 0);
+    grid->addWidget(addLabel("lblValMemory", fraProperties), 1, 1);
+    grid->addWidget(addCaption("lblAddress", "2", fraProperties), 1, 2);
+    grid->addWidget(addLabel("lblValAddress", fraProperties), 1, 3);
+    grid->addWidget(addCaption("lblType", "149", fraProperties), 2, 0);
+    grid->addWidget(addLabel("lblValType", fraProperties), 2, 1);
+    QLabel* lblBytes = addCaption("lblBytes", "", fraProperties);
+    lblBytes->setText(texts.own("property.bytes"));
+    grid->addWidget(lblBytes, 2, 2);
+    grid->addWidget(addLabel("lblValBytes", fraProperties), 2, 3);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    return fraProperties;
+}
+
+QWidget* frmProperty::makeDisabled()
+{
+    auto* line = new QWidget(this);
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins({});
+    chkDisabled_ = session::tagged(new QCheckBox(line), "chkDisabled", "");
+    widgets_["chkDisabled"] = chkDisabled_;
+    layout->addWidget(chkDisabled_);
+    layout->addWidget(addCaption("lblDisabled", "150", line), 1);
+    connect(chkDisabled_, &QCheckBox::clicked, this, [this](bool checked) { model_.clickDisabled(checked); });
+    return line;
+}
+
+// The value
+// --------------------------------------------------------------------------------------------------------
+
+QWidget* frmProperty::makeValues()
+{
+    auto* fraVal = session::tagged(new QGroupBox(this), "fraVal", "");
+    widgets_["fraVal"] = fraVal;
+    fraVal->setMinimumWidth(kDialogWidth);
+    auto* grid = new QGridLayout(fraVal);
+    grid->setHorizontalSpacing(12);
+    grid->setColumnStretch(1, 1);
+    for (int row = 0; row < kRows; ++row) {
+        const QString number = QString::number(row + 1);
+        auto* cell = new QHBoxLayout;
+        cell->setSpacing(6);
+        cell->addWidget(addField("txtValStr" + number, fraVal), 1);
+        if (row == 0) {
+            cbxValEnum_ = session::tagged(new QComboBox(fraVal), "cbxValEnum", "");
+            cbxValEnum_->installEventFilter(this);
+            widgets_["cbxValEnum"] = cbxValEnum_;
+            connect(cbxValEnum_, &QComboBox::activated, this, [this](int index) { model_.pickEntry(index); });
+            cell->addWidget(cbxValEnum_, 1);
+        }
+        addNumber(row, fraVal, *cell);
+        grid->addWidget(addLabel(qPrintable("lblVal" + number), fraVal), row, 0);
+        grid->addLayout(cell, row, 1);
+    }
+    return fraVal;
+}
+
+void frmProperty::addNumber(int row, QWidget* parent, QHBoxLayout& layout)
+{
+    const QString number = QString::number(row + 1);
+    FieldEdit* field = addField("txtVal" + number, parent);
+    field->setFixedWidth(kNumberWidth);
+    field->setAlignment(Qt::AlignRight);
+    auto* spin = new SpinButtons("updVal" + number, parent);
+    spin->setFixedHeight(field->sizeHint().height());
+    spins_ << spin;
+    connect(spin, &SpinButtons::stepped, this, [this, field](int steps) {
+        field->setFocus(Qt::OtherFocusReason);
+        model_.spin(field->objectName(), steps);
+        field->selectAll();
+    });
+    auto* pair = new QHBoxLayout;
+    pair->setSpacing(0);
+    pair->addWidget(field);
+    pair->addWidget(spin);
+    layout.addLayout(pair);
+    QLabel* range = addLabel(qPrintable("lblRange" + number), parent);
+    range->setForegroundRole(QPalette::PlaceholderText);
+    layout.addWidget(range);
+    layout.addStretch();
+}
+
+QWidget* frmProperty::makeButtons()
+{
+    auto* line = new QWidget(this);
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(0, 4, 0, 0);
+    cmdCopy_ = addButton("cmdCopy", "282", *layout);
+    layout->addStretch();
+    cmdOK_ = addButton("cmdOK", "13", *layout);
+    cmdCancel_ = addButton("cmdCancel", "14", *layout);
+    cmdApply_ = addButton("cmdApply", "15", *layout);
+    cmdOK_->setDefault(true);
+    connect(cmdOK_, &QPushButton::clicked, this, [this] {
+        if (model_.cmdOK_Click())
+            accept();
+    });
+    connect(cmdCancel_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdApply_, &QPushButton::clicked, this, [this] { model_.cmdApply_Click(); });
+    connect(cmdCopy_, &QPushButton::clicked, this, [this] { model_.cmdCopy_Click(); });
+    setTabOrder(cmdApply_, cmdCopy_);
+    return line;
+}
+
+QLabel* frmProperty::addLabel(const char* name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    widgets_[name] = label;
+    return label;
+}
+
+QLabel* frmProperty::addCaption(const char* name, const char* tag, QWidget* parent)
+{
+    auto* label = session::tagged(new QLabel(QStringLiteral("-"), parent), name, tag);
+    widgets_[name] = label;
+    return label;
+}
+
+QPushButton* frmProperty::addButton(const char* name, const char* tag, QHBoxLayout& layout)
+{
+    auto* button = session::tagged(new QPushButton(QStringLiteral("-"), this), name, tag);
+    widgets_[name] = button;
+    layout.addWidget(button);
+    return button;
+}
+
+FieldEdit* frmProperty::addField(const QString& name, QWidget* parent)
+{
+    auto* field = new FieldEdit(model_, name, parent);
+    widgets_[name] = field;
+    fields_ << field;
+    connect(field, &FieldEdit::left, this, [this, field] { leave(field); });
+    return field;
+}
+
+// Model and window
+// -------------------------------------------------------------------------------------------------
+
+void frmProperty::showControls()
+{
+    const Controls& controls = model_.controls();
+    for (const NamedControl& named : namedControls()) {
+        const Control& control = controls.*named.control;
+        QWidget* widget = widgets_[named.name];
+        widget->setVisible(control.visible);
+        widget->setEnabled(control.enabled);
+        if (auto* field = qobject_cast<FieldEdit*>(widget)) {
+            field->showText(control.text, control.limit);
+        } else if (auto* label = qobject_cast<QLabel*>(widget);
+                   label && !label->property(session::kTag).isValid()) {
+            label->setText(control.text);
+            label->setToolTip(control.toolTip);
+        }
+    }
+    for (int row = 0; row < kRows; ++row) {
+        const Control& field = controls.*numberFields()[row].text;
+        spins_[row]->setVisible(field.visible);
+        spins_[row]->setEnabled(field.enabled);
+    }
+    cbxValEnum_->setCurrentIndex(controls.listIndex);
+    chkDisabled_->setChecked(controls.checked);
+}
+
+void frmProperty::showEntries()
+{
+    for (const EnumEntry& entry : model_.controls().entries)
+        cbxValEnum_->addItem(entry.text, entry.value);
+}
+
+// A field is checked when the focus has arrived elsewhere, so that a box doesn't open inside a focus event.
+// The way out by Cancel is always free.
+void frmProperty::leave(QWidget* field)
+{
+    if (returning_)
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, field] {
+            if (!isVisible() || focusWidget() == field || focusWidget() == cmdCancel_ ||
+                model_.validate(field->objectName()))
+                return;
+            const QScopedValueRollback<bool> returning(returning_, true);
+            field->setFocus(Qt::OtherFocusReason);
+        },
+        Qt::QueuedConnection);
+}
+
+bool frmProperty::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == cbxValEnum_ && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            leave(cbxValEnum_);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace property

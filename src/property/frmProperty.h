@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDialog>
+#include <QHash>
+
+class QCheckBox;
+class QComboBox;
+class QHBoxLayout;
+class QLabel;
+class QPushButton;
+
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+
+namespace property {
+
+class FieldEdit;
+class PropertyModel;
+class SpinButtons;
+
+// The property dialog: shows what the model holds and hands the operator's gestures to it.
+class frmProperty : public QDialog
+{
+    Q_OBJECT
+
+public:
+    frmProperty(const session::Session& session, const session::Texts& texts, platform::Operator& op,
+                PropertyModel& model);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget* makeProperties(const session::Texts& texts);
+    QWidget* makeDisabled();
+    QWidget* makeValues();
+    QWidget* makeButtons();
+    QLabel* addLabel(const char* name, QWidget* parent);
+    QLabel* addCaption(const char* name, const char* tag, QWidget* parent);
+    QPushButton* addButton(const char* name, const char* tag, QHBoxLayout& layout);
+    FieldEdit* addField(const QString& name, QWidget* parent);
+    void addNumber(int row, QWidget* parent, QHBoxLayout& layout);
+
+    void showControls();
+    void showEntries();
+    void leave(QWidget* field);
+
+    PropertyModel& model_;
+    QHash<QString, QWidget*> widgets_; // by control name
+    QList<FieldEdit*> fields_;
+    QList<SpinButtons*> spins_; // updVal1 to updVal3
+    QComboBox* cbxValEnum_ = nullptr;
+    QCheckBox* chkDisabled_ = nullptr;
+    QPushButton *cmdOK_ = nullptr, *cmdCancel_ = nullptr, *cmdApply_ = nullptr, *cmdCopy_ = nullptr;
+    bool returning_ = false; // the focus goes back to a field whose content was refused
+};
+
+} // namespace property

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QDialog>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QProgressBar;
+class QToolBar;
+class QTreeView;
+
+namespace platform {
+class Operator;
+}
+namespace session {
+class CommandHandlers;
+class Texts;
+struct Session;
+} // namespace session
+
+namespace property {
+
+class PropertyCopy;
+
+// The list of blocks to copy to, with its commands as menu and toolbar.
+class frmPropertyCopy : public QDialog
+{
+    Q_OBJECT
+
+public:
+    struct Surroundings
+    {
+        const session::Session& session;
+        const session::Texts& texts;
+        platform::Operator& op;
+        const session::CommandHandlers& handlers; // the look of all toolbars is one setting
+        PropertyCopy& copy;
+    };
+
+    explicit frmPropertyCopy(const Surroundings& surroundings);
+    ~frmPropertyCopy() override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    QMenuBar* makeMenus();
+    QToolBar* makeToolbar();
+    QTreeView* makeList();
+    QAction* addEntry(QMenu& menu, const char* name, const char* tag);
+    void addButton(const char* key, const char* icon, const char* tag, QAction* entry);
+    void showProgress(int done, int total);
+    void chooseIcons(const QString& command);
+    void ResetIcon();
+
+    const session::Session& session_;
+    const session::CommandHandlers& handlers_;
+    PropertyCopy& copy_;
+    QAction *mnuCheck_, *mnuUncheck_, *mnuCopy_, *mnuExit_;
+    QToolBar* tlbMain_;
+    QTreeView* lvwItems_;
+    QProgressBar* prgLoad_;
+};
+
+} // namespace property

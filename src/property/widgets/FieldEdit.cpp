@@ -1,0 +1,96 @@
+#include "property/widgets/FieldEdit.h"
+
+#include "property/PropertyModel.h"
+
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+namespace property {
+
+namespace {
+
+constexpr int kWithoutLimit = 32767;
+
+// A character rather than a command: the editing keys and shortcuts are no concern of the filter. Ctrl and
+// Alt together are the third level of some keyboards.
+bool isCharacter(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return !event.text().isEmpty() && event.text().at(0).category() != QChar::Other_Control &&
+           (!command || command == (Qt::ControlModifier | Qt::AltModifier));
+}
+
+} // namespace
+
+FieldEdit::FieldEdit(PropertyModel& model, const QString& name, QWidget* parent)
+    : QLineEdit(parent), model_(model)
+{
+    setObjectName(name);
+    connect(this, &QLineEdit::textChanged, this,
+            [this](const QString& text) { model_.change(objectName(), text); });
+}
+
+void FieldEdit::showText(const QString& text, int limit)
+{
+    const QSignalBlocker blocker(this);
+    setMaxLength(limit > 0 ? limit : kWithoutLimit);
+    if (this->text() == text)
+        return;
+    const int cursor = cursorPosition();
+    setText(text);
+    setCursorPosition(entered_ ? cursor : 0);
+}
+
+void FieldEdit::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    if (entered_)
+        return;
+    entered_ = true;
+    model_.enterField(objectName());
+    // The click that brought the focus puts the cursor down after this.
+    if (event->reason() == Qt::MouseFocusReason)
+        QMetaObject::invokeMethod(this, &QLineEdit::selectAll, Qt::QueuedConnection);
+    else
+        selectAll();
+}
+
+void FieldEdit::focusOutEvent(QFocusEvent* event)
+{
+    QLineEdit::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason)
+        return;
+    entered_ = false;
+    setCursorPosition(0);
+    emit left();
+}
+
+void FieldEdit::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        // With nothing to put back the key is the dialog's.
+        event->setAccepted(model_.restore(objectName()));
+        return;
+    }
+    if (!isCharacter(*event)) {
+        QLineEdit::keyPressEvent(event);
+        return;
+    }
+    if (const auto accepted = model_.keyPress(objectName(), event->text()))
+        insert(*accepted);
+}
+
+void FieldEdit::inputMethodEvent(QInputMethodEvent* event)
+{
+    QString committed = event->commitString();
+    if (!committed.isEmpty())
+        committed = model_.keyPress(objectName(), committed).value_or(QString());
+    QInputMethodEvent filtered(event->preeditString(), event->attributes());
+    filtered.setCommitString(committed, event->replacementStart(), event->replacementLength());
+    QLineEdit::inputMethodEvent(&filtered);
+}
+
+} // namespace property

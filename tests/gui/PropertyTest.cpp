@@ -1,0 +1,399 @@
+#include "gui/GuiFixture.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <functional>
+
+namespace {
+
+class Property : public gui::GuiFixture
+{
+protected:
+    // Plays the operator inside the next window of that name; a window still open at the end is closed.
+    void inside(const QString& name, const std::function<void(QDialog&)>& work)
+    {
+        auto* waiting = new QTimer(this->window());
+        QObject::connect(waiting, &QTimer::timeout, waiting, [this, waiting, name, work] {
+            auto* dialog = qobject_cast<QDialog*>(desktop.form(name));
+            if (!dialog || !dialog->isVisible())
+                return;
+            waiting->stop();
+            waiting->deleteLater();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+            work(*dialog);
+            ++played;
+            if (dialog->isVisible())
+                dialog->reject();
+        });
+        waiting->start(0);
+    }
+    void insideProperty(const std::function<void(QDialog&)>& work) { inside("frmProperty", work); }
+
+    void openByKey(const QString& node, const QString& key)
+    {
+        clickNode(node);
+        clickItem(key);
+        QTest::keyClick(shownList(), Qt::Key_Return);
+    }
+    static QLineEdit* field(QDialog& dialog, const QString& name)
+    {
+        return dialog.findChild<QLineEdit*>(name);
+    }
+    static QPushButton* pushButton(QDialog& dialog, const QString& name)
+    {
+        return dialog.findChild<QPushButton*>(name);
+    }
+    static void press(QDialog& dialog, const QString& name)
+    {
+        QTest::mouseClick(pushButton(dialog, name), Qt::LeftButton);
+    }
+    static void type(QLineEdit* field, const QString& text)
+    {
+        field->setFocus();
+        field->selectAll();
+        for (const QChar character : text) {
+            QKeyEvent event(QEvent::KeyPress, 0, {}, QString(character));
+            QApplication::sendEvent(field, &event);
+        }
+    }
+    QString shownValue(const QString& key) { return plant().list().item(key)->subtext; }
+
+    int played = 0;
+};
+
+TEST_F(Property, AParameterIsChangedByMouseAndKeyboard)
+{
+    start();
+    clickNode("3_1_2_G11");
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Calidora\\Proprietà");
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        EXPECT_TRUE(txtVal1->hasFocus());
+        EXPECT_EQ(txtVal1->selectedText(), "4.5");
+        EXPECT_FALSE(pushButton(dialog, "cmdApply")->isEnabled());
+        EXPECT_TRUE(pushButton(dialog, "cmdOK")->isDefault());
+        type(txtVal1, "20a.x2");
+        EXPECT_EQ(txtVal1->text(), "20.2") << "letters are dropped";
+        EXPECT_TRUE(pushButton(dialog, "cmdApply")->isEnabled());
+        press(dialog, "cmdApply");
+        EXPECT_EQ(txtVal1->text(), "20.5");
+        EXPECT_FALSE(pushButton(dialog, "cmdApply")->isEnabled());
+        EXPECT_EQ(shownValue("4_1_2_G11_P1101"), "20.5 °C") << "behind the open dialog";
+        type(txtVal1, "21");
+        QTest::keyClick(txtVal1, Qt::Key_Return);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    openItem("4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+    EXPECT_FALSE(desktop.form("frmProperty"));
+    EXPECT_EQ(shownValue("4_1_2_G11_P1101"), "21.0 °C");
+    EXPECT_EQ(plant().list().item("4_1_2_G11_P1101")->icon, 6);
+}
+
+TEST_F(Property, EscapeRestoresTheFieldFirstAndClosesThen)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        type(txtVal1, "7");
+        QTest::keyClick(txtVal1, Qt::Key_Escape);
+        EXPECT_EQ(txtVal1->text(), "4.5");
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(txtVal1, Qt::Key_Escape);
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(shownValue("4_1_2_G11_P1101"), "4.5 °C");
+}
+
+TEST_F(Property, NamesAreTypedInCapitalsWhereTheCursorStands)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtValStr1 = field(dialog, "txtValStr1");
+        type(txtValStr1, "abжd");
+        EXPECT_EQ(txtValStr1->text(), "ABЖD");
+        txtValStr1->setCursorPosition(1);
+        QTest::keyClick(txtValStr1, 'x');
+        EXPECT_EQ(txtValStr1->text(), "AXBЖD");
+        EXPECT_EQ(txtValStr1->cursorPosition(), 2);
+        press(dialog, "cmdOK");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    openByKey("Root", "1_1");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(plant().list().item("1_1")->text, "AXBЖD");
+    EXPECT_EQ(plant().tree().captionOf("1_1"), "AXBЖD");
+}
+
+TEST_F(Property, APasteIsCutToTheLimit)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QApplication::clipboard()->setText(QString(10000, 'X'));
+        QLineEdit* txtValStr1 = field(dialog, "txtValStr1");
+        txtValStr1->setFocus();
+        txtValStr1->selectAll();
+        QTest::keyClick(txtValStr1, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(txtValStr1->text(), QString(50, 'X'));
+    });
+    openByKey("Root", "1_1");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, ASpinButtonChangesTheField)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        auto* updVal1 = dialog.findChild<QWidget*>("updVal1");
+        QTest::mouseClick(updVal1->findChild<QToolButton*>("up"), Qt::LeftButton);
+        EXPECT_EQ(field(dialog, "txtVal1")->text(), "5.5");
+        QTest::mouseClick(updVal1->findChild<QToolButton*>("down"), Qt::LeftButton);
+        EXPECT_EQ(field(dialog, "txtVal1")->text(), "4.5");
+        EXPECT_TRUE(pushButton(dialog, "cmdApply")->isEnabled());
+        EXPECT_TRUE(field(dialog, "txtVal1")->hasFocus());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, AWrongFieldKeepsTheFocusButCancelIsFree)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        type(txtVal1, "99");
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+        QTest::keyClick(txtVal1, Qt::Key_Tab);
+        EXPECT_FALSE(txtVal1->hasFocus());
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(desktop.script.done());
+        EXPECT_TRUE(txtVal1->hasFocus());
+
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+        press(dialog, "cmdOK");
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(desktop.script.done()) << "told once";
+        EXPECT_TRUE(dialog.isVisible());
+
+        pushButton(dialog, "cmdCancel")->setFocus();
+        press(dialog, "cmdCancel");
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(shownValue("4_1_2_G11_P1101"), "4.5 °C");
+}
+
+TEST_F(Property, AListIsPickedByMouseOrKey)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        auto* cbxValEnum = dialog.findChild<QComboBox*>("cbxValEnum");
+        EXPECT_TRUE(cbxValEnum->hasFocus());
+        EXPECT_EQ(cbxValEnum->currentText(), "On");
+        QTest::keyClick(cbxValEnum, Qt::Key_Up);
+        EXPECT_EQ(cbxValEnum->currentText(), "Off");
+        EXPECT_TRUE(pushButton(dialog, "cmdApply")->isEnabled());
+        press(dialog, "cmdOK");
+    });
+    openByKey("3_1_1_G02", "4_1_1_G02_P0201");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(shownValue("4_1_1_G02_P0201"), "Off");
+}
+
+TEST_F(Property, TheTreeOpensItsOwnNode)
+{
+    start();
+    clickNode("1_1");
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblIDPar")->text(), "GRP_1");
+        type(field(dialog, "txtValStr1"), "north");
+        press(dialog, "cmdOK");
+    });
+    entry("frmTreeBus", "mnuProperty")->trigger();
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(control<QLabel>("lblPath")->text(), "ZEL Bus\\NORTH");
+    EXPECT_EQ(plant().selectedNode(), "1_1");
+}
+
+TEST_F(Property, NothingSelectedOpensNothing)
+{
+    start();
+    clickNode("Root");
+    button("Property")->trigger();
+    EXPECT_FALSE(desktop.form("frmProperty"));
+    EXPECT_TRUE(failures.failures().empty());
+}
+
+class PropertyInLanguage : public Property, public testing::WithParamInterface<const char*>
+{
+};
+
+TEST_P(PropertyInLanguage, EveryLevelAndKindShowsOnlyWhatItNeeds)
+{
+    const struct
+    {
+        const char* node;
+        const char* key;
+        const char* shown;
+        const char* hidden;
+    } rows[] = {
+        {"Root", "1_1", "txtValStr1 txtValStr3", "txtVal1 fraProperties chkDisabled cbxValEnum updVal1"},
+        {"1_1", "2_1_1", "txtValStr2 txtVal3 updVal3 lblValDescription", "txtValStr3 txtVal2 lblMemory"},
+        {"2_1_1", "3_1_1_G02", "lblVal1 lblVal2", "lblVal3 txtValStr1 fraProperties"},
+        {"3_1_1_G02", "4_1_1_G02_P0204", "txtValStr1 lblRange2 lblBytes", "txtVal1 cbxValEnum lblVal2"},
+        {"3_1_1_G02", "4_1_1_G02_P0201", "cbxValEnum", "txtVal1 txtValStr1"},
+        {"3_1_2_G11", "4_1_2_G11_P1101", "txtVal1 updVal1 lblRange1", "txtVal2 updVal2"},
+        {"3_1_1_G03", "4_1_1_G03_P0301", "txtVal1 txtVal2 txtVal3 lblRange3", "txtValStr1"},
+        {"3_1_1_G03", "4_1_1_G03_P0302", "txtVal1 txtVal2 txtVal3 lblVal3", "txtValStr1"},
+        {"3_1_1_G03", "4_1_1_G03_P0303", "txtVal1 txtVal2 txtVal3 lblRange3", "txtValStr1"},
+    };
+    setLanguage(GetParam());
+    start();
+    for (const auto& row : rows) {
+        played = 0;
+        insideProperty([&](QDialog& dialog) {
+            for (const QString& name : QString(row.shown).split(' '))
+                EXPECT_TRUE(dialog.findChild<QWidget*>(name)->isVisible()) << row.key << qPrintable(name);
+            for (const QString& name : QString(row.hidden).split(' '))
+                EXPECT_FALSE(dialog.findChild<QWidget*>(name)->isVisible()) << row.key << qPrintable(name);
+            EXPECT_EQ(dialog.windowTitle(), "Calidora\\Proprietà");
+            EXPECT_EQ(pushButton(dialog, "cmdCancel")->text(), texts(14));
+            for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+                if (label->isVisible() && !label->wordWrap()) {
+                    EXPECT_GE(label->width(), label->sizeHint().width()) << qPrintable(label->objectName());
+                }
+            }
+            // Pictures for the eye, where somebody wants them.
+            if (const QString folder = qEnvironmentVariable("CALIDORA_PICTURES"); !folder.isEmpty())
+                dialog.grab().save(
+                    QStringLiteral("%1/%2-%3.png").arg(folder, session.Language.Code, QString(row.key)));
+        });
+        openByKey(row.node, row.key);
+        EXPECT_EQ(played, 1) << row.key;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, PropertyInLanguage,
+                         testing::Values("EN_English_2000", "IT_Italiano_1000", "RU_Russian_6000"));
+
+TEST_F(Property, TheRootShowsItsTotals)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblIDPar")->text(), "Root");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblVal1")->text(), "Total Groups: 2");
+        press(dialog, "cmdOK");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    clickItem("Root");
+    QTest::keyClick(shownList(), Qt::Key_Return);
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, WithoutTheRightEverythingIsLocked)
+{
+    start();
+    session.CurrentUser.Modify = "0";
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_FALSE(field(dialog, "txtVal1")->isEnabled());
+        EXPECT_FALSE(dialog.findChild<QWidget*>("updVal1")->isEnabled());
+        EXPECT_FALSE(pushButton(dialog, "cmdCopy")->isEnabled());
+        EXPECT_FALSE(dialog.findChild<QCheckBox*>("chkDisabled")->isChecked());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+// The copy
+// --------------------------------------------------------------------------------------------------------
+
+class PropertyCopyWindow : public Property
+{
+protected:
+    PropertyCopyWindow()
+    {
+        runOnPlant("UPDATE tbParam SET mIDCopy = 'CP.01.01' WHERE mID = 'P1101';"
+                   "UPDATE tbParam SET mIDCopy = 'CP.02.01' WHERE mID = 'P1102';"
+                   "UPDATE tbParam SET mIDCopy = 'CP.03.01' WHERE mID = 'P1103';"
+                   "INSERT INTO tbParamCopyLanguage VALUES ('CP.02.01', 'EN', 'Second'), ('CP.03.01', 'EN', "
+                   "'Third');");
+    }
+
+    void openCopy(const std::function<void(QDialog&)>& work)
+    {
+        insideProperty([&, work](QDialog& dialog) {
+            inside("frmPropertyCopy", work);
+            press(dialog, "cmdCopy");
+        });
+        openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+        EXPECT_EQ(played, 2);
+    }
+    static QAction* action(QDialog& dialog, const QString& name) { return dialog.findChild<QAction*>(name); }
+};
+
+TEST_F(PropertyCopyWindow, ABlockIsCheckedByKeyAndCopied)
+{
+    start();
+    openCopy([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Calidora\\Copia Proprietà");
+        auto* lvwItems = dialog.findChild<QTreeView*>("lvwItems");
+        EXPECT_TRUE(lvwItems->hasFocus());
+        EXPECT_EQ(lvwItems->model()->rowCount(), 2);
+        EXPECT_EQ(lvwItems->model()->headerData(1, Qt::Horizontal).toString(), "Description");
+        QTest::keyClick(lvwItems, Qt::Key_Down);
+        QTest::keyClick(lvwItems, Qt::Key_Space);
+        EXPECT_EQ(lvwItems->model()->index(1, 0).data(Qt::CheckStateRole).toInt(), int(Qt::Checked));
+        action(dialog, "mnuCopy")->trigger();
+        EXPECT_EQ(shownValue("4_1_2_G11_P1103"), "5") << "4.5 under the mask of its target";
+        EXPECT_FALSE(dialog.findChild<QWidget*>("prgLoad")->isVisible());
+        action(dialog, "Exit")->trigger();
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    EXPECT_EQ(plant().list().item("4_1_2_G11_P1103")->icon, 6);
+    EXPECT_EQ(plant().selectedItem(), "4_1_2_G11_P1101");
+}
+
+TEST_F(PropertyCopyWindow, ButtonsCheckAllAskAndCopy)
+{
+    start();
+    openCopy([&](QDialog& dialog) {
+        desktop.script.expect(texts(532));
+        action(dialog, "Copy")->trigger();
+        action(dialog, "Check")->trigger();
+        desktop.script.expect(texts(533) + "\r\n" + texts(534), platform::answers::kYes);
+        action(dialog, "Copy")->trigger();
+        EXPECT_EQ(shownValue("4_1_2_G11_P1102"), "5 K");
+        action(dialog, "Uncheck")->trigger();
+        desktop.script.expect(texts(532));
+        action(dialog, "mnuCopy")->trigger();
+        if (const QString folder = qEnvironmentVariable("CALIDORA_PICTURES"); !folder.isEmpty())
+            dialog.grab().save(folder + "/copy.png");
+    });
+}
+
+TEST_F(PropertyCopyWindow, IconsFollowTheSettingOfAllToolbars)
+{
+    start();
+    openCopy([&](QDialog& dialog) {
+        action(dialog, "mnuTlbSmallIcons")->trigger();
+        EXPECT_EQ(dialog.findChild<QToolBar*>("tlbMain")->iconSize(), QSize(16, 16));
+        EXPECT_EQ(session.ToolbarSet.Icons, 0);
+        action(dialog, "mnuTlbLargeIcons")->trigger();
+        EXPECT_EQ(dialog.findChild<QToolBar*>("tlbMain")->iconSize(), QSize(32, 32));
+    });
+}
+
+} // namespace

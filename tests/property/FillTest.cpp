@@ -1,0 +1,281 @@
+#include "property/PropertyFixture.h"
+
+using property::Control;
+using property::Controls;
+
+namespace {
+
+class FillTest : public support::PropertyFixture
+{
+};
+
+TEST_F(FillTest, TheRootCountsGroupsWithInstrumentsAndAllInstruments)
+{
+    open("Root");
+    EXPECT_EQ(model.Level(), "0");
+    EXPECT_EQ(controls().lblIDPar.text, "Root");
+    EXPECT_EQ(controls().lblVal1.text, "Total Groups: 2"); // the third one is empty
+    EXPECT_EQ(controls().lblVal2.text, "Total Instruments: 3");
+    EXPECT_FALSE(controls().cmdCopy.enabled);
+    EXPECT_FALSE(controls().cmdApply.enabled);
+    EXPECT_FALSE(model.Dirty());
+}
+
+TEST_F(FillTest, AGroupWithoutInstrumentsIsNotCounted)
+{
+    runOnPlant("DELETE FROM tbParametersUser WHERE IDGrp = 2; DELETE FROM tbInstrumentsUser WHERE IDGrp = 2; "
+               "DELETE FROM tbGroupsUser WHERE IDGrp = 3;");
+    open("Root");
+    EXPECT_EQ(controls().lblVal1.text, "Total Groups: 1");
+}
+
+TEST_F(FillTest, TotalsAreGroupedByThousands)
+{
+    runOnPlant("WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 1 FROM n WHERE i < 1300) "
+               "INSERT INTO tbInstrumentsUser SELECT 3, i, 'KT100', 'X', NULL, NULL FROM n;");
+    open("Root");
+    EXPECT_EQ(controls().lblVal1.text, "Total Groups: 3");
+    EXPECT_EQ(controls().lblVal2.text, "Total Instruments: 1,294");
+}
+
+TEST_F(FillTest, AGroupShowsNameDescriptionAndPhone)
+{
+    open("1_1");
+    EXPECT_EQ(controls().lblIDPar.text, "GRP_1");
+    EXPECT_EQ(controls().txtValStr1.text, "GRP1");
+    EXPECT_EQ(controls().txtValStr2.text, "Market \"North\"");
+    EXPECT_EQ(controls().txtValStr3.text, "0551234567");
+    EXPECT_EQ(controls().txtValStr1.limit, 50);
+    EXPECT_EQ(controls().txtValStr2.limit, 255);
+    EXPECT_EQ(controls().txtValStr3.limit, 30);
+    EXPECT_FALSE(controls().cmdCopy.enabled);
+    open("1_2");
+    EXPECT_EQ(controls().txtValStr2.text, "");
+    EXPECT_EQ(controls().txtValStr3.text, "");
+}
+
+TEST_F(FillTest, AnInstrumentShowsItsTypeAndHidesTheFirstCharacterOfItsAddress)
+{
+    open("2_1_2");
+    EXPECT_EQ(controls().lblIDPar.text, "INST_2");
+    EXPECT_EQ(controls().txtValStr1.text, "ALPHA");
+    EXPECT_EQ(controls().txtValStr2.text, "Second");
+    EXPECT_EQ(controls().lblValDescription.text, "KT200 = Showcase");
+    EXPECT_EQ(controls().lblValDescription.toolTip, "KT200 = Showcase");
+    EXPECT_EQ(controls().txtVal2.text, "2");
+    EXPECT_EQ(controls().txtVal3.text, "10");
+    EXPECT_EQ(controls().txtVal3.limit, 10);
+    EXPECT_EQ(controls().updVal3.Min, 0);
+    EXPECT_EQ(controls().updVal3.Max, 15);
+    EXPECT_EQ(controls().lblRange3.text, "0-15");
+    EXPECT_EQ(model.KeyType(), "REAL");
+    EXPECT_EQ(model.DP(), "0");
+    EXPECT_FALSE(controls().cmdCopy.enabled);
+}
+
+TEST_F(FillTest, AddressesOfAllSorts)
+{
+    const struct
+    {
+        const char* stored;
+        const char* hidden;
+        const char* shown;
+    } rows[] = {
+        {"NULL", "", "0"}, {"'00'", "0", "0"}, {"'2F'", "2", "15"},   {"'2f'", "2", "15"},
+        {"'0'", "0", "0"}, {"''", "", "0"},    {"'2FF'", "2", "255"},
+    };
+    for (const auto& row : rows) {
+        runOnPlant(
+            QStringLiteral("UPDATE tbInstrumentsUser SET Address = %1 WHERE IDGrp = 1").arg(row.stored));
+        open("2_1_1");
+        EXPECT_EQ(controls().txtVal2.text, row.hidden) << row.stored;
+        EXPECT_EQ(controls().txtVal3.text, row.shown) << row.stored;
+    }
+}
+
+TEST_F(FillTest, AnAddressThatIsNotHexadecimalIsReportedAndTheRestStands)
+{
+    runOnPlant("UPDATE tbInstrumentsUser SET Address = '2G'");
+    open("2_1_1");
+    failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
+    EXPECT_EQ(controls().txtValStr1.text, "INST11");
+    EXPECT_EQ(controls().txtVal3.text, "");
+}
+
+TEST_F(FillTest, AParameterGroupCountsItsParametersAndTheModifiedOnes)
+{
+    open("3_1_1_G02");
+    EXPECT_EQ(controls().lblIDPar.text, "G02");
+    EXPECT_EQ(controls().lblVal1.text, "Total Parameters: 4");
+    EXPECT_EQ(controls().lblVal2.text, "Parameters Modified: 1"); // the added one is none
+    EXPECT_FALSE(controls().cmdCopy.enabled);
+}
+
+TEST_F(FillTest, AParameterShowsItsCatalogueDetails)
+{
+    open("4_1_2_G11_P1101");
+    EXPECT_EQ(controls().lblIDPar.text, "P1101");
+    EXPECT_EQ(controls().lblValDescription.text, "EN SET");
+    EXPECT_EQ(controls().lblValDescription.toolTip, "EN SET");
+    EXPECT_EQ(controls().lblValMemory.text, "SETTINGS");
+    EXPECT_EQ(controls().lblValAddress.text, "64 - $0040");
+    EXPECT_EQ(controls().lblValType.text, "BYTE");
+    EXPECT_EQ(controls().lblValBytes.text, "1");
+    EXPECT_EQ(model.Unit(), "°C");
+    EXPECT_EQ(model.DP(), "0.0");
+    EXPECT_EQ(model.IDCopy(), "AA_CC_01");
+    EXPECT_TRUE(model.Enable());
+    EXPECT_TRUE(session.DialogOk);
+}
+
+TEST_F(FillTest, ABankThatIsMissingStaysANumber)
+{
+    runOnPlant("DELETE FROM tbInstMem WHERE mID = 2");
+    open("4_1_2_G11_P1101");
+    EXPECT_EQ(controls().lblValMemory.text, "2");
+    EXPECT_FALSE(session.DialogOk);
+    EXPECT_EQ(controls().txtVal1.text, "4.5");
+}
+
+TEST_F(FillTest, ParametersAreFoundInAnyOrder)
+{
+    for (const char* key : {"4_1_1_G03_P0303", "4_1_1_G01_P0101", "4_1_1_G03_P0301", "4_1_1_G01_P0107"}) {
+        open(key);
+        EXPECT_TRUE(session.DialogOk) << key;
+        EXPECT_NE(model.KeyType(), "") << key;
+    }
+}
+
+TEST_F(FillTest, ARealShowsValueAndLimits)
+{
+    open("4_1_2_G11_P1101");
+    EXPECT_EQ(model.KeyType(), "REAL");
+    EXPECT_EQ(controls().txtVal1.text, "4.5");
+    EXPECT_EQ(controls().txtVal1.limit, 10);
+    EXPECT_EQ(controls().updVal1.Min, 0);
+    EXPECT_EQ(controls().updVal1.Max, 25);
+    EXPECT_EQ(model.LowLimit(), 0);
+    EXPECT_EQ(model.HighLimit(), 25);
+    EXPECT_EQ(controls().lblRange1.text, "0/25 °C");
+    open("4_1_1_G01_P0102");
+    EXPECT_EQ(controls().txtVal1.text, ""); // NULL
+    EXPECT_EQ(controls().lblRange1.text, "-50/100 °C");
+}
+
+TEST_F(FillTest, AStringShowsItsSizeInWords)
+{
+    open("4_1_1_G02_P0204");
+    EXPECT_EQ(controls().txtValStr1.text, "ROOM 1");
+    EXPECT_EQ(controls().txtValStr1.limit, 8);
+    EXPECT_EQ(controls().lblRange2.text, "Max 8 characters.");
+}
+
+TEST_F(FillTest, AnEnumSelectsTheEntryOfItsValue)
+{
+    open("4_1_1_G02_P0201");
+    ASSERT_EQ(controls().entries.size(), 3u);
+    EXPECT_EQ(controls().entries[0].text, "Off");
+    EXPECT_EQ(controls().entries[1].text, "On");
+    EXPECT_EQ(controls().entries[2].text, "Broken");
+    EXPECT_EQ(controls().entries[2].value, -1);
+    EXPECT_EQ(controls().listIndex, 1);
+    open("4_1_1_G02_P0202"); // the former filter is gone
+    EXPECT_EQ(controls().entries.size(), 2u);
+}
+
+TEST_F(FillTest, AnEnumWithAnUnknownValueSelectsNothing)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '7' WHERE IDPar = 'P0201'");
+    open("4_1_1_G02_P0201");
+    EXPECT_EQ(controls().entries.size(), 3u);
+    EXPECT_EQ(controls().listIndex, -1);
+}
+
+TEST_F(FillTest, AnEnumWithoutAValueIsReportedAndItsListStaysEmpty)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = NULL WHERE IDPar = 'P0201'");
+    open("4_1_1_G02_P0201");
+    failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
+    EXPECT_TRUE(controls().entries.empty());
+    EXPECT_TRUE(controls().cbxValEnum.visible);
+}
+
+TEST_F(FillTest, TimesFillTheirFields)
+{
+    const struct
+    {
+        const char* key;
+        QStringList filled, empty, ranges;
+        QList<int> limits;
+    } rows[] = {
+        {"4_1_1_G03_P0301", {"2", "0", "0"}, {"", "0", "0"}, {"0-23", "0-59", "0-59"}, {2, 0, 0}},
+        {"4_1_1_G03_P0302", {"2", "30", "0"}, {"", "", "0"}, {"0-23", "0-59", ""}, {2, 2, 0}},
+        {"4_1_1_G03_P0303", {"1", "2", "0"}, {"", "", ""}, {"0-23", "0-59", "0-59"}, {2, 2, 2}},
+    };
+    const auto each = [&](auto read) {
+        return QStringList{read(&Controls::txtVal1), read(&Controls::txtVal2), read(&Controls::txtVal3)};
+    };
+    const auto textOf = [&](Control Controls::*field) { return (controls().*field).text; };
+    for (const auto& row : rows) {
+        open(row.key);
+        EXPECT_EQ(each(textOf), row.filled) << row.key;
+        EXPECT_EQ(
+            (QStringList{controls().lblRange1.text, controls().lblRange2.text, controls().lblRange3.text}),
+            row.ranges)
+            << row.key;
+        EXPECT_EQ((QList<int>{controls().txtVal1.limit, controls().txtVal2.limit, controls().txtVal3.limit}),
+                  row.limits)
+            << row.key;
+        EXPECT_EQ(controls().updVal1.Max, 23);
+    }
+    runOnPlant("UPDATE tbParametersUser SET Value = NULL WHERE IDParGrp = 'G03'");
+    for (const auto& row : rows) {
+        open(row.key);
+        EXPECT_EQ(each(textOf), row.empty) << row.key;
+    }
+}
+
+TEST_F(FillTest, AValueThatIsNoTimeOfDayIsReportedAndTheFieldsStayEmpty)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '24:00:00' WHERE IDPar = 'P0302'");
+    open("4_1_1_G03_P0302");
+    failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
+    EXPECT_EQ(controls().txtVal1.text, "");
+    EXPECT_TRUE(controls().txtVal1.visible);
+}
+
+TEST_F(FillTest, ACatalogueRowThatVanishedLeavesTheRestEmpty)
+{
+    runOnPlant("DELETE FROM tbParamLanguage WHERE mID = 'P1101'");
+    open("4_1_2_G11_P1101");
+    EXPECT_FALSE(session.DialogOk);
+    EXPECT_EQ(controls().lblIDPar.text, "P1101");
+    EXPECT_EQ(model.KeyType(), "");
+    EXPECT_EQ(controls().txtVal1.text, "");
+    EXPECT_FALSE(controls().txtVal1.visible);
+}
+
+TEST_F(FillTest, AnElementThatVanishedLeavesTheControlsAsTheyAre)
+{
+    open("4_1_2_G11_P9999");
+    EXPECT_EQ(controls().lblIDPar.text, "");
+    open("1_99");
+    EXPECT_EQ(controls().txtValStr1.text, "");
+}
+
+TEST_F(FillTest, ALostConnectionIsReportedByEachProcedure)
+{
+    session.ClipKey = "1_1";
+    model.load();
+    failures.expectOne(platform::errors::kObjectClosed, "frmProperty/FillControls_Item");
+    QString unit, mask, keyType, copyId;
+    bool enable = false;
+    EXPECT_FALSE(model.Search_Param("P1101", unit, mask, enable, keyType, copyId));
+    failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Search_Param");
+    EXPECT_EQ(model.Load_ParamEnum("P0201", 1), -1);
+    failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Load_ParamEnum");
+    EXPECT_FALSE(model.Search_InstMem("1"));
+    failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Search_InstMem");
+}
+
+} // namespace
