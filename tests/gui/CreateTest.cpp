@@ -18,25 +18,43 @@ protected:
         start();
         clickNode(node);
     }
-    // Plays the operator in the list of types as soon as it is up.
+    // Plays the operator in a modal window as soon as it is up.
+    void inForm(const QString& name, std::function<void(QWidget*)> play)
+    {
+        QTimer::singleShot(1, &test, [this, name, play] {
+            QWidget* form = QApplication::activeModalWidget();
+            if (form && form->objectName() == name)
+                play(form);
+            else
+                inForm(name, play);
+        });
+    }
     void inZoom(std::function<void(QTreeView*)> play)
     {
-        QTimer::singleShot(0, qApp, [this, play] {
-            QWidget* zoom = QApplication::activeModalWidget();
-            ASSERT_TRUE(zoom);
-            ASSERT_EQ(zoom->objectName(), "frmZoom");
-            play(zoom->findChild<QTreeView*>("lvwZoom"));
+        inForm("frmZoom", [play](QWidget* form) { play(form->findChild<QTreeView*>("lvwZoom")); });
+    }
+    // The dialog for the new item's data comes up, and goes without a change.
+    void leaveProperty()
+    {
+        inForm("frmProperty", [this](QWidget* form) {
+            ++propertiesShown;
+            form->close();
         });
     }
     QStringList plantRows(const QString& sql) { return support::column(plantFile(), sql); }
     void confirm(int offset, int answer = kYes) { desktop.script.expect(texts(offset), answer); }
+
+    int propertiesShown = 0;
+    QObject test; // what still waits for a window goes with the test
 };
 
 TEST_F(Create, AGroupByTheToolbar)
 {
     startOn("Root");
     confirm(584);
+    leaveProperty();
     button("New")->trigger();
+    EXPECT_EQ(propertiesShown, 1);
     EXPECT_TRUE(listKeys().contains("1_4"));
     EXPECT_TRUE(plant().tree().contains("1_4"));
     EXPECT_EQ(plantRows("SELECT Name FROM tbGroupsUser WHERE IDGrp = 4"), QStringList{"GRP4"});
@@ -52,6 +70,7 @@ TEST_F(Create, AGroupByTheMenusOfBothChildrenAndTheirPopups)
                                                            {"frmListBus", "mnuBusNew"}};
     for (const auto& [form, name] : entries) {
         confirm(584);
+        leaveProperty();
         ASSERT_TRUE(entry(form, name)) << form << name;
         entry(form, name)->trigger();
     }
@@ -67,6 +86,7 @@ TEST_F(Create, AnInstrumentByMouse)
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, row);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, row);
     });
+    leaveProperty();
     button("New")->trigger();
     EXPECT_EQ(listKeys(), QStringList{"2_3_1"});
     EXPECT_EQ(plant().list().item("2_3_1")->detail, "KT200");
@@ -82,6 +102,7 @@ TEST_F(Create, AnInstrumentByKeys)
         QTest::keyClick(list, Qt::Key_Down);
         QTest::keyClick(list, Qt::Key_Return);
     });
+    leaveProperty();
     entry("frmTreeBus", "mnuNew")->trigger();
     EXPECT_EQ(plant().list().item("2_3_1")->detail, "KT200");
 }
