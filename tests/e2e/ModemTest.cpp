@@ -1,6 +1,8 @@
 #include "e2e/RealLine.h"
 #include "e2e/SoftModem.h"
 
+#include <unistd.h>
+
 using namespace e2e;
 using bus::ActionCode;
 
@@ -13,6 +15,8 @@ protected:
     {
         if (!SoftModem::isInstalled())
             GTEST_SKIP() << "iaxmodem is not installed";
+        if (geteuid() != 0)
+            GTEST_SKIP() << "iaxmodem runs for root alone";
         modem.emplace(portLink());
         ASSERT_TRUE(waitUntil([this] { return modem->isReady(); }));
         ASSERT_TRUE(open());
