@@ -1,6 +1,8 @@
 #include "e2e/RealLine.h"
 #include "e2e/SoftModem.h"
 
+#include <unistd.h>
+
 using namespace e2e;
 using bus::ActionCode;
 
@@ -13,6 +15,8 @@ protected:
     {
         if (!SoftModem::isInstalled())
             GTEST_SKIP() << "iaxmodem is not installed";
+        if (geteuid() != 0)
+            GTEST_SKIP() << "iaxmodem runs for root alone";
         modem.emplace(portLink());
         ASSERT_TRUE(waitUntil([this] { return modem->isReady(); }));
         ASSERT_TRUE(open());
@@ -27,7 +31,6 @@ TEST_F(ModemTest, AcceptsEveryCommandOfTheSetUpAndDials)
     console.Connect();
     ASSERT_TRUE(waitFor(ActionCode::Dialling));
     const auto& said = port.exchanges();
-    ASSERT_TRUE(waitUntil([&] { return said.back().reply.contains("OK"); }));
 
     const QByteArray expected[] = {"+++",    "ATH\r",   "AT\r",    "ATZ\r",
                                    "ATE0\r", "AT&D0\r", "AT&K0\r", "ATD0551234567\r"};
@@ -37,7 +40,7 @@ TEST_F(ModemTest, AcceptsEveryCommandOfTheSetUpAndDials)
     for (std::size_t i = 1; i <= 5; ++i)
         EXPECT_TRUE(said[i].reply.contains("OK")) << said[i].sent.constData() << said[i].reply.constData();
     // Any character behind the last command lets the program dial, so that reply may come in two halves.
-    EXPECT_TRUE((said[6].reply + said[7].reply).contains("OK")) << said[6].reply.constData();
+    EXPECT_TRUE(waitUntil([&] { return (said[6].reply + said[7].reply).contains("OK"); }));
     EXPECT_FALSE(said[6].reply.isEmpty());
     EXPECT_EQ(logged().last(), "Compose phone number: 0551234567");
 }
