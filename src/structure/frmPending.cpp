@@ -41,7 +41,6 @@ void frmPending::layOut()
     lblPending_->setTextFormat(Qt::PlainText);
     lblPending_->setWordWrap(true);
     cmdRefresh_->setObjectName("cmdRefresh");
-    cmdRefresh_->setShortcut(Qt::Key_F5);
     cmdShow_->setObjectName("cmdShow");
     cmdClose_->setObjectName("cmdClose");
     for (QPushButton* button : {cmdRefresh_, cmdShow_, cmdClose_})
@@ -132,6 +131,7 @@ void frmPending::relabel()
     writes_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
     lblNothing_->setText(texts_.own("pending.nothing"));
     cmdRefresh_->setText(texts_.own("pending.refresh"));
+    cmdRefresh_->setShortcut(Qt::Key_F5); // a new caption takes the old shortcut away
     cmdShow_->setText(texts_.own("find.show"));
     cmdClose_->setText(texts_.own("find.close"));
 }

@@ -19,7 +19,9 @@ protected:
         QTest::keyClick(window(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(form());
         ASSERT_TRUE(QTest::qWaitForWindowActive(form()));
-        ASSERT_EQ(QApplication::focusWidget(), field());
+        ASSERT_TRUE(QTest::qWaitFor([this] { return QApplication::focusWidget() == field(); }))
+            << (QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : "none")
+                   .toStdString();
     }
     bool finds(int count)
     {
@@ -109,6 +111,8 @@ TEST_F(Find, EscapeClosesAndTheNextTimeItSearchesAfresh)
     EXPECT_TRUE(finds(2));
     QTest::keyClick(field(), Qt::Key_Escape);
     EXPECT_FALSE(form()->isVisible());
+    window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     session.cnDatabase.Execute("UPDATE tbInstrumentsUser SET Name = 'BETA' WHERE Name = 'ALPHA';");
     open();
     EXPECT_EQ(field()->selectedText(), "alpha");

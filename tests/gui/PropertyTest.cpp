@@ -29,6 +29,9 @@ protected:
             waiting->stop();
             waiting->deleteLater();
             ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+            ASSERT_TRUE(QTest::qWaitFor([dialog] {
+                return dialog->isAncestorOf(QApplication::focusWidget());
+            })) << "the focus never comes into the window";
             work(*dialog);
             ++played;
             if (dialog->isVisible())
@@ -77,7 +80,7 @@ TEST_F(Property, AParameterIsChangedByMouseAndKeyboard)
     insideProperty([&](QDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), "Calidora\\Proprietà");
         QLineEdit* txtVal1 = field(dialog, "txtVal1");
-        EXPECT_TRUE(txtVal1->hasFocus());
+        EXPECT_TRUE(txtVal1->hasFocus()) << QApplication::focusWidget()->objectName().toStdString();
         EXPECT_EQ(txtVal1->selectedText(), "4.5");
         EXPECT_FALSE(pushButton(dialog, "cmdApply")->isEnabled());
         EXPECT_TRUE(pushButton(dialog, "cmdOK")->isDefault());

@@ -202,6 +202,7 @@ void DesktopOperator::showForm(const QString& name)
     QWidget* window = load(name);
     window->show();
     window->raise();
+    window->activateWindow();
 }
 
 void DesktopOperator::showFormModal(const QString& name)

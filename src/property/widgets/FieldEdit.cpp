@@ -35,7 +35,9 @@ FieldEdit::FieldEdit(PropertyModel& model, const QString& name, QWidget* parent)
 void FieldEdit::showText(const QString& text, int limit)
 {
     const QSignalBlocker blocker(this);
-    setMaxLength(limit > 0 ? limit : kWithoutLimit);
+    const int length = limit > 0 ? limit : kWithoutLimit;
+    if (maxLength() != length) // setting it moves the cursor, even to the same length
+        setMaxLength(length);
     if (this->text() == text)
         return;
     const int cursor = cursorPosition();
