@@ -3,7 +3,6 @@
 #include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "property/PropertyCopy.h"
-#include "session/Commands.h"
 #include "session/Session.h"
 #include "session/widgets/FormLanguage.h"
 
@@ -28,7 +27,7 @@ constexpr QSize kSmallIcons(16, 16);
 } // namespace
 
 frmPropertyCopy::frmPropertyCopy(const Surroundings& with)
-    : session_(with.session), handlers_(with.handlers), copy_(with.copy)
+    : session_(with.session), runCommand_(with.runCommand), copy_(with.copy)
 {
     setWindowTitle(session_.AppTitle + QStringLiteral("\\Copia Proprietà"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -134,7 +133,7 @@ void frmPropertyCopy::showProgress(int done, int total)
 // The main window's own command: its toolbar follows as well.
 void frmPropertyCopy::chooseIcons(const QString& command)
 {
-    handlers_.run(command);
+    runCommand_(command);
     ResetIcon();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 
 class QAction;
 class QMenu;
@@ -13,7 +14,6 @@ namespace platform {
 class Operator;
 }
 namespace session {
-class CommandHandlers;
 class Texts;
 struct Session;
 } // namespace session
@@ -33,7 +33,8 @@ public:
         const session::Session& session;
         const session::Texts& texts;
         platform::Operator& op;
-        const session::CommandHandlers& handlers; // the look of all toolbars is one setting
+        // Runs a command of the main window: the look of all toolbars is one setting.
+        std::function<void(const QString& command)> runCommand;
         PropertyCopy& copy;
     };
 
@@ -54,7 +55,7 @@ private:
     void ResetIcon();
 
     const session::Session& session_;
-    const session::CommandHandlers& handlers_;
+    std::function<void(const QString& command)> runCommand_;
     PropertyCopy& copy_;
     QAction *mnuCheck_, *mnuUncheck_, *mnuCopy_, *mnuExit_;
     QToolBar* tlbMain_;

@@ -117,7 +117,8 @@ void Program::registerForms()
     with_.op.registerForm("frmProperty",
                           [&, this] { return new property::frmProperty(session, texts, op, property_); });
     with_.op.registerForm("frmPropertyCopy", [&, this] {
-        return new property::frmPropertyCopy({session, texts, op, handlers_, propertyCopy_});
+        return new property::frmPropertyCopy(
+            {session, texts, op, [this](const QString& command) { handlers_.run(command); }, propertyCopy_});
     });
     with_.op.registerForm("frmReadWrite", [&, this] {
         return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
