@@ -36,9 +36,10 @@ void ListModel::setItems(std::vector<ListItem> items)
     items_.reserve(items.size());
     placeByKey_.reserve(qsizetype(items.size()));
     for (ListItem& item : items) {
-        if (placeByKey_.contains(item.key))
+        int& place = placeByKey_[item.key];
+        if (placeByKey_.size() == qsizetype(items_.size())) // the key was there already
             continue;
-        placeByKey_.insert(item.key, int(items_.size()));
+        place = int(items_.size());
         items_.push_back({std::move(item), nextOrder_++, kHidden});
     }
     if (sortColumn_ >= 0)
