@@ -2,7 +2,7 @@
 set -euo pipefail
 
 build_folder=${BUILD_FOLDER:-build}
-export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time_macros
 
 build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libsqlite3-dev
   libsqlitecpp-dev libgtest-dev libgmock-dev libbenchmark-dev)
