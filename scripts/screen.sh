@@ -41,6 +41,7 @@ wait_for() {
 
 # Whatever is started here ends with this script, even when the script is killed.
 start_screen() {
+  unset QT_QPA_PLATFORM
   rm -rf "$work"
   mkdir -p "$pictures"
   trap clear_away EXIT

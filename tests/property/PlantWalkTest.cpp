@@ -1,0 +1,577 @@
+// Creates, deletes, edits, copies and thinks better of it, at random, with a company that can't be written
+// now and then. After each step tree, list and database are compared with a plain plant.
+#include "property/PlainPlant.h"
+#include "property/PropertyFixture.h"
+#include "session/Lookup.h"
+#include "structure/PlantEditor.h"
+#include "values/Display.h"
+
+#include <QStringBuilder>
+#include <iostream>
+#include <random>
+
+using platform::answers::kNo;
+using platform::answers::kYes;
+using support::keyOf;
+using support::PlainParam;
+using support::PlainPlant;
+
+namespace {
+
+class ChosenType : public session::Lookup
+{
+public:
+    QString ShowZoom(const QString&) override { return answer; }
+    QString answer;
+};
+
+// What is typed into the fields of a parameter and what must come of it: a stored value (none is NULL), or
+// the message of a refusal.
+struct Typing
+{
+    const char* IDPar;
+    QStringList typed;
+    std::optional<QString> stored;
+    QString refusal = {};
+};
+
+const QString kNotNumeric = "Attention! The imput number is not a valid numeric format.";
+const QString kCheck = "Attention! Check the imput numbers.";
+const QString kRange = "Attention! The values are out of range.";
+
+QString between(const QString& low, const QString& high)
+{
+    return u"Attention! The number must be included between " % low % u" and " % high % u'.';
+}
+
+const std::vector<Typing> kTypings{
+    {"P1101", {"20.2"}, "20.5"},
+    {"P1101", {"7,7"}, "8"},
+    {"P1101", {"0"}, "0"},
+    {"P1101", {"1e3"}, "13"}, // the letter is dropped
+    {"P1101", {""}, std::nullopt},
+    {"P1101", {"25.1"}, {}, between("0", "25")},
+    {"P1101", {"--"}, {}, kNotNumeric},
+    {"P1101", {","}, {}, kNotNumeric},
+    {"P1102", {"6,5"}, "65"}, // so is the comma of a whole number
+    {"P1102", {"60000"}, "60000"},
+    {"P1102", {"60001"}, {}, between("0", "60000")},
+    {"P1103", {"007"}, "7"},
+    {"P1103", {""}, std::nullopt},
+    {"P0301", {"23"}, "23:00:00"},
+    {"P0301", {"24"}, {}, between("0", "23")},
+    {"P0301", {""}, std::nullopt},
+    {"P0302", {"2", "30"}, "02:30:00"},
+    {"P0302", {"2", ""}, {}, kCheck},
+    {"P0302", {"", ""}, std::nullopt},
+    {"P0302", {"2", "60"}, {}, kRange},
+    {"P0303", {"1", "2", "3"}, "01:02:03"},
+    {"P0303", {"", "", ""}, std::nullopt},
+    {"P0303", {"", "5", ""}, {}, kCheck},
+    {"P0303", {"0", "0", "99"}, {}, kRange},
+    {"P0204", {"o'hara"}, "O'HARA"},
+    {"P0204", {"50% \"a_b\""}, "50% \"A_B"}, // eight characters
+    {"P0204", {"камера"}, "КАМЕРА"},
+    {"P0204", {"seven..\U0001F9CA"}, "SEVEN.."}, // no half character
+    {"P0204", {""}, std::nullopt},
+};
+
+const QStringList kNames{"O'Hara",   "50% \"a_b\"",     "КАМЕРА 1", "\U0001F9CA room",
+                         "--; DROP", QString(300, 'x'), "plain",    "1e3"};
+
+class PlantWalk : public support::PropertyFixture
+{
+protected:
+    PlantWalk()
+    {
+        runOnPlant("DELETE FROM tbParametersUser; DELETE FROM tbInstrumentsUser; DELETE FROM tbGroupsUser;"
+                   "UPDATE tbParam SET mIDCopy = NULL;");
+        // Two families: measures in three blocks, the last of them shorter, and the times.
+        const std::pair<const char*, const char*> places[] = {
+            {"P0101", "MS.01.01"}, {"P0102", "MS.01.02"}, {"P0103", "MS.02.01"}, {"P0104", "MS.02.02"},
+            {"P0105", "MS.03.01"}, {"P0301", "TM.01.01"}, {"P0302", "TM.02.01"}, {"P0303", "TM.03.01"}};
+        for (const auto& [IDPar, IDCopy] : places)
+            runOnPlant(QStringLiteral("UPDATE tbParam SET mIDCopy = '%1' WHERE mID = '%2';"
+                                      "INSERT INTO tbParamCopyLanguage VALUES ('%1', 'EN', 'Block')")
+                           .arg(IDCopy, IDPar));
+        EXPECT_TRUE(connectPlant());
+        session.cnDatabase.Execute("PRAGMA synchronous=OFF;");
+        readCatalogue();
+        structure.clickNode("Root");
+        op.onModal = [this](const QString& form) { inside(form); };
+    }
+
+    void walk(unsigned seed, int steps)
+    {
+        random.seed(seed);
+        for (int step = 0; step < steps && !HasFailure(); ++step) {
+            SCOPED_TRACE("seed " + std::to_string(seed) + ", step " + std::to_string(step));
+            takeStep();
+            compare();
+        }
+        EXPECT_EQ(rows("PRAGMA integrity_check", "integrity_check"), QStringList{"ok"});
+    }
+
+    // Steps
+    // -----------------------------------------------------------------------------------------------------
+
+    void takeStep()
+    {
+        constexpr int kMostGroups = 5;
+        const bool broken = chance(10);
+        session.cnDatabase.Execute(broken ? "PRAGMA query_only=ON;" : "PRAGMA query_only=OFF;");
+        const PlainPlant before = plant;
+        const int what = below(100);
+        if (what < 8 && int(plant.groups.size()) < kMostGroups)
+            newGroup();
+        else if (what < 25)
+            newInstrument();
+        else if (what < 35)
+            deleteItem();
+        else if (what < 40)
+            deleteNode();
+        else if (what < 60)
+            editNamed();
+        else if (what < 88)
+            editParameter();
+        else
+            copyBlocks();
+        const auto reported = failures.take();
+        EXPECT_LE(reported.size(), broken ? 1u : 0u) << reported.front().description.toStdString();
+        if (!reported.empty())
+            plant = before;
+        session.cnDatabase.Execute("PRAGMA query_only=OFF;");
+        EXPECT_TRUE(op.done());
+        op.boxes.clear();
+        op.forms.clear();
+    }
+
+    void newGroup()
+    {
+        structure.clickNode("Root");
+        const int answer = mostlyYes();
+        op.expect(texts(584), answer);
+        const int number = plant.freeGroup();
+        if (answer == kYes)
+            plant.groups[number].name = u"GRP" % QString::number(number);
+        dialog = chance(50) ? &PlantWalk::rename : nullptr;
+        edited = keyOf(number);
+        editor.New_Item();
+    }
+    void newInstrument()
+    {
+        constexpr int kMostInstruments = 4;
+        if (plant.groups.empty())
+            return;
+        const int group = anyGroup();
+        if (int(plant.groups[group].instruments.size()) >= kMostInstruments)
+            return;
+        structure.clickNode(keyOf(group));
+        lookup.answer = QStringList{"", "KT100", "KT200"}[below(3)];
+        const int number = plant.freeInstrument(group);
+        if (!lookup.answer.isEmpty()) {
+            PlainPlant::Instrument& created = plant.groups[group].instruments[number];
+            created = {lookup.answer,
+                       u"INST" % QString::number(group) % QString::number(number),
+                       lookup.answer,
+                       lookup.answer == "KT100" ? "10" : "2A",
+                       {}};
+            for (const PlainParam& param : catalogue[lookup.answer])
+                created.values[param.IDPar] = {&param, param.value};
+        }
+        dialog = chance(50) ? &PlantWalk::rename : nullptr;
+        edited = keyOf(group, number);
+        editor.New_Item();
+    }
+    void deleteItem()
+    {
+        structure.clickNode(!plant.groups.empty() && chance(90) ? keyOf(anyGroup()) : structure::kRootKey);
+        if (structure.list().rowCount() == 0)
+            return;
+        structure.pressItem(structure.list().keyAt(below(structure.list().rowCount())));
+        confirmRemovalOf(structure.selectedItem());
+        editor.Delete_Item();
+    }
+    void deleteNode()
+    {
+        structure.clickNode(chance(5) ? structure::kRootKey : anyNamed());
+        confirmRemovalOf(structure.selectedNode());
+        editor.Delete_Node();
+    }
+    void confirmRemovalOf(const QString& key)
+    {
+        const int answer = mostlyYes();
+        op.expect(texts(506), answer);
+        if (answer == kYes)
+            plant.remove(key);
+    }
+    // A group or an instrument, opened from the list or from the tree.
+    void editNamed()
+    {
+        const QString key = anyNamed();
+        if (key == structure::kRootKey)
+            return;
+        dialog = &PlantWalk::rename;
+        edited = key;
+        if (chance(50)) {
+            structure.clickNode(key);
+            model.Property_Node();
+            return;
+        }
+        structure.clickNode(key.startsWith('1') ? structure::kRootKey
+                                                : keyOf(structure::Extract_Key(key).IDGrp.toInt()));
+        structure.pressItem(key);
+        model.Property_Item();
+    }
+    void editParameter()
+    {
+        const Typing& typing = kTypings[std::size_t(below(int(kTypings.size())))];
+        const bool choose = chance(20);
+        const QStringList choices{"P0201", "P0202", "P0203"};
+        if (!openParameter(choose ? choices[below(3)] : typing.IDPar))
+            return;
+        if (choose) {
+            dialog = &PlantWalk::choose;
+        } else {
+            current = &typing;
+            dialog = &PlantWalk::retype;
+        }
+        model.Property_Item();
+    }
+    void copyBlocks()
+    {
+        const QStringList sources{"P0101", "P0102", "P0103", "P0104", "P0105", "P0301", "P0302", "P0303"};
+        if (!openParameter(sources[below(int(sources.size()))]))
+            return;
+        dialog = &PlantWalk::pressCopy;
+        model.Property_Item();
+    }
+
+    // In the dialogs
+    // --------------------------------------------------------------------------------------------
+
+    void inside(const QString& form)
+    {
+        if (form == "frmPropertyCopy")
+            return copyChecked();
+        ASSERT_EQ(form, "frmProperty");
+        model.load();
+        thinksBetter = chance(15);
+        if (dialog)
+            (this->*dialog)();
+    }
+    // Name and description; phone or address.
+    void rename()
+    {
+        const bool isGroup = edited.startsWith('1');
+        const QString name = kNames[below(int(kNames.size()))], description = chance(30) ? "" : name;
+        const QString last = isGroup ? chance(30) ? "" : "055 'x'" : QStringLiteral("%1").arg(below(18));
+        const QString refusal = !isGroup && last.toInt() > 15 ? between("0", "15") : QString();
+        type("txtValStr1", name);
+        type("txtValStr2", description);
+        type(isGroup ? "txtValStr3" : "txtVal3", last);
+        if (!confirmed(refusal) || thinksBetter)
+            return;
+        const structure::KeyParts ids = structure::Extract_Key(edited);
+        PlainPlant::Group& group = plant.groups[ids.IDGrp.toInt()];
+        if (isGroup) {
+            group.name = name.toUpper().left(50);
+            group.description = description.toUpper().left(255);
+            group.phone = last.toUpper();
+        } else {
+            PlainPlant::Instrument& instrument = group.instruments[ids.IDInst.toInt()];
+            instrument.name = name.toUpper().left(50);
+            instrument.description = description.toUpper().left(255);
+            instrument.address.replace(1, 1, QString::number(last.toInt(), 16).toUpper());
+        }
+    }
+    void retype()
+    {
+        QStringList fields{"txtVal1", "txtVal2", "txtVal3"};
+        if (controls().txtValStr1.visible)
+            fields = {"txtValStr1"};
+        fields = fields.mid(0, current->typed.size());
+        for (int i = 0; i < fields.size(); ++i)
+            type(fields[i], current->typed[i]);
+        const std::optional<QString> former = instrument().values[parameter].value;
+        if (confirmed(current->refusal))
+            changeTo(thinksBetter ? savedAgain(former) : current->stored);
+    }
+    void choose()
+    {
+        const int entry = below(int(controls().entries.size()));
+        model.pickEntry(entry);
+        if (chance(70) && confirmed({}))
+            changeTo(QString::number(controls().entries[std::size_t(entry)].value));
+    }
+    void pressCopy() { model.cmdCopy_Click(); }
+    void copyChecked()
+    {
+        copy.load();
+        QStringList blocks;
+        for (int row = 0; row < copy.rowCount(); ++row) {
+            if (!chance(60))
+                continue;
+            copy.setData(copy.index(row, 0), Qt::Checked, Qt::CheckStateRole);
+            blocks << copy.index(row, 0).data().toString();
+        }
+        int answer = kYes;
+        if (blocks.isEmpty())
+            op.expect(texts(532));
+        else if (blocks.size() > 1)
+            op.expect(texts(533) + "\r\n" + texts(534), answer = mostlyYes());
+        copy.Copy_Value();
+        if (answer == kYes)
+            PlainPlant::copyBlock(instrument(), parameter, blocks);
+        copy.unload();
+    }
+
+    // Types into a field; somebody who thinks better of it presses Escape there.
+    void type(const QString& field, const QString& text)
+    {
+        const QString before = textOf(field);
+        model.enterField(field);
+        QString typed;
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            QString character(text[i]);
+            if (text[i].isHighSurrogate())
+                character += text[++i];
+            typed += model.keyPress(field, character).value_or(QString());
+        }
+        model.change(field, typed);
+        if (!thinksBetter)
+            return;
+        model.restore(field);
+        EXPECT_EQ(textOf(field), before) << field.toStdString();
+    }
+    // OK, Apply or Cancel. True when the change was saved, as far as the company takes it.
+    bool confirmed(QString refusal)
+    {
+        const int how = below(10);
+        if (thinksBetter)
+            refusal.clear();
+        if (how == 0)
+            return false;
+        if (!refusal.isEmpty())
+            op.expect(refusal);
+        if (how < 4) {
+            model.cmdApply_Click();
+            EXPECT_TRUE(refusal.isEmpty() || model.Dirty());
+        } else {
+            const bool closes = model.cmdOK_Click();
+            EXPECT_FALSE(closes && !refusal.isEmpty());
+        }
+        return refusal.isEmpty();
+    }
+    // A value that is saved as it was opened: a time keeps what its fields show.
+    std::optional<QString> savedAgain(const std::optional<QString>& value)
+    {
+        const QString KeyType = instrument().values[parameter].param->KeyType;
+        if (value && KeyType == "TIME_H")
+            return value->left(3) % u"00:00";
+        if (value && KeyType == "TIME_HM")
+            return value->left(6) % u"00";
+        return value;
+    }
+    void changeTo(const std::optional<QString>& value)
+    {
+        PlainPlant::Value& changed = instrument().values[parameter];
+        changed.value = value;
+        changed.state = 1;
+    }
+
+    // Comparison
+    // ------------------------------------------------------------------------------------------------
+
+    void compare()
+    {
+        EXPECT_EQ(rows(support::kRowsOfPlant, "Row"), plant.rows());
+        QStringList nodes;
+        collect(structure.tree().indexOf(structure::kRootKey), nodes);
+        nodes.sort();
+        EXPECT_EQ(nodes, plant.nodes());
+        QStringList items;
+        for (int row = 0; row < structure.list().rowCount(); ++row) {
+            const structure::ListItem& item = *structure.list().item(structure.list().keyAt(row));
+            items << item.key % u'|' % item.text % u'|' % item.subtext.trimmed() % u'|' % item.detail % u'|' %
+                         QString::number(item.icon);
+        }
+        items.sort();
+        EXPECT_EQ(items, itemsOf(structure.selectedNode()));
+        EXPECT_EQ(structure.path(), structure.tree().fullPathOf(structure.selectedNode()));
+    }
+    // Groups and instruments of the tree; what is below them is the catalogue's.
+    void collect(const QModelIndex& node, QStringList& nodes)
+    {
+        for (int row = 0; row < structure.tree().rowCount(node); ++row) {
+            const QModelIndex child = structure.tree().index(row, 0, node);
+            const QString key = structure.tree().keyOf(child);
+            if (structure::Extract_Level(key) > structure::kInstrument)
+                continue;
+            nodes << key % u'|' % child.data().toString();
+            collect(child, nodes);
+        }
+    }
+    QStringList itemsOf(const QString& node)
+    {
+        QStringList items;
+        const structure::KeyParts ids = structure::Extract_Key(node);
+        const int level = structure::Extract_Level(node);
+        if (level == structure::kRoot) {
+            for (const auto& [number, group] : plant.groups)
+                items << keyOf(number) % u'|' % group.name % u'|' % group.phone.trimmed() % u'|' %
+                             group.description % u"|2";
+        } else if (level == structure::kGroup) {
+            for (const auto& [number, instrument] : plant.groups[ids.IDGrp.toInt()].instruments)
+                items << keyOf(ids.IDGrp.toInt(), number) % u'|' % instrument.name % u'|' %
+                             instrument.address % u'|' % instrument.description % u"|3";
+        } else {
+            const PlainPlant::Instrument& instrument =
+                plant.groups[ids.IDGrp.toInt()].instruments[ids.IDInst.toInt()];
+            if (level == structure::kInstrument)
+                items = QStringList(parameterGroups[instrument.type])
+                            .replaceInStrings("%", ids.IDGrp % u'_' % ids.IDInst);
+            for (const auto& [IDPar, value] : instrument.values) {
+                if (level == structure::kParamGroup && value.param->IDParGrp == ids.IDParGrp)
+                    items << u'4' % node.mid(1) % u'_' % IDPar % u'|' % value.param->caption % u'|' %
+                                 shown(value).trimmed() % u"||" % QString::number(value.state + 5);
+            }
+        }
+        items.sort();
+        return items;
+    }
+    QString shown(const PlainPlant::Value& value)
+    {
+        const auto choice = [&](const QString& number) { return choices[value.param->IDPar][number]; };
+        return values::displayValue(value.value, value.param->KeyType, value.param->mask, value.param->unit,
+                                    choice, {});
+    }
+
+    // The company
+    // -----------------------------------------------------------------------------------------------
+
+    QStringList rows(const QString& sql, const QString& field)
+    {
+        platform::Recordset records;
+        QStringList texts;
+        for (records.Open(sql, session.cnDatabase); !records.Eof(); records.MoveNext())
+            texts << records.text(field);
+        texts.sort();
+        return texts;
+    }
+    void readCatalogue()
+    {
+        platform::Recordset row;
+        row.Open("SELECT tbInstrument.mTag AS Type, tbParam.*, tbParamType.mTag AS KeyType, "
+                 "tbParamLanguage.mDesc AS Des FROM tbInstrument, tbParamGroup, tbParam, tbParamType, "
+                 "tbParamLanguage WHERE tbInstrument.mID = tbParamGroup.mKeyInst AND "
+                 "tbParamGroup.mID = tbParam.mKeyParGroup AND tbParam.mKeyType = tbParamType.mID AND "
+                 "tbParam.mID = tbParamLanguage.mID AND tbParamLanguage.mKeyLang = 'EN' ORDER BY tbParam.mID",
+                 session.cnDatabase);
+        for (; !row.Eof(); row.MoveNext())
+            catalogue[row.text("Type")].push_back({row.text("mKeyParGroup"), row.text("mID"), row.text("Des"),
+                                                   row.text("KeyType"), row.text("mDP"), row.text("mIDCopy"),
+                                                   row.optionalText("mUnit"), row.optionalText("mDftValue")});
+        row.Close();
+        row.Open("SELECT DISTINCT tbInstrument.mTag AS Type, tbParamGroup.mID, mDesc FROM tbInstrument, "
+                 "tbParamGroup, tbParamGroupLanguage, tbParam WHERE tbInstrument.mID = mKeyInst AND "
+                 "tbParamGroup.mID = tbParamGroupLanguage.mID AND mKeyLang = 'EN' AND "
+                 "tbParam.mKeyParGroup = tbParamGroup.mID",
+                 session.cnDatabase);
+        for (; !row.Eof(); row.MoveNext())
+            parameterGroups[row.text("Type")]
+                << u"3_%_" % row.text("mID") % u'|' % row.text("mDesc") % u"|||4";
+        row.Close();
+        row.Open("SELECT mKeyParam, mValue, mDesc FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON "
+                 "tbParamEnum.mID = tbParamEnumLanguage.mID WHERE mKeyLang = 'EN'",
+                 session.cnDatabase);
+        for (; !row.Eof(); row.MoveNext())
+            choices[row.text("mKeyParam")][row.text("mValue")] = row.text("mDesc");
+    }
+
+    // Chance
+    // ----------------------------------------------------------------------------------------------------
+
+    int below(int limit) { return int(random() % unsigned(limit)); }
+    bool chance(int percent) { return below(100) < percent; }
+    int mostlyYes() { return chance(85) ? kYes : kNo; }
+    int anyGroup() { return std::next(plant.groups.begin(), below(int(plant.groups.size())))->first; }
+    // A group, or more often an instrument of it; the root where there is none.
+    QString anyNamed()
+    {
+        if (plant.groups.empty())
+            return structure::kRootKey;
+        const int group = anyGroup();
+        const auto& instruments = plant.groups[group].instruments;
+        if (instruments.empty() || chance(20))
+            return keyOf(group);
+        return keyOf(group, std::next(instruments.begin(), below(int(instruments.size())))->first);
+    }
+    // Walks to the parameter of some instrument that has it, and presses its item.
+    bool openParameter(const QString& IDPar)
+    {
+        std::vector<QString> owners;
+        for (const auto& [number, group] : plant.groups) {
+            for (const auto& [place, instrument] : group.instruments) {
+                if (instrument.values.count(IDPar))
+                    owners.push_back(keyOf(number, place));
+            }
+        }
+        if (owners.empty())
+            return false;
+        edited = owners[std::size_t(below(int(owners.size())))];
+        parameter = IDPar;
+        const QString group = u'3' % edited.mid(1) % u'_' % instrument().values[IDPar].param->IDParGrp;
+        structure.clickNode(group);
+        structure.pressItem(u'4' % group.mid(1) % u'_' % IDPar);
+        return true;
+    }
+    PlainPlant::Instrument& instrument()
+    {
+        const structure::KeyParts ids = structure::Extract_Key(edited);
+        return plant.groups[ids.IDGrp.toInt()].instruments[ids.IDInst.toInt()];
+    }
+    QString textOf(const QString& field) const
+    {
+        for (const property::NamedControl& named : property::namedControls()) {
+            if (field == QLatin1String(named.name))
+                return (controls().*named.control).text;
+        }
+        return {};
+    }
+
+    PlainPlant plant;
+    std::map<QString, std::vector<PlainParam>> catalogue;  // by type
+    std::map<QString, QStringList> parameterGroups;        // by type: items of an instrument's list
+    std::map<QString, std::map<QString, QString>> choices; // by parameter and value
+    ChosenType lookup;
+    structure::PlantEditor editor{{session, texts, op, structure, lookup}};
+    std::mt19937 random;
+
+    void (PlantWalk::*dialog)() = nullptr; // what is done in the property dialog
+    bool thinksBetter = false;             // presses Escape in each field
+    QString edited;                        // key of the group or instrument
+    QString parameter;                     // IDPar
+    const Typing* current = nullptr;
+};
+
+int stepsWanted()
+{
+    bool told = false;
+    const int steps = qEnvironmentVariableIntValue("CALIDORA_WALK_STEPS", &told);
+    return told ? steps : 1000;
+}
+
+TEST_F(PlantWalk, WithAFixedSeed)
+{
+    walk(20021, stepsWanted());
+}
+
+TEST_F(PlantWalk, WithASeedOfItsOwn)
+{
+    const unsigned seed = std::random_device{}();
+    std::cout << "seed " << seed << '\n';
+    walk(seed, stepsWanted());
+}
+
+} // namespace
