@@ -145,11 +145,13 @@ void frmProperty::addNumber(int row, QWidget* parent, QHBoxLayout& layout)
     auto* spin = new SpinButtons("updVal" + number, parent);
     spin->setFixedHeight(field->sizeHint().height());
     spins_ << spin;
-    connect(spin, &SpinButtons::stepped, this, [this, field](int steps) {
+    const auto step = [this, field](int steps) {
         field->setFocus(Qt::OtherFocusReason);
         model_.spin(field->objectName(), steps);
         field->selectAll();
-    });
+    };
+    connect(spin, &SpinButtons::stepped, this, step);
+    connect(field, &FieldEdit::stepped, this, step);
     auto* pair = new QHBoxLayout;
     pair->setSpacing(0);
     pair->addWidget(field);

@@ -102,6 +102,18 @@ void frmMain::Load()
 void frmMain::showCompany(bool open)
 {
     pages_->setCurrentWidget(open ? static_cast<QWidget*>(splitter_) : empty_);
+    focusPlant();
+}
+
+// Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.
+void frmMain::focusPlant()
+{
+    if (pages_->currentWidget() == empty_)
+        empty_->setFocus();
+    else if (frmTreeBus_->isHidden())
+        frmListBus_->setFocus();
+    else
+        frmTreeBus_->setFocus();
 }
 
 void frmMain::showTree(bool visible)
@@ -161,7 +173,7 @@ void frmMain::showEvent(QShowEvent* event)
 {
     if (!std::exchange(loaded_, true)) {
         Load();
-        frmTreeBus_->setFocus();
+        focusPlant();
     }
     QMainWindow::showEvent(event);
 }

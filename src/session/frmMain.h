@@ -54,6 +54,7 @@ public:
     structure::frmListBus* listBus() const { return frmListBus_; }
     // A company is open, or none: the children, or the next steps in their place.
     void showCompany(bool open);
+    void focusPlant();
 
 signals:
     void closed();

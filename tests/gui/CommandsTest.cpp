@@ -21,6 +21,7 @@ TEST_F(MainWindow, WithoutACompanyTheNextStepsStandInThePlaceOfThePlant)
 {
     start("");
     EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
+    EXPECT_TRUE(control<QWidget>("emptyOpen")->hasFocus());
     EXPECT_FALSE(tvwBus()->isVisible());
     EXPECT_FALSE(button("Refresh")->isEnabled());
     EXPECT_TRUE(button("OpenDb")->isEnabled());

@@ -10,10 +10,14 @@
 #include "structure/widgets/NodeView.h"
 #include "support/CompanyFixture.h"
 
+#include <QDialog>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
+#include <functional>
 
 namespace gui {
 
@@ -114,6 +118,49 @@ protected:
         return keys;
     }
 
+    // Types over what stands in the field. Key events rather than keyClicks: those know Latin letters only.
+    static void type(QLineEdit* field, const QString& text)
+    {
+        field->setFocus();
+        field->selectAll();
+        for (const QChar character : text) {
+            QKeyEvent event(QEvent::KeyPress, 0, {}, QString(character));
+            QApplication::sendEvent(field, &event);
+        }
+    }
+    // Plays the operator inside the next window of that name; a window still open at the end is closed.
+    void inside(const QString& name, const std::function<void(QDialog&)>& work)
+    {
+        auto* waiting = new QTimer(this->window());
+        QObject::connect(waiting, &QTimer::timeout, waiting, [this, waiting, name, work] {
+            auto* dialog = qobject_cast<QDialog*>(desktop.form(name));
+            if (!dialog || !dialog->isVisible())
+                return;
+            waiting->stop();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+            ASSERT_TRUE(QTest::qWaitFor([dialog] {
+                return dialog->isAncestorOf(QApplication::focusWidget());
+            })) << "the focus never comes into the window";
+            work(*dialog);
+            ++played;
+            if (dialog->isVisible())
+                dialog->reject();
+            waiting->deleteLater(); // not before: it holds what is still being played
+        });
+        waiting->start(0);
+    }
+    // A picture of a window, where somebody wants to look at it: the folder stands in CALIDORA_PICTURES.
+    void picture(QWidget& form, const QString& name) const
+    {
+        const QString folder = qEnvironmentVariable("CALIDORA_PICTURES");
+        if (folder.isEmpty())
+            return;
+        QApplication::processEvents();
+        EXPECT_TRUE(QDir().mkpath(folder));
+        EXPECT_TRUE(form.grab().save(folder + '/' + session.Language.Code + '-' + name + ".png"));
+    }
+
+    int played = 0; // windows that inside() has played in
     ScriptedDesktop desktop{texts};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};

@@ -18,27 +18,6 @@ namespace {
 class Property : public gui::GuiFixture
 {
 protected:
-    // Plays the operator inside the next window of that name; a window still open at the end is closed.
-    void inside(const QString& name, const std::function<void(QDialog&)>& work)
-    {
-        auto* waiting = new QTimer(this->window());
-        QObject::connect(waiting, &QTimer::timeout, waiting, [this, waiting, name, work] {
-            auto* dialog = qobject_cast<QDialog*>(desktop.form(name));
-            if (!dialog || !dialog->isVisible())
-                return;
-            waiting->stop();
-            waiting->deleteLater();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
-            ASSERT_TRUE(QTest::qWaitFor([dialog] {
-                return dialog->isAncestorOf(QApplication::focusWidget());
-            })) << "the focus never comes into the window";
-            work(*dialog);
-            ++played;
-            if (dialog->isVisible())
-                dialog->reject();
-        });
-        waiting->start(0);
-    }
     void insideProperty(const std::function<void(QDialog&)>& work) { inside("frmProperty", work); }
 
     void openByKey(const QString& node, const QString& key)
@@ -59,18 +38,7 @@ protected:
     {
         QTest::mouseClick(pushButton(dialog, name), Qt::LeftButton);
     }
-    static void type(QLineEdit* field, const QString& text)
-    {
-        field->setFocus();
-        field->selectAll();
-        for (const QChar character : text) {
-            QKeyEvent event(QEvent::KeyPress, 0, {}, QString(character));
-            QApplication::sendEvent(field, &event);
-        }
-    }
     QString shownValue(const QString& key) { return plant().list().item(key)->subtext; }
-
-    int played = 0;
 };
 
 TEST_F(Property, AParameterIsChangedByMouseAndKeyboard)

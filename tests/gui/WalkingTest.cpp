@@ -19,6 +19,7 @@ TEST_F(Walking, ACompanyOpensOnItsRoot)
     EXPECT_EQ(plant().tree().keyOf(tvwBus()->currentIndex()), "Root");
     EXPECT_TRUE(tvwBus()->isExpanded(plant().tree().indexOf("Root")));
     EXPECT_TRUE(tvwBus()->isVisible());
+    EXPECT_TRUE(tvwBus()->hasFocus());
     EXPECT_FALSE(desktop.form("frmConnection"));
     EXPECT_FALSE(desktop.form("frmPresentation"));
     EXPECT_FALSE(control<QProgressBar>("prgUpdate")->isVisible());

@@ -77,6 +77,10 @@ void FieldEdit::keyPressEvent(QKeyEvent* event)
         event->setAccepted(model_.restore(objectName()));
         return;
     }
+    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
+        emit stepped(event->key() == Qt::Key_Up ? 1 : -1);
+        return;
+    }
     if (!isCharacter(*event)) {
         QLineEdit::keyPressEvent(event);
         return;

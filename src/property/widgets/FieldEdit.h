@@ -19,7 +19,8 @@ public:
     void showText(const QString& text, int limit);
 
 signals:
-    void left(); // the focus went to another control
+    void left();             // the focus went to another control
+    void stepped(int steps); // the arrow keys up and down
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

@@ -19,6 +19,7 @@ EmptyState::EmptyState(const Texts& texts, QWidget* parent)
     open_->setObjectName("emptyOpen");
     new_->setObjectName("emptyNew");
     open_->setDefault(true);
+    setFocusProxy(open_);
     for (QPushButton* button : {open_, new_}) {
         button->setIconSize({24, 24});
         button->setMinimumSize(190, 40);

@@ -185,9 +185,30 @@ bool ListBusView::keyPressed(QKeyEvent* event)
     case Qt::Key_Backspace:
         emit parentPressed();
         return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Space:
+        return pressCurrent();
     default:
         return false;
     }
+}
+
+// Whoever comes in by Tab stands on an item that is not selected: the first key selects it.
+bool ListBusView::pressCurrent()
+{
+    QItemSelectionModel* selection = current()->selectionModel();
+    const QModelIndex index = selection->currentIndex();
+    if (!index.isValid() || selection->isSelected(index))
+        return false;
+    const QString key = model_.keyAt(index.row());
+    select(key);
+    emit itemPressed(key);
+    return true;
 }
 
 void ListBusView::resizeEvent(QResizeEvent* event)

@@ -52,6 +52,7 @@ private:
     QAbstractItemView* current() const;
     void prepare(QAbstractItemView* view);
     bool keyPressed(QKeyEvent* event);
+    bool pressCurrent();
     void showArrow();
     void showEmptyText();
 
