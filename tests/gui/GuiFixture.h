@@ -10,7 +10,10 @@
 #include "structure/widgets/NodeView.h"
 #include "support/CompanyFixture.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -149,6 +152,24 @@ protected:
         });
         waiting->start(0);
     }
+    // Every text has the room it needs.
+    static void nothingIsClipped(QWidget& form)
+    {
+        for (QWidget* part : form.findChildren<QWidget*>()) {
+            const auto* label = qobject_cast<QLabel*>(part);
+            const auto* button = qobject_cast<QAbstractButton*>(part);
+            const bool fixed = (button && !button->text().isEmpty()) || qobject_cast<QComboBox*>(part) ||
+                               (label && !label->wordWrap() && label->pixmap(Qt::ReturnByValue).isNull() &&
+                                label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored);
+            if (!part->isVisible() || !fixed)
+                continue;
+            EXPECT_GE(part->width(), part->minimumSizeHint().width()) << qPrintable(part->objectName());
+            EXPECT_GE(part->height(), part->minimumSizeHint().height()) << qPrintable(part->objectName());
+            EXPECT_TRUE(part->parentWidget()->rect().contains(part->geometry()))
+                << qPrintable(part->objectName());
+        }
+    }
+
     // A picture of a window, where somebody wants to look at it: the folder stands in CALIDORA_PICTURES.
     void picture(QWidget& form, const QString& name) const
     {

@@ -3,7 +3,6 @@
 #include "gui/GuiFixture.h"
 
 #include <QComboBox>
-#include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QToolBar>
@@ -205,24 +204,6 @@ protected:
         QApplication::sendEvent(rows, &move);
         QTest::mouseClick(rows, Qt::LeftButton, {}, place.toPoint());
         EXPECT_EQ(box->currentIndex(), row);
-    }
-
-    // Every text has the room it needs.
-    static void nothingIsClipped(QWidget& form)
-    {
-        for (QWidget* part : form.findChildren<QWidget*>()) {
-            const auto* label = qobject_cast<QLabel*>(part);
-            const auto* button = qobject_cast<QAbstractButton*>(part);
-            const bool fixed = (button && !button->text().isEmpty()) || qobject_cast<QComboBox*>(part) ||
-                               (label && !label->wordWrap() && label->pixmap(Qt::ReturnByValue).isNull() &&
-                                label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored);
-            if (!part->isVisible() || !fixed)
-                continue;
-            EXPECT_GE(part->width(), part->minimumSizeHint().width()) << qPrintable(part->objectName());
-            EXPECT_GE(part->height(), part->minimumSizeHint().height()) << qPrintable(part->objectName());
-            EXPECT_TRUE(part->parentWidget()->rect().contains(part->geometry()))
-                << qPrintable(part->objectName());
-        }
     }
 
     QStringList plantRows(const QString& sql) { return support::column(plantFile(), sql); }
