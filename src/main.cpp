@@ -1,8 +1,8 @@
 #include "events/ErrorReport.h"
-#include "platform/CodePage.h"
 #include "platform/Machine.h"
 #include "platform/QtClock.h"
 #include "platform/QtSerialPort.h"
+#include "platform/widgets/Application.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "session/Charset.h"
 #include "session/Session.h"
@@ -10,7 +10,6 @@
 #include "session/widgets/Look.h"
 #include "session/widgets/Program.h"
 
-#include <QApplication>
 #include <QDir>
 
 namespace {
@@ -25,15 +24,14 @@ QString applicationFolder()
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
+    platform::Application application(argc, argv);
     QApplication::setApplicationName("Calidora");
     QApplication::setQuitOnLastWindowClosed(false);
     session::applyLook(application);
 
     session::Session session;
     session.AppPath = applicationFolder();
-    session.Charset = session::charsetOfLocale(platform::localeIdOfMachine());
-    session.CodePage = platform::codePageOf(session.Charset);
+    session::applyMachineLocale(session, platform::localeIdOfMachine());
 
     const session::Texts texts(session.Language);
     platform::DesktopOperator op([&texts](const QString& key) { return texts.own(key); });

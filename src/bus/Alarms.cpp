@@ -104,6 +104,7 @@ void Bus::Delete_Allarms()
         operator_.showFormModal(QStringLiteral("frmMessage"));
         tmrAllarm_->stop();
         staMain_.setPicture(Panel::Allarm, images::kRest);
+        staMain_.clearTip(Panel::Allarm);
         staMain_.setText(Panel::Info, {});
     });
 }

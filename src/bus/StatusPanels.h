@@ -41,9 +41,12 @@ public:
         pictures_[panel] = image;
         emit changed();
     }
+    // The panel says nothing of itself until the next language step.
+    void clearTip(Panel panel) { emit tipCleared(panel); }
 
 signals:
     void changed();
+    void tipCleared(bus::Panel panel);
 
 private:
     template <class Value>

@@ -3,6 +3,7 @@
 #include "bus/StatusPanels.h"
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
+#include "platform/Guard.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
@@ -338,7 +339,9 @@ bool frmReadWrite::eventFilter(QObject* watched, QEvent* event)
 void frmReadWrite::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        model_.log().setColumnCaptions({texts_(241), texts_(103)});
+        platform::guarded("Module/Set_Language", [this] {
+            model_.log().setColumnCaptions({texts_(241), texts_(103)});
+        });
         lblGroup_->setText(group_);
         lblItem_->setText(console_.itemPath());
         showCommands();

@@ -101,6 +101,14 @@ void frmZoom::listen()
     connect(mnuRefresh_, &QAction::triggered, &zoom_, &Zoom::Refresh);
     connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
             [this] { select(zoom_.FindAgain(selectedRow())); });
+    // Ctrl and its number stand for a click on a column's head.
+    for (int column = 0; column < 9; ++column) {
+        const auto* key = new QShortcut(QKeyCombination(Qt::CTRL, Qt::Key(Qt::Key_1 + column)), this);
+        connect(key, &QShortcut::activated, this, [this, column] {
+            if (column < zoom_.list().columnCount())
+                zoom_.list().clickColumn(column);
+        });
+    }
     connect(&zoom_, &Zoom::filled, this, &frmZoom::showFilled);
     connect(&zoom_, &Zoom::progress, this, [this](int percent) {
         prgZoom_->show();

@@ -145,11 +145,24 @@ void ErrorReport::addUser(QStringList& lines) const
           << QStringLiteral("Cellulare: ") + user.MobilePhone << QStringLiteral("E-mail: ") + user.EMail;
 }
 
+namespace {
+
+// A box that can't be shown costs the box: the report follows all the same.
+void showBox(Operator& op, const QString& description, const QString& title) noexcept
+{
+    try {
+        op.messageBox(description, Buttons::Ok, Icon::Critical, title);
+    } catch (...) {
+    }
+}
+
+} // namespace
+
 void installFailureHook(const Session& session, Operator& op, const Clock& clock, const Machine& machine)
 {
     setFailureHook([&session, &op, report = ErrorReport(session, clock, machine)](const Failure& failure) {
         if (!failure.silent)
-            op.messageBox(failure.description, Buttons::Ok, Icon::Critical, session.AppTitle);
+            showBox(op, failure.description, session.AppTitle);
         report.Report_RuntimeError(failure.number, failure.description, failure.procedure);
     });
 }

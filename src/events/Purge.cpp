@@ -23,7 +23,11 @@ constexpr int kDateLength = 8;
 class ShownFiles
 {
 public:
-    explicit ShownFiles(Operator& op) : operator_(op) { operator_.showForm(kForm); }
+    explicit ShownFiles(Operator& op) : operator_(op)
+    {
+        operator_.showForm(kForm);
+        operator_.repaint();
+    }
     ~ShownFiles() { operator_.unloadForm(kForm); }
     ShownFiles(const ShownFiles&) = delete;
     ShownFiles& operator=(const ShownFiles&) = delete;

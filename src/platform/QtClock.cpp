@@ -5,6 +5,7 @@
 #include <QThread>
 #include <QTimer>
 #include <cmath>
+#include <utility>
 
 namespace platform {
 
@@ -17,15 +18,13 @@ public:
     {
         // A coarse timer fires up to five per cent early, and no frame may leave before its interval.
         timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] {
-            if (onTick)
-                onTick();
-        });
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { tick(); });
     }
 
 protected:
     void rearm() override
     {
+        held_ = false;
         if (Enabled() && Interval() > 0)
             timer_.start(Interval());
         else
@@ -33,7 +32,26 @@ protected:
     }
 
 private:
+    // A tick may hold a message loop of its own, a box for instance: what falls due in it waits for its end.
+    void tick()
+    {
+        if (ticking_) {
+            held_ = true;
+            return;
+        }
+        if (timer_.interval() != Interval()) // behind one that was held back
+            timer_.start(Interval());
+        ticking_ = true;
+        if (onTick)
+            onTick();
+        ticking_ = false;
+        if (std::exchange(held_, false))
+            timer_.start(0);
+    }
+
     QTimer timer_;
+    bool ticking_ = false;
+    bool held_ = false; // one fell due during a tick
 };
 
 } // namespace

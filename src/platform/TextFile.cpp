@@ -52,8 +52,9 @@ QString TextReader::ReadLine()
 TextWriter::TextWriter(const QString& path, int codePage, const char* lineEnd)
     : file_(path), codePage_(codePage), lineEnd_(lineEnd)
 {
+    // The engine of safe files has one reason for all that keeps it from opening one.
     if (!file_.open(QIODevice::WriteOnly))
-        failWithFile(reasonOf(file_, path));
+        failWithFile(QFileInfo(path).dir().exists() ? errors::kPermissionDenied : errors::kPathNotFound);
 }
 
 void TextWriter::WriteLine(const QString& line)

@@ -51,6 +51,7 @@ void PropertyModel::showParameter()
           &C::lblValMemory, &C::lblAddress, &C::lblValAddress, &C::lblType, &C::lblValType, &C::lblBytes,
           &C::lblValBytes});
     controls_.checked = !Enable_;
+    controls_.chkDisabled.enabled = filled_;
     const bool editable = Enable_ && mayModify();
 
     if (KeyType_ == QLatin1String("STRING")) {
@@ -91,7 +92,7 @@ void PropertyModel::caption(Control Controls::*label, int text)
 void PropertyModel::allow(std::initializer_list<Control Controls::*> fields, bool editable)
 {
     for (Control Controls::*field : fields)
-        (controls_.*field).enabled = editable;
+        (controls_.*field).enabled = editable && filled_;
 }
 
 } // namespace property

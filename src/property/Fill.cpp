@@ -88,10 +88,11 @@ void PropertyModel::FillControls_Item()
         session_.strSQL = selectionOf(ids_, session_.Language.Code);
         Recordset rows; // its own: the bus may be walking the shared one behind the dialog
         rows.Open(session_.strSQL, session_.cnDatabase);
-        if (rows.Eof())
-            return;
         const int level = ids_.Level.toInt();
-        controls_.cmdCopy.enabled = false;
+        if (rows.Eof()) {
+            const bool onlyCounts = level == structure::kRoot || level == structure::kParamGroup;
+            return onlyCounts ? void() : failWithoutRow();
+        }
         if (level == structure::kRoot)
             fillRoot(rows);
         else if (level == structure::kGroup)
@@ -102,7 +103,16 @@ void PropertyModel::FillControls_Item()
             fillParamGroup(rows);
         else
             fillParameter(rows);
+        filled_ = true;
     });
+}
+
+// What the company or the catalogue no longer holds can't be edited: whatever was typed would replace values
+// that nobody saw.
+void PropertyModel::failWithoutRow() const
+{
+    platform::fail(platform::errors::kNoCurrentRecord,
+                   QStringLiteral("Company or catalogue hold no data of '%1'.").arg(key_));
 }
 
 // A group without instruments has no row here and isn't counted.
@@ -167,7 +177,7 @@ void PropertyModel::fillParameter(const Recordset& row)
     controls_.lblIDPar.text = ids_.IDPar;
     session_.DialogOk = Search_Param(ids_.IDPar, Unit_, DP_, Enable_, KeyType_, IDCopy_);
     if (!session_.DialogOk)
-        return;
+        failWithoutRow();
     controls_.cmdCopy.enabled = mayModify() && !IDCopy_.isEmpty();
     session_.DialogOk = Search_InstMem(controls_.lblValMemory.text);
     if (KeyType_ == QLatin1String("STRING"))

@@ -58,6 +58,8 @@ void PropertyModel::load()
 void PropertyModel::forget()
 {
     controls_ = {};
+    controls_.cmdCopy.enabled = false;
+    filled_ = false;
     ids_ = {};
     key_.clear();
     for (QString* text : {&KeyType_, &DP_, &Unit_, &IDCopy_, &SavedText_})
@@ -84,6 +86,11 @@ std::optional<QString> PropertyModel::keyPress(const QString& field, const QStri
     if (!accepted)
         operator_.beep();
     return accepted;
+}
+
+void PropertyModel::keepSavedText(const QString& text)
+{
+    SavedText_ = text;
 }
 
 bool PropertyModel::restore(const QString& field)

@@ -58,6 +58,8 @@ public:
     // The operator's gestures, by the field's name
     // ----------------------------------------------------------------------------
     void enterField(const QString& field); // GotFocus
+    // The focus comes back to a field that it was not allowed to leave: it was never gone.
+    void keepSavedText(const QString& text);
     // What a typed character puts into the field; none when it is dropped, with a beep.
     std::optional<QString> keyPress(const QString& field, const QString& typed);
     // Escape; false when the field stands as it was entered, and the key is free to close the dialog.
@@ -101,6 +103,7 @@ private:
 
     // Fill.cpp
     void FillControls_Item();
+    [[noreturn]] void failWithoutRow() const;
     void fillRoot(platform::Recordset& rows);
     void fillGroup(const platform::Recordset& row);
     void fillInstrument(const platform::Recordset& row);
@@ -153,6 +156,7 @@ private:
     bool Enable_ = false;
     double LowLimit_ = 0, HighLimit_ = 0;
     bool Dirty_ = false;
+    bool filled_ = false; // the fields hold what the company does
     QString SavedText_;
 };
 

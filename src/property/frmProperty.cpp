@@ -125,6 +125,10 @@ QWidget* frmProperty::makeValues()
         if (row == 0) {
             cbxValEnum_ = session::tagged(new QComboBox(fraVal), "cbxValEnum", "");
             cbxValEnum_->installEventFilter(this);
+            QPalette colours = cbxValEnum_->palette();
+            for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+                colours.setColor(group, QPalette::Button, Qt::white);
+            cbxValEnum_->setPalette(colours);
             widgets_["cbxValEnum"] = cbxValEnum_;
             connect(cbxValEnum_, &QComboBox::activated, this, [this](int index) { model_.pickEntry(index); });
             cell->addWidget(cbxValEnum_, 1);
@@ -260,12 +264,13 @@ void frmProperty::leave(QWidget* field)
         return;
     QMetaObject::invokeMethod(
         this,
-        [this, field] {
+        [this, field, saved = model_.SavedText()] {
             if (!isVisible() || focusWidget() == field || focusWidget() == cmdCancel_ ||
                 model_.validate(field->objectName()))
                 return;
             const QScopedValueRollback<bool> returning(returning_, true);
             field->setFocus(Qt::OtherFocusReason);
+            model_.keepSavedText(saved);
         },
         Qt::QueuedConnection);
 }

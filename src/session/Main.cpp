@@ -9,6 +9,7 @@
 #include "session/Texts.h"
 #include "structure/NodeKey.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace session {
@@ -18,10 +19,20 @@ using platform::Icon;
 
 namespace {
 
-// Deletes a marker that the installation left; true when it was there.
+// Deletes a marker that the installation left; true when it was there. One that stays is told, and the start
+// goes on.
 bool takeMarker(const QString& path)
 {
-    return Exist_File(path) && QFile::remove(path);
+    if (!Exist_File(path))
+        return false;
+    platform::guarded("Module/Main", [&path] {
+        QFile marker(path);
+        if (!marker.remove())
+            platform::fail(
+                platform::errors::kPermissionDenied,
+                QStringLiteral("%1: %2").arg(QDir::toNativeSeparators(path), marker.errorString()));
+    });
+    return true;
 }
 
 } // namespace

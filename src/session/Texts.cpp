@@ -15,18 +15,18 @@ namespace session {
 
 namespace {
 
+const QString kEnglish = QStringLiteral("EN");
+
+// The file that holds a language's block; "" when there is none.
 QString fileOfBase(const QString& base)
 {
     static const std::map<int, QString> kFiles{
         {1000, QStringLiteral("IT")},
-        {2000, QStringLiteral("EN")},
+        {2000, kEnglish},
         {6000, QStringLiteral("RU")},
     };
     const auto file = kFiles.find(base.toInt());
-    if (file == kFiles.end())
-        platform::fail(platform::errors::kOutOfRange,
-                       QStringLiteral("No texts have the base '%1'.").arg(base));
-    return file->second;
+    return file == kFiles.end() ? QString() : file->second;
 }
 
 } // namespace
@@ -38,7 +38,16 @@ Texts::Texts(const LanguageSettings& language) : language_(language)
 
 QString Texts::operator()(int offset) const
 {
-    return block(QStringLiteral(":/texts/%1.txt").arg(fileOfBase(language_.Base)))[QString::number(offset)];
+    const QString file = fileOfBase(language_.Base);
+    if (file.isEmpty())
+        platform::fail(platform::errors::kOutOfRange,
+                       QStringLiteral("No texts have the base '%1'.").arg(language_.Base));
+    return block(QStringLiteral(":/texts/%1.txt").arg(file))[QString::number(offset)];
+}
+
+bool Texts::hasBlock() const
+{
+    return !fileOfBase(language_.Base).isEmpty();
 }
 
 QString Texts::common(int id) const
@@ -48,7 +57,8 @@ QString Texts::common(int id) const
 
 QString Texts::own(const QString& key) const
 {
-    return block(QStringLiteral(":/own_texts/%1.txt").arg(fileOfBase(language_.Base)))[key];
+    const QString file = fileOfBase(language_.Base);
+    return block(QStringLiteral(":/own_texts/%1.txt").arg(file.isEmpty() ? kEnglish : file))[key];
 }
 
 const TextBlock& Texts::block(const QString& file) const

@@ -20,7 +20,9 @@ public:
     QString operator()(int offset) const;
     // A row below 1000, which is the same in every language: the language list, the maker's data.
     QString common(int id) const;
-    // A text that this build adds, by name ("progress.item").
+    // Whether the current language has a block at all.
+    bool hasBlock() const;
+    // A text that this build adds, by name ("progress.item"); in English where the language has no block.
     QString own(const QString& key) const;
 
 private:

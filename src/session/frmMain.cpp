@@ -1,5 +1,6 @@
 #include "session/frmMain.h"
 
+#include "platform/Guard.h"
 #include "session/CommandStates.h"
 #include "session/Main.h"
 #include "session/Session.h"
@@ -165,8 +166,10 @@ void frmMain::changeEvent(QEvent* event)
     tlbMain_->relabel();
     staMain_->relabel();
     empty_->relabel();
-    if (!with_.session.DbName.isEmpty())
-        setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
+    platform::guarded("Module/Set_Language", [this] {
+        if (!with_.session.DbName.isEmpty())
+            setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
+    });
 }
 
 void frmMain::showEvent(QShowEvent* event)

@@ -95,7 +95,8 @@ void PlantEditor::newInstrument(const QString& IDGrp)
     if (!records_.Add_Record_Db(kInstrument, IDGrp, IDInst, IDItem, Name, Description, Address))
         return;
     with_.structure.Add_Node_TreeBus(kInstrument, IDGrp, IDInst, {}, Name);
-    addParamGroupNodes(IDGrp, IDInst, IDItem);
+    // The company holds the instrument: whatever its catalogue denies, tree and list show it.
+    guarded("Module/New_Item", [&] { addParamGroupNodes(IDGrp, IDInst, IDItem); });
     with_.structure.Add_Item_ListBus(kInstrument, IDGrp, IDInst, {}, Name, Description, Address,
                                      kInstrumentIcon);
     editNewItem(u"2_" % IDGrp % u'_' % IDInst);

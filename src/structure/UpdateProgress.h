@@ -6,12 +6,11 @@
 namespace structure {
 
 // The progress bar prgUpdate and the hourglass for the length of one job; both go on every way out. The job
-// holds the thread, so each step asks for a repaint.
+// holds the thread and a transaction: the bar paints itself at each step, and no event comes in between.
 class UpdateProgress
 {
 public:
-    UpdateProgress(Structure& structure, platform::Operator& op)
-        : structure_(structure), operator_(op), busy_(op)
+    UpdateProgress(Structure& structure, platform::Operator& op) : structure_(structure), busy_(op)
     {
         emit structure_.updateShown(true);
     }
@@ -19,15 +18,10 @@ public:
     UpdateProgress(const UpdateProgress&) = delete;
     UpdateProgress& operator=(const UpdateProgress&) = delete;
 
-    void to(int percent)
-    {
-        emit structure_.updateProgress(percent);
-        operator_.repaint();
-    }
+    void to(int percent) { emit structure_.updateProgress(percent); }
 
 private:
     Structure& structure_;
-    platform::Operator& operator_;
     platform::BusyPointer busy_;
 };
 

@@ -1,5 +1,6 @@
 #include "structure/frmFind.h"
 
+#include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -178,7 +179,9 @@ void frmFind::relabel()
 {
     setWindowTitle(session_.AppTitle + '\\' + texts_.own("find.title"));
     txtFind_->setPlaceholderText(texts_.own("find.placeholder"));
-    results_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
+    platform::guarded("Module/Set_Language", [this] {
+        results_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
+    });
     cmdShow_->setText(texts_.own("find.show"));
     cmdShow_->setEnabled(results_.itemCount() > 0);
     cmdClose_->setText(texts_.own("find.close"));

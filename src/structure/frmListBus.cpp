@@ -53,6 +53,7 @@ void frmListBus::listen()
     connect(lvwBus_, &ListBusView::itemOpened, &structure_, &Structure::openItem);
     connect(lvwBus_, &ListBusView::columnClicked, &structure_, &Structure::clickColumn);
     connect(lvwBus_, &ListBusView::menuWanted, this, &frmListBus::menuWanted);
+    connect(lvwBus_, &ListBusView::insertPressed, this, [this] { emit commandWanted("New"); });
     connect(lvwBus_, &ListBusView::deletePressed, this, [this] { emit commandWanted("Delete"); });
     connect(lvwBus_, &ListBusView::enterPressed, this, [this] { emit commandWanted("Property"); });
     connect(lvwBus_, &ListBusView::parentPressed, this, [this] { emit commandWanted("Parent"); });
@@ -107,11 +108,13 @@ void frmListBus::restoreColumnWidths()
 void frmListBus::showProgress(bool visible)
 {
     prgUpdate_->setVisible(visible);
+    layout()->activate();
 }
 
 void frmListBus::setProgress(int percent)
 {
     prgUpdate_->setValue(percent);
+    prgUpdate_->repaint();
 }
 
 void frmListBus::changeEvent(QEvent* event)

@@ -1,5 +1,6 @@
 #include "structure/frmPending.h"
 
+#include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -128,7 +129,9 @@ void frmPending::changeEvent(QEvent* event)
 void frmPending::relabel()
 {
     setWindowTitle(session_.AppTitle + '\\' + texts_.own("pending.title"));
-    writes_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
+    platform::guarded("Module/Set_Language", [this] {
+        writes_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
+    });
     lblNothing_->setText(texts_.own("pending.nothing"));
     cmdRefresh_->setText(texts_.own("pending.refresh"));
     cmdRefresh_->setShortcut(Qt::Key_F5); // a new caption takes the old shortcut away

@@ -23,6 +23,7 @@ frmTreeBus::frmTreeBus(Structure& structure, session::Session& session, QWidget*
 
     connect(tvwBus_, &NodeView::nodeTaken, this,
             [this](const QModelIndex& index) { structure_.clickNode(structure_.tree().keyOf(index)); });
+    connect(tvwBus_, &NodeView::insertPressed, this, [this] { emit commandWanted("New"); });
     connect(tvwBus_, &NodeView::deletePressed, this, [this] { emit commandWanted("DeleteNode"); });
     connect(tvwBus_, &NodeView::menuWanted, this, &frmTreeBus::menuWanted);
 

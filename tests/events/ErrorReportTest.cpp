@@ -249,6 +249,17 @@ TEST_F(FailureHookTest, ASilentFailureLeavesTheReportAlone)
     EXPECT_EQ(linesOf(kReport)[1], "Errore N°: 53");
 }
 
+TEST_F(FailureHookTest, ALostBoxStillLeavesTheReport)
+{
+    class Speechless : public ScriptedOperator
+    {
+        int messageBox(const QString&, Buttons, Icon, const QString&) override { fail(5, "no words"); }
+    } speechless;
+    installFailureHook(session_, speechless, clock_, machine_);
+    guarded("Module/Work", [] { fail(11, "Division by zero"); });
+    EXPECT_EQ(linesOf(kReport)[1], "Errore N°: 11");
+}
+
 TEST_F(FailureHookTest, ALostReportStillShowsItsBox)
 {
     QDir(folder_.file("Log")).removeRecursively();

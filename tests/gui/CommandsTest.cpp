@@ -169,7 +169,10 @@ TEST_F(MainWindow, AlarmsAreAcknowledgedByADoubleClickOnTheirPanel)
 {
     start();
     auto* panel = control<QWidget>("Allarm");
+    EXPECT_EQ(panel->toolTip(), texts(290));
+    QSignalSpy told(panel->parent(), SIGNAL(panelDoubleClicked(QString)));
     QTest::mouseDClick(panel, Qt::LeftButton);
+    EXPECT_EQ(told.size(), 1);
     EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest);
 
     program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);

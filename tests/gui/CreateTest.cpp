@@ -107,6 +107,20 @@ TEST_F(Create, AnInstrumentByKeys)
     EXPECT_EQ(plant().list().item("2_3_1")->detail, "KT200");
 }
 
+TEST_F(Create, TheInsertKeyAddsBelowTheNode)
+{
+    startOn("Root");
+    for (QWidget* view : {static_cast<QWidget*>(tvwBus()), static_cast<QWidget*>(shownList())}) {
+        confirm(584);
+        leaveProperty();
+        QTest::keyClick(view, Qt::Key_Insert);
+    }
+    EXPECT_EQ(listKeys().size(), 5);
+    clickNode("2_1_1");
+    QTest::keyClick(tvwBus(), Qt::Key_Insert);
+    EXPECT_EQ(propertiesShown, 2) << "nothing is added below an instrument";
+}
+
 TEST_F(Create, EscapeInTheListOfTypesMakesNothing)
 {
     startOn("1_3");
@@ -196,9 +210,12 @@ TEST_F(Create, TheProgressShowsWhileTheDatabaseWorks)
     startOn("Root");
     auto* prgUpdate = control<QProgressBar>("prgUpdate");
     std::vector<int> shown;
+    QTimer line; // what the line's timers would do, in the middle of the transaction
+    QObject::connect(&line, &QTimer::timeout, &line, [&] { EXPECT_FALSE(prgUpdate->isVisible()); });
     QObject::connect(&plant(), &structure::Structure::updateProgress, &plant(), [&] {
         EXPECT_TRUE(prgUpdate->isVisible());
         shown.push_back(prgUpdate->value());
+        line.start(0);
     });
     clickItem("1_1");
     confirm(506);

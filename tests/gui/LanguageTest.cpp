@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
+#include <map>
 
 namespace {
 
@@ -116,6 +117,28 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
         EXPECT_EQ(warning->text(), texts(144));
     }
     EXPECT_EQ(warning->text(), before);
+}
+
+// A configuration that somebody spoiled: every fetch fails and is told, no company opens, but the window
+// stands and a language chosen there makes it whole.
+TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)
+{
+    setLanguage("FR_Francais_3000");
+    start();
+    std::map<QString, int> told;
+    for (const platform::Failure& failure : failures.take())
+        ++told[failure.procedure];
+    EXPECT_EQ(told, (std::map<QString, int>{{"Module/Connect_Database", 1},
+                                            {"Module/Set_ColName_ListBus", 1},
+                                            {"Module/Set_Language", 4}}));
+    EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
+    EXPECT_EQ(session.DbName, "");
+    session::SetLanguage_AllForms("EN_English_2000", desktop.loadedForms(), session, texts, desktop);
+    EXPECT_EQ(button("OpenDb")->toolTip(), texts(165));
+    desktop.script.chooseFile(plantFile());
+    button("OpenDb")->trigger();
+    clickNode("1_1");
+    EXPECT_EQ(listKeys(), (QStringList{"2_1_2", "2_1_1"}));
 }
 
 TEST_F(Language, TheFirstRunsDialogOffersWhatHasABlock)

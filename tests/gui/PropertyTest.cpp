@@ -167,6 +167,72 @@ TEST_F(Property, AWrongFieldKeepsTheFocusButCancelIsFree)
     EXPECT_EQ(shownValue("4_1_2_G11_P1101"), "4.5 °C");
 }
 
+TEST_F(Property, EscapeBehindARefusalStillPutsTheTextBack)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        type(txtVal1, "99");
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+        QTest::keyClick(txtVal1, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(txtVal1->hasFocus());
+        QTest::keyClick(txtVal1, Qt::Key_Escape);
+        EXPECT_EQ(txtVal1->text(), "4.5");
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, AnEditableFieldIsWhiteAndALockedOneAsItsFrame)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        const auto colourIn = [&](const QWidget* widget, const QPoint& place) {
+            return dialog.grab().toImage().pixelColor(widget->mapTo(&dialog, place));
+        };
+        const auto* frame = dialog.findChild<QWidget*>("fraVal");
+        const QPoint inside(6, 4);
+        EXPECT_EQ(colourIn(field(dialog, "txtVal1"), inside), QColor(Qt::white));
+        EXPECT_EQ(colourIn(field(dialog, "txtVal2"), inside),
+                  colourIn(frame, frame->rect().bottomRight() - QPoint(8, 8)));
+    });
+    openByKey("3_1_1_G03", "4_1_1_G03_P0301");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, ALeftFieldShowsItsBeginningAndAClickedOneIsSelectedWhole)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* hours = field(dialog, "txtVal1");
+        QLineEdit* minutes = field(dialog, "txtVal2");
+        QTest::mouseClick(minutes, Qt::LeftButton);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(minutes->selectedText(), "30");
+        EXPECT_EQ(hours->cursorPosition(), 0);
+        EXPECT_FALSE(hours->hasSelectedText());
+    });
+    openByKey("3_1_1_G03", "4_1_1_G03_P0302");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, AListWithoutAChoiceKeepsTheFocusWithoutAWord)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '55' WHERE IDPar = 'P0201'");
+    start();
+    insideProperty([&](QDialog& dialog) {
+        auto* list = dialog.findChild<QComboBox*>("cbxValEnum");
+        EXPECT_EQ(list->currentIndex(), -1);
+        QTest::keyClick(list, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(list->hasFocus());
+    });
+    openByKey("3_1_1_G02", "4_1_1_G02_P0201");
+    EXPECT_EQ(played, 1);
+}
+
 TEST_F(Property, AListIsPickedByMouseOrKey)
 {
     start();

@@ -143,6 +143,20 @@ TEST_F(ZoomWindow, AColumnsHeadSortsAndTurnsAndKeepsTheSelection)
     });
 }
 
+TEST_F(ZoomWindow, AColumnsNumberSortsByKeys)
+{
+    open([&] {
+        press(Qt::Key_2, Qt::ControlModifier);
+        EXPECT_EQ(zoom.list().keyAt(0), "G01");
+        press(Qt::Key_2, Qt::ControlModifier);
+        EXPECT_EQ(zoom.list().keyAt(0), "G03");
+        press(Qt::Key_9, Qt::ControlModifier);
+        EXPECT_EQ(zoom.list().keyAt(0), "G03");
+        press(Qt::Key_1, Qt::ControlModifier);
+        EXPECT_EQ(zoom.list().keyAt(0), "G01");
+    });
+}
+
 TEST_F(ZoomWindow, FindsByKeys)
 {
     open([&] {

@@ -1,12 +1,12 @@
+#include "platform/widgets/Application.h"
 #include "session/widgets/Look.h"
 
-#include <QApplication>
 #include <gmock/gmock.h>
 
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
+    platform::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     session::applyLook(application);
     testing::InitGoogleMock(&argc, argv);

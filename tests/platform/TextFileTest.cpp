@@ -36,6 +36,13 @@ TEST_F(TextFileTest, ReadsLinesOfEitherLineEnd)
     EXPECT_THAT(linesOf("\n\r\nx "), ElementsAre("", "", "x "));
 }
 
+// The kernel's own folder takes no file of anybody, not even of the administrator.
+TEST_F(TextFileTest, AFolderThatTakesNoFilesDeniesPermission)
+{
+    EXPECT_EQ(errorOf([] { TextWriter("/sys/calidora.log", 1252); }), errors::kPermissionDenied);
+    EXPECT_EQ(errorOf([&] { TextWriter(folder_.file("missing/x.log"), 1252); }), errors::kPathNotFound);
+}
+
 TEST_F(TextFileTest, ReadsInTheCodePageUnlessTheFileIsMarkedAsUtf8)
 {
     EXPECT_THAT(linesOf("\xE0", 1252), ElementsAre("à"));

@@ -248,19 +248,48 @@ TEST_F(FillTest, ACatalogueRowThatVanishedLeavesTheRestEmpty)
 {
     runOnPlant("DELETE FROM tbParamLanguage WHERE mID = 'P1101'");
     open("4_1_2_G11_P1101");
+    failures.expectOne(platform::errors::kNoCurrentRecord, "frmProperty/FillControls_Item");
     EXPECT_FALSE(session.DialogOk);
     EXPECT_EQ(controls().lblIDPar.text, "P1101");
     EXPECT_EQ(model.KeyType(), "");
     EXPECT_EQ(controls().txtVal1.text, "");
     EXPECT_FALSE(controls().txtVal1.visible);
+    EXPECT_FALSE(controls().chkDisabled.enabled);
 }
 
-TEST_F(FillTest, AnElementThatVanishedLeavesTheControlsAsTheyAre)
+// Without its description an instrument can't be shown, so it can't be edited either.
+TEST_F(FillTest, ATypeThatVanishedLocksItsInstrument)
 {
-    open("4_1_2_G11_P9999");
-    EXPECT_EQ(controls().lblIDPar.text, "");
-    open("1_99");
-    EXPECT_EQ(controls().txtValStr1.text, "");
+    runOnPlant("DELETE FROM tbInstrumentLanguage WHERE mID = 'KT200'");
+    open("2_1_2");
+    failures.expectOne(platform::errors::kNoCurrentRecord, "frmProperty/FillControls_Item");
+    for (const auto field :
+         {&property::Controls::txtValStr1, &property::Controls::txtValStr2, &property::Controls::txtVal3}) {
+        EXPECT_TRUE((controls().*field).visible);
+        EXPECT_FALSE((controls().*field).enabled);
+    }
+}
+
+TEST_F(FillTest, AnElementThatVanishedIsToldAndLeavesTheControlsAsTheyAre)
+{
+    for (const char* key : {"4_1_2_G11_P9999", "1_99", "2_1_99"}) {
+        open(key);
+        failures.expectOne(platform::errors::kNoCurrentRecord, "frmProperty/FillControls_Item");
+        EXPECT_EQ(controls().lblIDPar.text, "") << key;
+        EXPECT_EQ(controls().txtValStr1.text, "") << key;
+        EXPECT_FALSE(controls().cmdCopy.enabled) << key;
+    }
+}
+
+TEST_F(FillTest, WhatOnlyCountsMayBeEmpty)
+{
+    runOnPlant("DELETE FROM tbParametersUser; DELETE FROM tbInstrumentsUser;");
+    for (const char* key : {"Root", "3_1_1_G04"}) {
+        open(key);
+        EXPECT_EQ(controls().lblVal1.text, "") << key;
+        EXPECT_TRUE(controls().lblVal1.visible) << key;
+        EXPECT_FALSE(controls().cmdCopy.enabled) << key;
+    }
 }
 
 TEST_F(FillTest, ALostConnectionIsReportedByEachProcedure)

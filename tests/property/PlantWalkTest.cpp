@@ -389,7 +389,7 @@ protected:
         QStringList nodes;
         collect(structure.tree().indexOf(structure::kRootKey), nodes);
         nodes.sort();
-        EXPECT_EQ(nodes, plant.nodes());
+        EXPECT_EQ(nodes, expectedNodes());
         QStringList items;
         for (int row = 0; row < structure.list().rowCount(); ++row) {
             const structure::ListItem& item = *structure.list().item(structure.list().keyAt(row));
@@ -400,14 +400,24 @@ protected:
         EXPECT_EQ(items, itemsOf(structure.selectedNode()));
         EXPECT_EQ(structure.path(), structure.tree().fullPathOf(structure.selectedNode()));
     }
-    // Groups and instruments of the tree; what is below them is the catalogue's.
+    // The plant's own, and below each instrument the parameter groups of its type.
+    QStringList expectedNodes() const
+    {
+        QStringList nodes = plant.nodes();
+        for (const auto& [number, group] : plant.groups) {
+            for (const auto& [place, instrument] : group.instruments) {
+                for (const QString& below : groupNodes.at(instrument.type))
+                    nodes << u'3' % keyOf(number, place).mid(1) % u'_' % below;
+            }
+        }
+        nodes.sort();
+        return nodes;
+    }
     void collect(const QModelIndex& node, QStringList& nodes)
     {
         for (int row = 0; row < structure.tree().rowCount(node); ++row) {
             const QModelIndex child = structure.tree().index(row, 0, node);
             const QString key = structure.tree().keyOf(child);
-            if (structure::Extract_Level(key) > structure::kInstrument)
-                continue;
             nodes << key % u'|' % child.data().toString();
             collect(child, nodes);
         }
@@ -482,6 +492,13 @@ protected:
             parameterGroups[row.text("Type")]
                 << u"3_%_" % row.text("mID") % u'|' % row.text("mDesc") % u"|||4";
         row.Close();
+        row.Open("SELECT tbInstrument.mTag AS Type, tbParamGroup.mID, mDesc FROM tbInstrument, tbParamGroup, "
+                 "tbParamGroupLanguage WHERE tbInstrument.mID = mKeyInst AND tbParamGroup.mID = "
+                 "tbParamGroupLanguage.mID AND mKeyLang = 'EN'",
+                 session.cnDatabase);
+        for (; !row.Eof(); row.MoveNext())
+            groupNodes[row.text("Type")] << row.text("mID") % u'|' % row.text("mDesc");
+        row.Close();
         row.Open("SELECT mKeyParam, mValue, mDesc FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON "
                  "tbParamEnum.mID = tbParamEnumLanguage.mID WHERE mKeyLang = 'EN'",
                  session.cnDatabase);
@@ -542,6 +559,7 @@ protected:
 
     PlainPlant plant;
     std::map<QString, std::vector<PlainParam>> catalogue;  // by type
+    std::map<QString, QStringList> groupNodes;             // by type: of the tree
     std::map<QString, QStringList> parameterGroups;        // by type: items of an instrument's list
     std::map<QString, std::map<QString, QString>> choices; // by parameter and value
     ChosenType lookup;

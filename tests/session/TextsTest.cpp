@@ -48,6 +48,7 @@ TEST_F(TextsTest, ABaseWithoutABlockFailsAtEachFetch)
         language_ = LanguageSettings::fromIdentifier(identifier);
         EXPECT_EQ(errorOf([&] { texts_(13); }), platform::errors::kOutOfRange) << identifier;
         EXPECT_NE(errorOf([&] { texts_(13); }), 0) << identifier;
+        EXPECT_EQ(texts_.own("common.ok"), "OK") << "the button under the box that tells it";
     }
 }
 

@@ -99,6 +99,17 @@ protected:
     structure::PlantEditor editor{{session, texts, op, structure, lookup}};
 };
 
+TEST_F(PlantEditorTest, AnInstrumentWhoseParameterGroupsAreLostStandsInTreeAndListAllTheSame)
+{
+    structure.clickNode("1_3");
+    lookup.meanwhile = [this] { runOnPlant("DROP TABLE tbParamGroupLanguage;"); };
+    addInstrument("KT200");
+    failures.expectOne(platform::errors::kDatabase, "Module/New_Item");
+    EXPECT_TRUE(structure.tree().contains("2_3_1"));
+    EXPECT_TRUE(structure.list().item("2_3_1"));
+    EXPECT_EQ(plant("SELECT Count(*) FROM tbInstrumentsUser WHERE IDGrp = 3"), QStringList{"1"});
+}
+
 // Groups
 // ------------------------------------------------------------------------------------------------------------
 

@@ -28,6 +28,10 @@ FieldEdit::FieldEdit(PropertyModel& model, const QString& name, QWidget* parent)
     : QLineEdit(parent), model_(model)
 {
     setObjectName(name);
+    // Locked, it takes the ground of the frame around it.
+    QPalette colours = palette();
+    colours.setBrush(QPalette::Disabled, QPalette::Base, Qt::transparent);
+    setPalette(colours);
     connect(this, &QLineEdit::textChanged, this,
             [this](const QString& text) { model_.change(objectName(), text); });
 }

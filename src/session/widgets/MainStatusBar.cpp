@@ -17,6 +17,9 @@ namespace {
 
 constexpr int kPictureSize = 16;
 
+constexpr std::pair<const char*, bus::Panel> kLinePanels[] = {
+    {"COMSet", bus::Panel::COMSet}, {"Info", bus::Panel::Info}, {"Allarm", bus::Panel::Allarm}};
+
 QIcon pictureOfPanel(int image)
 {
     return image == bus::images::kRest ? platform::icon("panel-rest") : platform::imageOf(image);
@@ -37,6 +40,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     addPanel("Hour", 205);
 
     connect(&panels, &bus::StatusPanels::changed, this, &MainStatusBar::showLine);
+    connect(&panels, &bus::StatusPanels::tipCleared, this, &MainStatusBar::clearTip);
     nextMinute_.setSingleShot(true);
     connect(&nextMinute_, &QTimer::timeout, this, &MainStatusBar::showTime);
     qApp->installEventFilter(this);
@@ -57,7 +61,6 @@ void MainStatusBar::addPanel(const QString& key, int tag, int stretch)
     layout->setSpacing(5);
     layout->addWidget(panel.picture);
     layout->addWidget(panel.text, 1);
-    panel.frame->installEventFilter(this);
     addWidget(panel.frame, stretch);
     widgets_[key] = panel;
 }
@@ -88,14 +91,20 @@ bool MainStatusBar::eventFilter(QObject* watched, QEvent* event)
 
 void MainStatusBar::showLine()
 {
-    const std::pair<const char*, bus::Panel> shown[] = {
-        {"COMSet", bus::Panel::COMSet}, {"Info", bus::Panel::Info}, {"Allarm", bus::Panel::Allarm}};
-    for (const auto& [key, panel] : shown) {
+    for (const auto& [key, panel] : kLinePanels) {
         const PanelWidget& widget = widgets_[key];
         const QIcon picture = pictureOfPanel(panels_.picture(panel));
         widget.picture->setVisible(!picture.isNull());
         widget.picture->setPixmap(picture.pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
         widget.text->setText(panels_.text(panel));
+    }
+}
+
+void MainStatusBar::clearTip(bus::Panel panel)
+{
+    for (const auto& [key, shown] : kLinePanels) {
+        if (shown == panel)
+            widgets_[key].frame->setToolTip({});
     }
 }
 

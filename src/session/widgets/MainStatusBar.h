@@ -39,6 +39,7 @@ private:
 
     void addPanel(const QString& key, int tag, int stretch = 0);
     void showLine();
+    void clearTip(bus::Panel panel);
     void showTime();
     void showLocks();
 

@@ -64,6 +64,9 @@ void MainToolbar::makeViewMenu()
 
 void MainToolbar::relabel()
 {
+    // Without words there is nothing to follow; the language step of the form tells it.
+    if (!texts_.hasBlock())
+        return;
     // The current view carries a bullet, the others the room for one.
     for (const ViewEntry& view : kViews) {
         const QString caption = texts_(view.text);

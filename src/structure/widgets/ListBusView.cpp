@@ -175,6 +175,9 @@ bool ListBusView::eventFilter(QObject* watched, QEvent* event)
 bool ListBusView::keyPressed(QKeyEvent* event)
 {
     switch (event->key()) {
+    case Qt::Key_Insert:
+        emit insertPressed();
+        return true;
     case Qt::Key_Delete:
         emit deletePressed();
         return true;

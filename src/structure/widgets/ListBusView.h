@@ -38,6 +38,7 @@ public:
 signals:
     void itemPressed(const QString& key); // by mouse, or reached by an arrow key
     void itemOpened(const QString& key);  // double click
+    void insertPressed();
     void deletePressed();
     void enterPressed();
     void parentPressed(); // Backspace

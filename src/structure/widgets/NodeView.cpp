@@ -34,6 +34,10 @@ void NodeView::mousePressEvent(QMouseEvent* event)
 
 void NodeView::keyPressEvent(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_Insert) {
+        emit insertPressed();
+        return;
+    }
     if (event->key() == Qt::Key_Delete) {
         emit deletePressed();
         return;

@@ -15,6 +15,7 @@ public:
 
 signals:
     void nodeTaken(const QModelIndex& index);
+    void insertPressed();
     void deletePressed();
     void menuWanted(const QPoint& globalPosition);
 
