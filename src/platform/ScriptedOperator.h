@@ -35,7 +35,12 @@ public:
     QString saveFile(const FileRequest& request) override { return nextFile(request); }
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     void setPointer(Pointer pointer) override { this->pointer = pointer; }
-    void beep() override { ++beeps; }
+    void beep() override
+    {
+        ++beeps;
+        if (onBeep)
+            onBeep();
+    }
     void showForm(const QString& name) override { forms << "show " + name; }
     void showFormModal(const QString& name) override;
     void unloadForm(const QString& name) override { forms << "unload " + name; }
@@ -52,6 +57,7 @@ public:
     int beeps = 0;
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
+    std::function<void()> onBeep;
 
 private:
     QString nextFile(const FileRequest& request);

@@ -1,4 +1,5 @@
 #include "support/CompanyFixture.h"
+#include "support/NamedFailure.h"
 
 #include <QDir>
 #include <QFile>
@@ -26,6 +27,19 @@ protected:
     QSignalSpy made{&database, &Database::companyMade};
     QSignalSpy lost{&database, &Database::connectionLost};
 };
+
+TEST_F(CommandsTest, AFailureStandsUnderItsProceduresName)
+{
+    setLanguage(support::kNoLanguage);
+    database.Open_Database();
+    failures.expectUnder("Module/Open_Database");
+    setLanguage("EN_English_2000");
+    ASSERT_TRUE(connectPlant());
+    QObject::connect(&database, &Database::captionChanged, [] { support::breakDown(); });
+    database.Disconnect_Database();
+    failures.expectUnder("Module/Disconnect_Database");
+    EXPECT_EQ(session.DbName, "");
+}
 
 TEST_F(CommandsTest, OpenAsksForAFileAndConnectsToIt)
 {

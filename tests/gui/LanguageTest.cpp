@@ -141,6 +141,23 @@ TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)
     EXPECT_EQ(listKeys(), (QStringList{"2_1_2", "2_1_1"}));
 }
 
+TEST_F(Language, AnIdentifierThatIsNoneFailsUnderItsProceduresName)
+{
+    session::SetLanguage_AllForms("X", {}, session, texts, desktop);
+    failures.expectUnder("frmSettings/SetLanguage_AllForms");
+    EXPECT_EQ(session.Language.Code, "EN");
+    inside("frmLanguage", [&](QDialog& dialog) {
+        dialog.findChild<QComboBox*>("imcLanguage")->setCurrentIndex(-1);
+        QTest::mouseClick(dialog.findChild<QWidget*>("cmdApply"), Qt::LeftButton);
+        failures.expectUnder("frmLanguage.cmdApply_Click");
+        EXPECT_TRUE(dialog.isVisible());
+    });
+    start();
+    desktop.showFormModal("frmLanguage");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(session.Language.Code, "EN");
+}
+
 TEST_F(Language, TheFirstRunsDialogOffersWhatHasABlock)
 {
     QStringList offered;

@@ -1,4 +1,5 @@
 #include "gui/GuiFixture.h"
+#include "support/NamedFailure.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -412,6 +413,21 @@ TEST_F(PropertyCopyWindow, ButtonsCheckAllAskAndCopy)
         action(dialog, "Uncheck")->trigger();
         desktop.script.expect(texts(532));
         action(dialog, "mnuCopy")->trigger();
+    });
+}
+
+TEST_F(PropertyCopyWindow, AFailureStandsUnderItsProceduresName)
+{
+    start();
+    openCopy([&](QDialog& dialog) {
+        auto* toolbar = dialog.findChild<QToolBar*>("tlbMain");
+        QObject::connect(action(dialog, "mnuCheck"), &QAction::triggered, &dialog,
+                         [] { support::breakDown(); });
+        action(dialog, "Check")->trigger();
+        failures.expectUnder("frmPropertyCopy.tlbMain_ButtonClick");
+        QObject::connect(toolbar, &QToolBar::iconSizeChanged, &dialog, [] { support::breakDown(); });
+        action(dialog, "mnuTlbSmallIcons")->trigger();
+        failures.expectUnder("frmPropertyCopy/ResetIcon");
     });
 }
 

@@ -7,6 +7,7 @@
 #include "session/Texts.h"
 #include "structure/Structure.h"
 #include "support/FailureRecorder.h"
+#include "support/NamedFailure.h"
 
 #include <QDir>
 #include <QFile>
@@ -92,6 +93,22 @@ protected:
 private:
     QTemporaryDir folder_;
 };
+
+TEST_F(MainTest, AFailureStandsUnderItsProceduresName)
+{
+    session.Language = LanguageSettings::fromIdentifier(support::kNoLanguage);
+    main.Close_Database();
+    failures.expectUnder("Module/Close_Database");
+    main.leave();
+    failures.expectUnder("frmMain.mnuExit_Click");
+    EXPECT_TRUE(main.QueryUnload()) << "a question that can't be asked keeps nobody here";
+    failures.expectUnder("frmMain.QueryUnload");
+    MainServices failing = services();
+    failing.Write_Configuration = []() -> bool { support::breakDown(); };
+    Main another({session, texts, op, clock, commands, failing});
+    another.Unload();
+    failures.expectUnder("frmMain.Unload");
+}
 
 TEST_F(MainTest, StartsInItsOrderWithoutACompany)
 {

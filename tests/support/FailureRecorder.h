@@ -2,6 +2,7 @@
 
 #include "platform/Guard.h"
 
+#include <QStringList>
 #include <gtest/gtest.h>
 #include <utility>
 #include <vector>
@@ -34,6 +35,16 @@ public:
         EXPECT_EQ(failures[0].number, number);
         EXPECT_EQ(failures[0].procedure.toStdString(), procedure);
         EXPECT_FALSE(failures[0].description.isEmpty());
+    }
+
+    // Expects a failure under this name, among others perhaps, and forgets them all.
+    void expectUnder(const QString& procedure)
+    {
+        QStringList names;
+        for (const auto& failure : take())
+            names << failure.procedure;
+        EXPECT_TRUE(names.contains(procedure))
+            << procedure.toStdString() << ", but failed: " << names.join(QStringLiteral(", ")).toStdString();
     }
 
     void expectNone()
