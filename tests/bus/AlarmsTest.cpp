@@ -162,10 +162,14 @@ TEST_F(AlarmsTest, ItBeepsUntilAcknowledged)
     bus.onAlarms = [&] { ++announced; };
     takeCall();
     EXPECT_EQ(announced, 1);
+    const qint64 start = clock.elapsed();
+    std::vector<qint64> beepsAt;
+    op.onBeep = [&] { beepsAt.push_back(clock.elapsed() - start); };
     clock.run(2999);
     EXPECT_EQ(op.beeps, 0);
     clock.run(1);
     EXPECT_EQ(op.beeps, 3);
+    EXPECT_EQ(beepsAt, (std::vector<qint64>{3000, 4000, 5000}));
     clock.run(60000);
     EXPECT_GE(op.beeps, 30);
     bus.Delete_Allarms();
@@ -199,9 +203,15 @@ TEST_F(AlarmsTest, ALaterCallWhileNotAcknowledgedOnlySetsItAgain)
 TEST_F(AlarmsTest, ACallThatComesDuringTheBeepsWaitsForTheirEnd)
 {
     takeCall();
-    mark();
-    clock.post([this] { port.feed("ATD"); });
+    std::vector<ActionCode> codes;
+    op.onBeep = [&] {
+        codes.push_back(bus.actionCode());
+        if (codes.size() == 2)
+            port.feed("ATD");
+    };
     clock.run(3000);
+    EXPECT_EQ(codes, (std::vector{ActionCode::Idle, ActionCode::Idle, ActionCode::Idle}));
+    clock.run(1);
     EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
 }
 
@@ -215,6 +225,21 @@ TEST_F(AlarmsTest, WhileAPollIsOutARingIsNotSeen)
     EXPECT_EQ(bus.actionCode(), ActionCode::Polling);
     EXPECT_EQ(status(), 1);
     EXPECT_TRUE(bus.received().isEmpty()) << "it counts as the poll's answer";
+}
+
+// The time-out of an attempt that the operator gave up is still armed when an instrument dials.
+TEST_F(AlarmsTest, ADialledCallStopsTheTimeOut)
+{
+    openConsole("1_1");
+    console.Connect();
+    bus.abandonOperation();
+    ASSERT_EQ(bus.actionCode(), ActionCode::Idle);
+    arrives("ATD");
+    EXPECT_EQ(bus.actionCode(), ActionCode::FirstBlock);
+    clock.run(70000);
+    failures.take(); // it never said anything
+    for (const QString& line : logLines())
+        EXPECT_NE(descriptionOf(line), texts(583));
 }
 
 TEST_F(AlarmsTest, TheVirtualInstrumentCallsInOverBothLinks)

@@ -200,6 +200,30 @@ TEST_F(ZoomTest, TheSelectedRowItselfIsFoundLast)
     EXPECT_EQ(zoom.Find(3), 3);
 }
 
+TEST_F(ZoomTest, AnApostropheIsFound)
+{
+    runOnPlant("INSERT INTO tbParamGroupLanguage VALUES ('G99', 'EN', 'O''Hara''s')");
+    EXPECT_EQ(offered("O'H@"), QStringList{"G99"});
+}
+
+class ZoomInLanguage : public ZoomTest, public testing::WithParamInterface<const char*>
+{
+};
+
+// Its words are English in every language.
+TEST_P(ZoomInLanguage, SaysItsThreeLiteralsInEnglish)
+{
+    setLanguage(GetParam());
+    fill();
+    op.type("missing");
+    op.expect("No item found.");
+    EXPECT_EQ(zoom.Find(-1), -1);
+    op.expect(kEndOfList, kNo);
+    zoom.FindAgain(2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, ZoomInLanguage, testing::Values("IT_Italiano_1000", "RU_Russian_6000"));
+
 TEST_F(ZoomTest, NothingFoundIsSaid)
 {
     fill();

@@ -1,4 +1,5 @@
 #include "gui/GuiFixture.h"
+#include "session/frmVideoProperty.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -163,6 +164,47 @@ TEST_F(MainWindow, ExitAsksOnceAndTheConfigurationRemembersTheCompany)
     EXPECT_EQ(next.DbName, "Plant.mdb");
     EXPECT_GT(next.ListBusSet.Col1Width, 0);
     EXPECT_GT(next.TreeBusSet.Width, 0);
+}
+
+TEST_F(MainWindow, AlarmsAreAcknowledgedFromTheMenusOfBothChildren)
+{
+    start();
+    for (const char* form : {"frmTreeBus", "frmListBus"}) {
+        program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
+        played = 0;
+        inside("frmMessage", [&](QDialog& notice) {
+            EXPECT_EQ(notice.windowTitle(), "Calidora");
+            EXPECT_EQ(notice.findChild<QLabel*>("lblMsg")->text(), texts(582));
+            EXPECT_EQ(notice.findChild<QLabel*>("lblMsgDetail")->text(), texts(585));
+        });
+        entry(form, "mnuAllarms")->trigger();
+        EXPECT_EQ(played, 1) << form;
+        EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest) << form;
+        EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), "") << form;
+    }
+}
+
+TEST_F(MainWindow, TheHelperThatMeasuresTheTitleBarIsNeverSeen)
+{
+    start();
+    EXPECT_FALSE(desktop.form("frmVideoProperty"));
+    session::frmVideoProperty helper(session);
+    EXPECT_EQ(helper.windowTitle(), "Calidora\\Video Property");
+    EXPECT_FALSE(helper.isVisible());
+    EXPECT_GE(session.TitlebarHeight, 0);
+}
+
+TEST_F(MainWindow, ACompanyThatIsGoneIsForgottenAtTheExit)
+{
+    start("Gone.mdb");
+    failures.take();
+    EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
+    desktop.script.expect(texts(524), kYes);
+    button("Exit")->trigger();
+    session::Session next;
+    next.AppPath = session.AppPath;
+    EXPECT_TRUE(session::Read_Configuration(next));
+    EXPECT_EQ(next.DbName, "");
 }
 
 TEST_F(MainWindow, AlarmsAreAcknowledgedByADoubleClickOnTheirPanel)

@@ -346,6 +346,7 @@ TEST_P(Jobs, BlocksAreCopied)
     goToNode("3_1_2_G11");
     openProperty("4_1_2_G11_P1101", [this](QDialog& dialog) {
         inside("frmPropertyCopy", [this](QDialog& window) {
+            EXPECT_EQ(window.windowTitle(), "Calidora\\Copia Proprietà");
             auto* list = window.findChild<QTreeView*>("lvwItems");
             desktop.script.expect(texts(532));
             command(&window, "Copy", "mnuCommands", "mnuCopy");

@@ -244,6 +244,54 @@ TEST_F(FillTest, AValueThatIsNoTimeOfDayIsReportedAndTheFieldsStayEmpty)
     EXPECT_TRUE(controls().txtVal1.visible);
 }
 
+TEST_F(FillTest, EachLevelReadsItsOwnStatement)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"Root", "SELECT IDGrp, Count(IDInst) AS CountIDInst FROM tbInstrumentsUser GROUP BY IDGrp;"},
+        {"1_1", "SELECT * FROM tbGroupsUser WHERE (IDGrp = 1);"},
+        {"2_1_2", "SELECT tbInstrumentsUser.*, tbInstrumentLanguage.mDesc FROM tbInstrumentsUser INNER JOIN "
+                  "tbInstrumentLanguage ON tbInstrumentsUser.IDItem = tbInstrumentLanguage.mID WHERE "
+                  "((tbInstrumentsUser.IDGrp = 1) AND (tbInstrumentsUser.IDInst = 2) AND "
+                  "(tbInstrumentLanguage.mKeyLang = 'EN'));"},
+        {"3_1_2_G11",
+         "SELECT * FROM tbParametersUser WHERE ((IDGrp = 1) AND (IDInst = 2) AND (IDParGrp = 'G11'));"},
+        {"4_1_2_G11_P1101",
+         "SELECT * FROM tbParametersUser WHERE ((IDGrp = 1) AND (IDInst = 2) AND (IDPar = 'P1101'));"},
+    };
+    for (const auto& [key, statement] : rows) {
+        open(key);
+        EXPECT_EQ(session.strSQL, statement);
+    }
+}
+
+TEST_F(FillTest, TheCataloguesWordsFollowTheLanguage)
+{
+    setLanguage("RU_Russian_6000");
+    open("2_1_2");
+    EXPECT_EQ(controls().lblValDescription.text, "KT200 = Витрина");
+    open("4_1_1_G02_P0201");
+    ASSERT_EQ(controls().entries.size(), 3u);
+    QStringList entries;
+    for (const property::EnumEntry& entry : controls().entries)
+        entries << entry.text;
+    entries.sort();
+    EXPECT_EQ(entries, (QStringList{"Вкл", "Выкл", "Неисправен"}));
+}
+
+TEST_F(FillTest, EachFieldOfATimeHasItsRange)
+{
+    open("4_1_1_G03_P0301");
+    EXPECT_EQ(controls().lblValAddress.text, "74 - $004A");
+    open("4_1_1_G03_P0302");
+    EXPECT_EQ(controls().updVal1.Max, 23);
+    EXPECT_EQ(controls().updVal2.Max, 59);
+    open("4_1_1_G03_P0303");
+    for (const auto& spin : {controls().updVal2, controls().updVal3}) {
+        EXPECT_EQ(spin.Min, 0);
+        EXPECT_EQ(spin.Max, 59);
+    }
+}
+
 TEST_F(FillTest, ACatalogueRowThatVanishedLeavesTheRestEmpty)
 {
     runOnPlant("DELETE FROM tbParamLanguage WHERE mID = 'P1101'");

@@ -44,6 +44,15 @@ TEST_F(GesturesTest, EveryChangeMarksTheDialogAndEnablesApply)
     }
 }
 
+TEST_F(GesturesTest, AnAddressIsTypedByTheRulesOfAWholeNumber)
+{
+    open("2_1_1");
+    for (const char* dropped : {",", ".", "A"})
+        EXPECT_EQ(model.keyPress("txtVal3", dropped), std::nullopt) << dropped;
+    EXPECT_EQ(op.beeps, 3);
+    EXPECT_EQ(model.keyPress("txtVal3", "1"), "1");
+}
+
 TEST_F(GesturesTest, EscapePutsTheTextBackOnceThenIsFree)
 {
     open("4_1_2_G11_P1101");

@@ -1,5 +1,7 @@
 #include "property/PropertyFixture.h"
 
+#include <gmock/gmock.h>
+
 using platform::answers::kNo;
 using platform::answers::kYes;
 
@@ -82,6 +84,48 @@ TEST_F(PropertyCopyTest, ASingleBlockOpensAnEmptyList)
     openCopy("P0107"); // without a copy id
     EXPECT_EQ(copy.IDCopy(), "");
     EXPECT_EQ(copy.rowCount(), 0);
+}
+
+TEST_F(PropertyCopyTest, ReadsAndWritesWithItsStatements)
+{
+    std::vector<platform::Pointer> pointers;
+    QObject::connect(&copy, &property::PropertyCopy::progress, [&](int done, int total) {
+        if (done > 0 && done < total)
+            pointers.push_back(op.pointer);
+    });
+    openCopy("P0101");
+    EXPECT_EQ(session.strSQL,
+              "SELECT Mid(tbParam.mIDCopy,4,2) AS IDLev2, tbParamCopyLanguage.mDesc FROM tbParamCopyLanguage "
+              "INNER JOIN (tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID) ON "
+              "tbParamCopyLanguage.mID = tbParam.mIDCopy WHERE ((tbParametersUser.IDGrp = 1) AND "
+              "(tbParametersUser.IDInst = 1) AND (Mid(tbParam.mIDCopy,1,2) = 'CP') AND "
+              "(Mid(tbParam.mIDCopy,1,5) <> 'CP.01') AND (tbParamCopyLanguage.mKeyLang = 'EN')) GROUP BY "
+              "Mid(tbParam.mIDCopy,4,2), tbParamCopyLanguage.mDesc ORDER BY Mid(tbParam.mIDCopy,4,2);");
+    check(0);
+    QStringList statements;
+    QObject::connect(&copy, &property::PropertyCopy::progress,
+                     [&](int done) { statements << (done > 0 ? session.strSQL : QString()); });
+    copy.Copy_Value();
+    const QString update =
+        "UPDATE tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID "
+        "SET [Value] = %1, State = 1 WHERE ((tbParametersUser.IDGrp = 1) AND "
+        "(tbParametersUser.IDInst = 1) AND (tbParam.mIDCopy = '%2'));";
+    EXPECT_EQ(statements.mid(1, 2),
+              (QStringList{update.arg("'12.3'", "CP.02.01"), update.arg("NULL", "CP.02.02")}));
+    EXPECT_THAT(pointers, testing::AllOf(testing::Not(testing::IsEmpty()),
+                                         testing::Each(platform::Pointer::Hourglass)));
+}
+
+TEST_F(PropertyCopyTest, SeparatorsStayAsTheyStand)
+{
+    runOnPlant("UPDATE tbParam SET mIDCopy = replace(mIDCopy, '.', '/') WHERE mIDCopy LIKE 'CP%';"
+               "INSERT INTO tbParamCopyLanguage SELECT replace(mID, '.', '/'), mKeyLang, mDesc FROM "
+               "tbParamCopyLanguage WHERE mID LIKE 'CP%';");
+    openCopy("P0101");
+    EXPECT_EQ(copy.IDCopy(), "CP/01/01");
+    check(0);
+    copy.Copy_Value();
+    EXPECT_EQ(row("1", "1", "P0103"), "12.3|1");
 }
 
 TEST_F(PropertyCopyTest, ChecksAllAndNone)

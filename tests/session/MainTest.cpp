@@ -14,6 +14,7 @@
 #include <QTemporaryDir>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace session;
 using platform::answers::kNo;
@@ -160,11 +161,45 @@ TEST_F(MainTest, AFirstRunTakesBothMarkersAndAsksTheLanguageOnce)
     makeMarker("Log/Readme_Log.txt");
     run();
     EXPECT_EQ(steps.count("modal frmLanguage"), 1);
+    EXPECT_EQ(steps.mid(0, 4), (QStringList{"show frmPresentation", "read configuration", "modal frmLanguage",
+                                            "translation tables"}));
     EXPECT_FALSE(QFile::exists(session.appFile("Data/Readme_Data.txt")));
     EXPECT_FALSE(QFile::exists(session.appFile("Log/Readme_Log.txt")));
     EXPECT_EQ(session.Language.ID, "IT_Italiano_1000");
     EXPECT_EQ(session.DbPath, session.appFile("Data"));
     EXPECT_EQ(session.DirExport, session.appFile("Log"));
+}
+
+// What can't be deleted is told; the language is asked for all the same. As somebody who may not delete it,
+// in a process of its own.
+TEST_F(MainTest, AMarkerThatStaysIsToldAndTheStartGoesOn)
+{
+    configured = false;
+    makeMarker("Data/Readme_Data.txt");
+    const auto readOnly = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup;
+    QFile::setPermissions(session.AppPath, readOnly);
+    QFile::setPermissions(session.appFile("Data"), readOnly);
+    const auto start = [this] {
+        if (geteuid() == 0 && setuid(65534) != 0)
+            return false;
+        run();
+        const auto told = failures.take();
+        return told.size() == 1 && told[0].procedure == "Module/Main" &&
+               told[0].number == platform::errors::kPermissionDenied && steps.contains("modal frmLanguage") &&
+               steps.contains("show frmMain");
+    };
+    EXPECT_EXIT(std::exit(start() ? 0 : 1), testing::ExitedWithCode(0), "");
+    QFile::setPermissions(session.appFile("Data"), readOnly | QFile::WriteOwner);
+    QFile::setPermissions(session.AppPath, readOnly | QFile::WriteOwner);
+}
+
+TEST_F(MainTest, ThePurgeFollowsItsSwitch)
+{
+    session.DbName = "demo.mdb";
+    session.DbPath = "/plants";
+    session.LogSet.DelLog = -1;
+    run();
+    EXPECT_EQ(steps.count("purge 1 0"), 1);
 }
 
 TEST_F(MainTest, AFirstRunWithoutMarkersAsksNothing)

@@ -369,6 +369,17 @@ TEST_F(PlantEditorTest, AGroupWithAnApostropheIsDeleted)
     EXPECT_EQ(structure.path(), "ZEL Bus");
 }
 
+TEST_F(PlantEditorTest, TheNodeFollowsTheItemThatIsSelectedBehindADeletion)
+{
+    structure.clickNode("1_1");
+    structure.pressItem("2_1_2");
+    structure.selectNode("1_2");
+    expectQuestion(506, kYes);
+    editor.Delete_Item();
+    EXPECT_EQ(structure.selectedItem(), "2_1_1");
+    EXPECT_EQ(structure.selectedNode(), "1_1");
+}
+
 TEST_F(PlantEditorTest, ANoDeletesNothing)
 {
     structure.clickNode("1_1");
