@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The built program and ports that are not what they should be: missing, held by another program, pulled out while open.
-# Each gives its box and the program goes on. Tells, too, what the program costs while it sits on an open port.
+# Each gives its box and the program goes on. Last, two programs that are started at once: one stays. Tells, too, what the program costs while it sits on an open port.
 #
 #   tests/e2e/ports.sh [folder]
 cd "$(dirname "$0")/../.."
@@ -92,5 +92,32 @@ wait_for 10 "the failure report" reports
 grep -qh 'vanished' "$home"/Log/Calidora_Error_* || wrong "the report does not say what happened"
 refuses_the_console 06-no-console
 leave
+step "two programs started at once"
+rm -f "$link"
+bound_to_me socat "pty,raw,echo=0,link=$link" "pty,raw,echo=0" &
+line_pid=$!
+wait_for 10 "the line" test -e "$link"
+settings=$(md5sum <"$home/Calidora.ini")
+start_program
+first_pid=$program_pid
+start_program
+second_pid=$program_pid
+wait_for 60 "the main window" window_there "$main"
+wait_for 20 "the refusal" window_there "$box"
+shown 07-twice
+focus "$box"
+keys Return
+wait_for 10 "the box's end" window_gone "$box"
+one_left() {
+  program_pid=$first_pid
+  ! program_ended || program_pid=$second_pid
+  [ "$program_pid" = "$first_pid" ] || { ! program_ended; return; }
+  ! kill -0 "$second_pid" 2>/dev/null
+}
+wait_for 10 "the end of one of them" one_left
+window_there "$main" || wrong "the main window went with the other program"
+[ "$(md5sum <"$home/Calidora.ini")" = "$settings" ] || wrong "the one that was refused wrote the settings"
+leave
+kill "$line_pid"
 [ "$(sqlite3 "$home/Data/Demo.mdb" 'PRAGMA integrity_check')" = ok ] || wrong "the company file is damaged"
 verdict
