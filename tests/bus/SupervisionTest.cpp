@@ -218,6 +218,21 @@ TEST_F(SupervisionTest, EscapeYesWhileALinkIsRaisedDoesNotStopTheTimeOut)
     EXPECT_EQ(logged().last(), "Time out connection! The operation is aborted.");
 }
 
+// A call that is answered over a connection by hand and never speaks takes the connection's clock with it.
+TEST_F(SupervisionTest, TheTimeOutStopsTheClockOfTheConnection)
+{
+    openConsole("1_1");
+    connectByHand();
+    clock.run(2000);
+    EXPECT_EQ(panels.text(bus::Panel::Info), "CONNECTED 0:00:02");
+    arrives("RING");
+    clock.run(63000);
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(panels.text(bus::Panel::Info), "");
+    clock.run(5000);
+    EXPECT_EQ(panels.text(bus::Panel::Info), "");
+}
+
 TEST_F(SupervisionTest, EscapeNoWhileALinkIsRaisedCutsItAndTheTimeOutStillTells)
 {
     console.Connect();

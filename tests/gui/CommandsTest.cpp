@@ -194,6 +194,35 @@ TEST_F(MainWindow, TheHelperThatMeasuresTheTitleBarIsNeverSeen)
     EXPECT_GE(session.TitlebarHeight, 0);
 }
 
+// What the window of the purge shows each time it is painted.
+class PaintedFiles : public QObject
+{
+public:
+    PaintedFiles() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint && watched->objectName() == "frmReadLogFiles")
+            seen << watched->findChild<QLineEdit*>("txtFileName")->text();
+        return false;
+    }
+    QStringList seen;
+};
+
+TEST_F(MainWindow, ThePurgeAtTheStartShowsItsFiles)
+{
+    const QString old = file("Log/Calidora_20010203040506.log");
+    ASSERT_TRUE(QFile(old).open(QIODevice::WriteOnly));
+    session.LogSet.DelLog = -1;
+    session.LogSet.DelLogInstErr = -1;
+    session.LogSet.LogDays = 30;
+    PaintedFiles painted;
+    start();
+    EXPECT_TRUE(painted.seen.contains("(1/1) Calidora_20010203040506.log"))
+        << qPrintable(painted.seen.join(';'));
+    EXPECT_FALSE(QFile::exists(old));
+    EXPECT_FALSE(desktop.form("frmReadLogFiles"));
+}
+
 TEST_F(MainWindow, ACompanyThatIsGoneIsForgottenAtTheExit)
 {
     start("Gone.mdb");

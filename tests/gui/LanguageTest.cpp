@@ -119,6 +119,30 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
     EXPECT_EQ(warning->text(), before);
 }
 
+TEST_F(Language, TheWindowsBesideTheMainOneFollowASwitchWhileTheyAreOpen)
+{
+    start();
+    clickNode("1_1");
+    desktop.showForm("frmFind");
+    desktop.showForm("frmPending");
+    plant().pressItem("2_1_1");
+    inside("frmReadWrite", [&](QDialog& console) {
+        for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
+            session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+            const auto title = [&](const char* form) { return desktop.form(form)->windowTitle(); };
+            EXPECT_EQ(title("frmFind"), "Calidora\\" + texts.own("find.title"));
+            EXPECT_EQ(title("frmPending"), "Calidora\\" + texts.own("pending.title"));
+            EXPECT_EQ(title("frmReadWrite"), "Calidora\\" + texts(274));
+            const auto* lines = console.findChild<QTreeView*>("lvwItems")->model();
+            EXPECT_EQ(lines->headerData(0, Qt::Horizontal).toString(), texts(241));
+            const auto* writes = desktop.form("frmPending")->findChild<QTreeView*>("lvwPending")->model();
+            EXPECT_EQ(writes->headerData(1, Qt::Horizontal).toString(), texts(107));
+        }
+    });
+    program.handlers().run("ReadWrite");
+    EXPECT_EQ(played, 1);
+}
+
 // A configuration that somebody spoiled: every fetch fails and is told, no company opens, but the window
 // stands and a language chosen there makes it whole.
 TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)

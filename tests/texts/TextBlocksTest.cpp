@@ -1,5 +1,6 @@
 #include "texts/TextFile.h"
 
+#include <QCryptographicHash>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -176,6 +177,17 @@ TEST_P(TranslatedBlock, GivesEachEntryOfAMenuALetterOfItsOwn)
 
 INSTANTIATE_TEST_SUITE_P(Texts, TranslatedBlock, testing::Values("IT", "RU"),
                          [](const auto& info) { return std::string(info.param); });
+
+// The English words are settled to the letter, misspellings included; this is the sum of all 378 rows.
+TEST(EnglishBlock, StandsToTheLetter)
+{
+    const TextFile english = readTexts(block("EN"));
+    QStringList rows;
+    for (const QString& head : english.heads)
+        rows << head + " \"" + english.texts[head] + '"';
+    EXPECT_EQ(QCryptographicHash::hash(rows.join('\n').toUtf8(), QCryptographicHash::Sha256).toHex(),
+              "e46a894e7a9f6cd73058874265c05479f3d707ac68e248652ec6e0cde83d0638");
+}
 
 // Where a window starts with a fixed Italian title, the language step must not change it in Italian.
 TEST(ItalianBlock, SaysTheTitlesAsTheWindowsStartWithThem)
