@@ -67,6 +67,28 @@ TEST_F(QtClockTest, ATickHoldsBackTheNextOneWhileABoxStandsInIt)
     EXPECT_EQ(events, (std::vector<std::string>{"tick", "end", "tick"}));
 }
 
+// As long as its interval, as the beeps of an alarm are: the operator's click still comes in between.
+TEST_F(QtClockTest, ATickThatBlocksLetsOthersInBetween)
+{
+    std::vector<std::string> events;
+    timer_->onTick = [&] {
+        events.push_back("tick");
+        clock_.block(0.02);
+        if (events.size() == 1)
+            QMetaObject::invokeMethod(
+                &application_,
+                [&] {
+                    events.push_back("click");
+                    timer_->stop();
+                },
+                Qt::QueuedConnection);
+    };
+    timer_->start(20);
+    waitUntil([&] { return !events.empty() && events.back() == "click"; });
+    EXPECT_EQ(events, (std::vector<std::string>{"tick", "click"}));
+    EXPECT_FALSE(timer_->Enabled());
+}
+
 TEST_F(QtClockTest, WhatIsStoppedInItsTickStaysStopped)
 {
     int ticks = 0, others = 0;
