@@ -96,6 +96,17 @@ void Bus::tmrAllarm_Timer()
     });
 }
 
+void Bus::relabel()
+{
+    guarded("Module/Set_Language", [&] {
+        const bool calling = ActionCode_ >= ActionCode::CallWaiting && ActionCode_ <= ActionCode::SecondBlock;
+        if (calling)
+            staMain_.setText(Panel::Info, texts_(555));
+        else if (session_.COMPort.Status <= 0 && staMain_.picture(Panel::Allarm) == images::kAlarm)
+            staMain_.setText(Panel::Info, texts_(582));
+    });
+}
+
 void Bus::Delete_Allarms()
 {
     guarded("Module/Delete_Allarms", [&] {

@@ -89,6 +89,8 @@ public:
 
     // Acknowledges: shows the notice and ends the beeping, when alarms wait.
     void Delete_Allarms();
+    // Says what the panel "Info" says of a call in the language that is current now.
+    void relabel();
     // Called when a report has come in and waits for acknowledgement.
     std::function<void()> onAlarms;
 

@@ -170,6 +170,7 @@ void frmMain::changeEvent(QEvent* event)
         if (!with_.session.DbName.isEmpty())
             setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
     });
+    emit languageChanged();
 }
 
 void frmMain::showEvent(QShowEvent* event)

@@ -58,6 +58,7 @@ public:
 
 signals:
     void closed();
+    void languageChanged();
 
 protected:
     void changeEvent(QEvent* event) override;

@@ -143,6 +143,30 @@ TEST_F(Language, TheWindowsBesideTheMainOneFollowASwitchWhileTheyAreOpen)
     EXPECT_EQ(played, 1);
 }
 
+TEST_F(Language, TheWordsOfACallFollowASwitch)
+{
+    start();
+    const auto info = [this] { return program.panels().text(bus::Panel::Info); };
+    const auto follows = [&](int text) {
+        for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
+            session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+            EXPECT_EQ(info(), texts(text)) << identifier;
+        }
+    };
+    port.feed("RING");
+    clock.run(0);
+    follows(555);
+    clock.run(4000);
+    port.feed("CONNECT");
+    port.feed("<Plant><Unit><Alarm>");
+    clock.run(6000);
+    port.feed("<Plant><End>");
+    clock.run(15000);
+    ASSERT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kAlarm);
+    failures.take();
+    follows(582);
+}
+
 // A configuration that somebody spoiled: every fetch fails and is told, no company opens, but the window
 // stands and a language chosen there makes it whole.
 TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)

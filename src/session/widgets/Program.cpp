@@ -143,6 +143,7 @@ QWidget* Program::makeMainWindow()
     with_.op.adoptForm("frmListBus", window->listBus());
     connect(&database_, &database::Database::captionChanged, window, &QWidget::setWindowTitle);
     connect(window, &frmMain::closed, this, &Program::left);
+    connect(window, &frmMain::languageChanged, this, [this] { bus_.relabel(); });
     return window;
 }
 
