@@ -17,7 +17,10 @@
 #include "session/Commands.h"
 #include "session/Forward.h"
 #include "session/Main.h"
+#include "structure/PlantClipboard.h"
+#include "structure/PlantDrag.h"
 #include "structure/PlantEditor.h"
+#include "structure/PlantStates.h"
 #include "structure/Structure.h"
 
 #include <QObject>
@@ -80,6 +83,9 @@ private:
     console::Console console_;
     dialogs::Zoom zoom_;
     structure::PlantEditor editor_;
+    structure::PlantClipboard clipboard_;
+    structure::PlantStates states_;
+    structure::PlantDrag drag_;
     property::PropertyModel property_;
     property::PropertyCopy propertyCopy_;
     session::CommandHandlers handlers_;

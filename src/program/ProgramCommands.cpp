@@ -38,6 +38,17 @@ void Program::registerCommands()
     handlers_.set("Delete", [this] { editor_.Delete_Item(); });
     handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
 
+    handlers_.set("Cut", [this] { clipboard_.Cut_Item(); });
+    handlers_.set("CutNode", [this] { clipboard_.Cut_Node(); });
+    handlers_.set("Copy", [this] { clipboard_.Copy_Item(); });
+    handlers_.set("CopyNode", [this] { clipboard_.Copy_Node(); });
+    handlers_.set("Paste", [this] { clipboard_.Paste_Item(); });
+    handlers_.set("PasteNode", [this] { clipboard_.Paste_Item(); });
+    handlers_.set("Resync", [this] { states_.Resync_Item(); });
+    handlers_.set("ResyncNode", [this] { states_.Resync_Node(); });
+    handlers_.set("Reset", [this] { states_.Reset_Item(); });
+    handlers_.set("ResetNode", [this] { states_.Reset_Node(); });
+
     handlers_.set("Property", [this] { property_.Property_Item(); });
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });

@@ -55,8 +55,8 @@ void Program::registerForms()
 
 QWidget* Program::makeMainWindow()
 {
-    auto* window =
-        new frmMain({with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, main_});
+    auto* window = new frmMain(
+        {with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, drag_, main_});
     with_.op.adoptForm("frmTreeBus", window->treeBus());
     with_.op.adoptForm("frmListBus", window->listBus());
     connect(&database_, &database::Database::captionChanged, window, &QWidget::setWindowTitle);

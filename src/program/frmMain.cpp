@@ -12,6 +12,9 @@
 #include "structure/Structure.h"
 #include "structure/frmListBus.h"
 #include "structure/frmTreeBus.h"
+#include "structure/widgets/DragGesture.h"
+#include "structure/widgets/ListBusView.h"
+#include "structure/widgets/NodeView.h"
 #include "widgets/FormLanguage.h"
 #include "widgets/FormUnits.h"
 
@@ -86,6 +89,16 @@ void frmMain::listen()
             showMenusOf(Place::List);
     });
     frmListBus_->installEventFilter(this);
+    letDrag();
+}
+
+// From the tree and from each view of the list, over the tree.
+void frmMain::letDrag()
+{
+    structure::NodeView& tree = frmTreeBus_->view();
+    new structure::DragGesture(with_.drag, structure::PlantDrag::FromTree, tree, tree);
+    for (QAbstractItemView* view : frmListBus_->view().views())
+        new structure::DragGesture(with_.drag, structure::PlantDrag::FromList, *view, tree);
 }
 
 void frmMain::Load()

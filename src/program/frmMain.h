@@ -13,6 +13,7 @@ namespace bus {
 class StatusPanels;
 }
 namespace structure {
+class PlantDrag;
 class Structure;
 class frmListBus;
 class frmTreeBus;
@@ -40,6 +41,7 @@ public:
         bus::StatusPanels& panels;
         const session::CommandHandlers& handlers;
         session::CommandStates& commands;
+        structure::PlantDrag& drag;
         session::Main& main;
     };
 
@@ -65,6 +67,7 @@ private:
     void Load();
     void layOut();
     void listen();
+    void letDrag();
     void showTree(bool visible);
     void takeTreeWidth();
     void showMenusOf(session::Place place);

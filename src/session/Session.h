@@ -86,6 +86,14 @@ enum CompanyField
     VATNumber
 };
 
+// What the clipboard of the plant waits to do with ClipKey.
+enum ClipOperation
+{
+    ClipNothing = 0,
+    ClipCut = 1,
+    ClipCopy = 2
+};
+
 // The values that the whole program shares, made once by main and handed on by reference.
 struct Session
 {
@@ -119,7 +127,7 @@ struct Session
     std::array<QString, 10> CompanySet; // by CompanyField
     UserRecord CurrentUser;
 
-    int ClipOperation = 0; // 0 nothing, 1 cut, 2 copy
+    int ClipOperation = ClipNothing;
     QString ClipKey;
     double TitlebarHeight = 0;
 

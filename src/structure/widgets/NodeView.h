@@ -13,6 +13,9 @@ class NodeView : public QTreeView
 public:
     explicit NodeView(QWidget* parent = nullptr);
 
+    // The node on which something dragged would be dropped, "" for none, and whether it would be taken there.
+    void setDropTarget(const QString& key, bool fits);
+
 signals:
     void nodeTaken(const QModelIndex& index);
     void insertPressed();
@@ -20,6 +23,8 @@ signals:
     void menuWanted(const QPoint& globalPosition);
 
 protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -27,6 +32,8 @@ protected:
 
 private:
     bool gesture_ = false;
+    QString dropTarget_;
+    bool dropFits_ = false;
 };
 
 } // namespace structure
