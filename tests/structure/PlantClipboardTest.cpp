@@ -55,7 +55,7 @@ TEST_F(PlantClipboardTest, CutAndCopyNoteTheKeyAndNoMore)
     clipboardIs(session::ClipCut, "2_1_2");
     copyNode("1_3");
     clipboardIs(session::ClipCopy, "1_3");
-    EXPECT_TRUE(op.boxes.isEmpty());
+    EXPECT_TRUE(op.boxes.empty());
 }
 
 TEST_F(PlantClipboardTest, WhatCannotBeMovedIsNotNoted)
@@ -88,7 +88,10 @@ TEST_F(PlantClipboardTest, WhatIsCutIsPaleUntilItIsPasted)
         return structure.tree().indexOf(key).data(structure::TreeModel::PaleRole).toBool();
     };
     const auto paleItem = [this](const QString& key) {
-        return structure.list().index(structure.list().rowOf(key), 0).data(structure::ListModel::PaleRole).toBool();
+        return structure.list()
+            .index(structure.list().rowOf(key), 0)
+            .data(structure::ListModel::PaleRole)
+            .toBool();
     };
     structure.clickNode("Root");
     structure.pressItem("1_2");
@@ -119,11 +122,11 @@ TEST_F(PlantClipboardTest, WithAnEmptyClipboardNothingHappens)
     session.ClipKey.clear();
     session.ClipOperation = session::ClipCopy;
     pasteOn("Root");
-    EXPECT_TRUE(op.boxes.isEmpty());
+    EXPECT_TRUE(op.boxes.empty());
     copyNode("1_1");
     structure.selectNode({});
     clipboard.Paste_Item();
-    EXPECT_TRUE(op.boxes.isEmpty());
+    EXPECT_TRUE(op.boxes.empty());
 }
 
 TEST_F(PlantClipboardTest, ACopiedGroupComesOverWithAllItHolds)
@@ -172,7 +175,8 @@ TEST_F(PlantClipboardTest, AnInstrumentPastedIntoItsOwnGroupStandsThereTwiceWith
     expectQuestion(508, kYes);
     expectDone();
     pasteOn("1_1");
-    EXPECT_EQ(rows("SELECT IDInst || Address FROM tbInstrumentsUser WHERE IDGrp = 1 AND Address = '2A' ORDER BY IDInst"),
+    EXPECT_EQ(rows("SELECT IDInst || Address FROM tbInstrumentsUser WHERE IDGrp = 1 AND Address = '2A' ORDER "
+                   "BY IDInst"),
               (QStringList{"22A", "32A"}));
 }
 
@@ -210,7 +214,7 @@ TEST_F(PlantClipboardTest, OnlyTheLevelAboveTakesAnElement)
         copyNode(source);
         expectQuestion(510, kOk);
         pasteOn(target);
-        EXPECT_EQ(op.boxes.last().icon, platform::Icon::Exclamation);
+        EXPECT_EQ(op.boxes.back().icon, platform::Icon::Exclamation);
         clipboardIs(session::ClipCopy, source);
     }
     EXPECT_EQ(count("tbInstrumentsUser"), 3);
@@ -288,7 +292,7 @@ TEST_F(PlantClipboardTest, AnotherCompanyOpenedWhileTheQuestionStandsIsLeftAlone
 {
     cutNode("1_1");
     QFile::copy(plantFile(), file("Data/Other.mdb"));
-    op.onBox = [this] { EXPECT_TRUE(connectTo("Other.mdb")); };
+    op.onBox = [this](const QString&) { EXPECT_TRUE(connectTo("Other.mdb")); };
     expectQuestion(507, kYes);
     pasteOn("Root");
     op.onBox = nullptr;
@@ -362,7 +366,7 @@ TEST_F(PlantClipboardTest, AMoveWhoseErasureFailsLeavesBothAndSaysSo)
     op.expect(texts.own("move.both"), kOk);
     pasteOn("1_2");
     failures.expectOne(platform::errors::kDatabase, "Module/Remove_Record_Db");
-    EXPECT_EQ(op.boxes.last().icon, platform::Icon::Exclamation);
+    EXPECT_EQ(op.boxes.back().icon, platform::Icon::Exclamation);
     EXPECT_EQ(rows("SELECT IDGrp FROM tbInstrumentsUser WHERE IDItem = 'KT100' ORDER BY IDGrp"),
               (QStringList{"1", "2"}));
 }

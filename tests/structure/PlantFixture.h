@@ -1,7 +1,7 @@
 #pragma once
 
-#include "structure/PlantEditor.h"
 #include "session/Lookup.h"
+#include "structure/PlantEditor.h"
 #include "support/CompanyFixture.h"
 
 namespace plant {
@@ -32,9 +32,10 @@ protected:
     // Everything that an element holds, without its number, to compare an original and its copy.
     QStringList parametersOf(const QString& where)
     {
-        return rows("SELECT IDPar || '|' || IDParGrp || '|' || quote(Value) || '|' || State FROM tbParametersUser "
-                    "WHERE " +
-                    where + " ORDER BY IDInst, IDPar");
+        return rows(
+            "SELECT IDPar || '|' || IDParGrp || '|' || quote(Value) || '|' || State FROM tbParametersUser "
+            "WHERE " +
+            where + " ORDER BY IDInst, IDPar");
     }
     void breakDatabase() { session.cnDatabase.Execute("PRAGMA query_only=ON;"); }
     void mendDatabase() { session.cnDatabase.Execute("PRAGMA query_only=OFF;"); }
