@@ -93,8 +93,9 @@ QString Printing::askFile(const QString& title) const
     QString name = title;
     for (const QChar character : kForbidden)
         name.remove(character);
-    return operator_.saveFile(
-        {texts_(248), QStringLiteral("PDF (*.pdf)|*.pdf"), name + ".pdf", exportFolder(session_)});
+    return operator_
+        .saveFile({texts_(248), QStringLiteral("PDF (*.pdf)|*.pdf"), name + ".pdf", exportFolder(session_)})
+        .name;
 }
 
 QString exportFolder(const Session& session)
