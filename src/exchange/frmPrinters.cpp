@@ -4,6 +4,7 @@
 #include "session/Texts.h"
 #include "widgets/FieldEdit.h"
 #include "widgets/FormLanguage.h"
+#include "widgets/ImageDelegate.h"
 #include "widgets/SortHeader.h"
 #include "widgets/SpinButtons.h"
 
@@ -64,6 +65,9 @@ void frmPrinters::layOut()
     lvwPrinters_->setUniformRowHeights(true);
     lvwPrinters_->setAllColumnsShowFocus(true);
     lvwPrinters_->setTabKeyNavigation(false);
+    auto* delegate = new widgets::ImageDelegate(lvwPrinters_);
+    delegate->setRowPadding(2);
+    lvwPrinters_->setItemDelegate(delegate);
     header_->setSectionsClickable(true);
     header_->resizeSection(0, 190);
     header_->resizeSection(1, 130);
@@ -79,6 +83,7 @@ void frmPrinters::layOut()
     lblCopie_->setBuddy(txtCopie_);
     txtCopie_->setFixedWidth(60);
     auto* vsbCopie = new widgets::SpinButtons("vsbCopie", this);
+    vsbCopie->setFixedHeight(txtCopie_->sizeHint().height());
     connect(vsbCopie, &widgets::SpinButtons::stepped, this,
             [this](int steps) { emit txtCopie_->stepped(steps); });
 
