@@ -1,5 +1,7 @@
 #include "catalogue/tool/Words.h"
 
+#include <QTime>
+
 namespace catalogue {
 
 QStringList columnsOf(const QString& row, const Origin& origin)
@@ -51,6 +53,32 @@ std::pair<double, double> range(const QString& text, const Origin& origin)
     if (ends.size() != 2)
         refuse(origin, QStringLiteral("\"%1\" is not a range such as 0..255").arg(text));
     return {number(ends[0], origin), number(ends[1], origin)};
+}
+
+int secondsOfDay(const QString& text, const Origin& origin)
+{
+    const QTime time = QTime::fromString(text, QStringLiteral("HH:mm"));
+    if (!time.isValid())
+        refuse(origin, QStringLiteral("\"%1\" is no time such as 07:30").arg(text));
+    return QTime(0, 0).secsTo(time);
+}
+
+std::pair<double, double> timeRange(const QString& text, const Origin& origin)
+{
+    const QStringList ends = text.split(QStringLiteral(".."));
+    if (ends.size() != 2)
+        refuse(origin, QStringLiteral("\"%1\" is not a range such as 00:00..23:50").arg(text));
+    return {secondsOfDay(ends[0], origin), secondsOfDay(ends[1], origin)};
+}
+
+QString storedTime(const QString& text, const Origin& origin)
+{
+    return timeOfDay(secondsOfDay(text, origin)) + QStringLiteral(":00");
+}
+
+QString timeOfDay(int seconds)
+{
+    return QTime(0, 0).addSecs(seconds).toString(QStringLiteral("HH:mm"));
 }
 
 Text texts(const QString& text, const Origin& origin)
