@@ -4,6 +4,18 @@
 
 namespace catalogue {
 
+namespace {
+
+std::pair<QString, QString> endsOf(const QString& range, const QString& example, const Origin& origin)
+{
+    const QStringList ends = range.split(QStringLiteral(".."));
+    if (ends.size() != 2)
+        refuse(origin, QStringLiteral("\"%1\" is not a range such as %2").arg(range, example));
+    return {ends[0], ends[1]};
+}
+
+} // namespace
+
 QStringList columnsOf(const QString& row, const Origin& origin)
 {
     QStringList columns;
@@ -49,10 +61,8 @@ double number(const QString& text, const Origin& origin)
 
 std::pair<double, double> range(const QString& text, const Origin& origin)
 {
-    const QStringList ends = text.split(QStringLiteral(".."));
-    if (ends.size() != 2)
-        refuse(origin, QStringLiteral("\"%1\" is not a range such as 0..255").arg(text));
-    return {number(ends[0], origin), number(ends[1], origin)};
+    const auto [low, high] = endsOf(text, QStringLiteral("0..255"), origin);
+    return {number(low, origin), number(high, origin)};
 }
 
 int secondsOfDay(const QString& text, const Origin& origin)
@@ -65,10 +75,8 @@ int secondsOfDay(const QString& text, const Origin& origin)
 
 std::pair<double, double> timeRange(const QString& text, const Origin& origin)
 {
-    const QStringList ends = text.split(QStringLiteral(".."));
-    if (ends.size() != 2)
-        refuse(origin, QStringLiteral("\"%1\" is not a range such as 00:00..23:50").arg(text));
-    return {secondsOfDay(ends[0], origin), secondsOfDay(ends[1], origin)};
+    const auto [low, high] = endsOf(text, QStringLiteral("00:00..23:50"), origin);
+    return {secondsOfDay(low, origin), secondsOfDay(high, origin)};
 }
 
 QString storedTime(const QString& text, const Origin& origin)

@@ -1,10 +1,10 @@
 // What the property dialog takes must come back from an instrument as it went there: a value that doesn't is
 // told as "Error!" by the check behind a write.
 #include "catalogue/tool/Checks.h"
+#include "tests/catalogue/ProgramCoding.h"
 #include "tests/catalogue/Published.h"
 
 #include "property/PropertyFixture.h"
-#include "values/Coding.h"
 
 #include <cmath>
 #include <random>
@@ -12,26 +12,11 @@
 namespace catalogue {
 namespace {
 
+using testing::codingOf;
 using testing::published;
 
 constexpr int kRandomValues = 20;
 constexpr int kGrid = 600; // of times of day, in seconds
-
-values::ParameterCoding codingOf(const Parameter& parameter)
-{
-    const Scale& scale = parameter.scale;
-    return {parameter.key,
-            parameter.wire,
-            parameter.bitFirst,
-            parameter.bitCount,
-            static_cast<int>(scale.low),
-            static_cast<int>(scale.high),
-            scale.lowValue,
-            scale.highValue,
-            parameter.low,
-            parameter.high,
-            parameter.size};
-}
 
 // The bytes that a write leaves in the instrument, decoded as the check does it.
 QString writtenAndReadBack(const Parameter& parameter, const QString& value)
