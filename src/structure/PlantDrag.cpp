@@ -1,14 +1,11 @@
 #include "structure/PlantDrag.h"
 
-#include "platform/Guard.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "structure/PlantClipboard.h"
 #include "structure/Structure.h"
 
 namespace structure {
-
-using platform::guarded;
 
 PlantDrag::PlantDrag(session::Session& session, const session::Texts& texts, Structure& structure,
                      PlantClipboard& clipboard)
@@ -54,29 +51,28 @@ void PlantDrag::over(const QString& node)
     emit changed();
 }
 
+// What it calls reports its failures itself.
 void PlantDrag::dropOnTree()
 {
-    guarded("frmTreeBus.tvwBus_DragDrop", [&] {
-        if (!Dragging_)
-            return;
-        const QString target = target_, key = dragged_;
-        if (target == key) {
-            cancel();
-            return;
-        }
-        if (target.isEmpty()) {
-            session_.ClipOperation = session::ClipNothing;
-            session_.ClipKey.clear();
-            structure_.showCut({});
-            end();
-            return;
-        }
-        session_.ClipKey = key;
-        structure_.showCut(session_.ClipOperation == session::ClipCut ? key : QString());
+    if (!Dragging_)
+        return;
+    const QString target = target_, key = dragged_;
+    if (target == key) {
+        cancel();
+        return;
+    }
+    if (target.isEmpty()) {
+        session_.ClipOperation = session::ClipNothing;
+        session_.ClipKey.clear();
+        structure_.showCut({});
         end();
-        structure_.clickNode(target);
-        clipboard_.Paste_Item();
-    });
+        return;
+    }
+    session_.ClipKey = key;
+    structure_.showCut(session_.ClipOperation == session::ClipCut ? key : QString());
+    end();
+    structure_.clickNode(target);
+    clipboard_.Paste_Item();
 }
 
 void PlantDrag::cancel()
