@@ -1,6 +1,8 @@
 #include "events/EventViewer.h"
 
+#include "events/EventPrint.h"
 #include "events/EventReport.h"
+#include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "platform/TextFile.h"
 #include "session/Printing.h"
@@ -46,18 +48,20 @@ private:
 };
 
 EventViewer::EventViewer(const Surroundings& with)
-    : session_(with.session), texts_(with.texts), operator_(with.op)
+    : session_(with.session), texts_(with.texts), operator_(with.op), clock_(with.clock),
+      printing_(with.printing)
 {
     nextSlice_.setInterval(0);
     connect(&nextSlice_, &QTimer::timeout, this,
             [this] { guarded("Module/Read_Log", [this] { readSlice(); }); });
 }
 
-void EventViewer::load(const QDateTime& now)
+void EventViewer::load()
 {
     filter_ = {};
     filter_.Active = booleanText(false);
     // To the second, and free of any time zone, as the files have it.
+    const QDateTime now = clock_.now();
     txtMinDate_ = txtMaxDate_ = dateTimeOf(stampOf(now.date(), now.time()));
     counts_.reset();
     info_.clear();
@@ -245,6 +249,18 @@ void EventViewer::showExported(const std::optional<int>& percent)
     exported_ = percent;
     emit changed();
     operator_.repaint();
+}
+
+void EventViewer::Print_List()
+{
+    guarded("frmEventViewer/Print_List", [this] {
+        if (!somethingChecked())
+            return;
+        const EventPrint pages{texts_(227), session_.CompanySet[session::Company], clock_.now().date(),
+                               texts_(283)};
+        printing_.print(
+            {texts_(227), Orientation::Landscape, [&](Printer& printer) { pages.write(printer, list_); }});
+    });
 }
 
 void EventViewer::Show_Event(int row)

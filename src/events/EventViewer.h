@@ -8,7 +8,11 @@
 #include <QTimer>
 #include <optional>
 
+namespace platform {
+class Clock;
+}
 namespace session {
+class Printing;
 struct Session;
 class Texts;
 } // namespace session
@@ -27,12 +31,14 @@ public:
         session::Session& session;
         const session::Texts& texts;
         platform::Operator& op;
+        const platform::Clock& clock;
+        session::Printing& printing;
     };
 
     explicit EventViewer(const Surroundings& surroundings);
 
     // The window comes: no filter, no bounds but now.
-    void load(const QDateTime& now);
+    void load();
     // The window goes: a load ends at once, and the events' memory is free.
     void unload();
 
@@ -49,6 +55,8 @@ public:
     void All_Events();
     // Writes the checked rows to a file.
     void Export_List();
+    // Prints them on the printer that the operator chooses.
+    void Print_List();
 
     // Shows one event whole, and asks for its place in the plant.
     void Show_Event(int row);
@@ -111,6 +119,8 @@ private:
     session::Session& session_;
     const session::Texts& texts_;
     platform::Operator& operator_;
+    const platform::Clock& clock_;
+    session::Printing& printing_;
     EventModel list_;
     EventFilter filter_;
     QDateTime txtMinDate_, txtMaxDate_;

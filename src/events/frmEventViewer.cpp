@@ -3,7 +3,6 @@
 #include "events/EventViewer.h"
 #include "events/widgets/EventView.h"
 #include "events/widgets/TimelineStrip.h"
-#include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
@@ -50,7 +49,7 @@ frmEventViewer::frmEventViewer(const Surroundings& with)
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     layOut();
     listen();
-    viewer_.load(with.clock.now());
+    viewer_.load();
     ResetIcon();
     widgets::Set_Language(*this, session_, texts_, operator_);
     viewer_.Read_Log();
@@ -102,6 +101,8 @@ QMenuBar* frmEventViewer::makeMenus()
     mnuRefresh_ = addEntry(*file, "mnuRefresh", "228", [this] { viewer_.Read_Log(); });
     mnuRefresh_->setShortcut(Qt::Key_F5);
     mnuExport_ = addEntry(*file, "mnuExport", "229", [this] { viewer_.Export_List(); });
+    mnuPrint_ = addEntry(*file, "mnuPrint", "81", [this] { viewer_.Print_List(); });
+    mnuPrint_->setShortcut(QKeySequence::Print);
     file->addSeparator();
     addEntry(*file, "mnuExit", "83", [this] { close(); });
 
@@ -153,6 +154,7 @@ QToolBar* frmEventViewer::makeToolbar()
     addButton("Refresh", "refresh", "234", mnuRefresh_);
     tlbMain_->addSeparator();
     addButton("Export", "export", "235", mnuExport_);
+    addButton("Print", "print", "236", mnuPrint_);
     tlbMain_->addSeparator();
     addButton("Filter", "filter", "237", mnuFilterEvents_);
     tlbMain_->addSeparator();
@@ -278,7 +280,7 @@ void frmEventViewer::keyPressEvent(QKeyEvent* event)
 
 void frmEventViewer::showState()
 {
-    for (QAction* entry : {mnuExport_, mnuCheck_, mnuUncheck_})
+    for (QAction* entry : {mnuExport_, mnuPrint_, mnuCheck_, mnuUncheck_})
         entry->setEnabled(!viewer_.isLoading());
     const std::optional<int> progress = viewer_.progress();
     prgLoad_->setVisible(progress.has_value());

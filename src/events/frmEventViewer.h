@@ -32,7 +32,6 @@ public:
         session::Session& session;
         const session::Texts& texts;
         platform::Operator& op;
-        const platform::Clock& clock;
         std::function<void(const QString& command)> runCommand; // a command of the main window
         EventViewer& viewer;
     };
@@ -72,7 +71,7 @@ private:
     std::function<void(const QString&)> runCommand_;
     EventViewer& viewer_;
 
-    QAction *mnuRefresh_, *mnuExport_, *mnuCheck_, *mnuUncheck_, *mnuCopy_, *mnuShow_;
+    QAction *mnuRefresh_, *mnuExport_, *mnuPrint_, *mnuCheck_, *mnuUncheck_, *mnuCopy_, *mnuShow_;
     QAction *mnuAllEvents_, *mnuFilterEvents_;
     QToolBar* tlbMain_;
     QLineEdit* txtNarrow_;
