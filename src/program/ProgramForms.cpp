@@ -11,6 +11,7 @@
 #include "events/frmEventText.h"
 #include "events/frmEventViewer.h"
 #include "events/frmReadLogFiles.h"
+#include "exchange/frmPrinters.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
 #include "program/frmMain.h"
@@ -27,7 +28,7 @@ namespace program {
 
 void Program::registerForms()
 {
-    const auto& [session, texts, op, clock, port] = with_;
+    const auto& [session, texts, op, clock, port, printers] = with_;
     with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
     with_.op.registerForm("frmVideoProperty", [&] { return new frmVideoProperty(session); });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
@@ -62,6 +63,9 @@ void Program::registerForms()
                           [&, this] { return new events::frmEventFilter(session, texts, op, eventViewer_); });
     with_.op.registerForm("frmEventText",
                           [&, this] { return new events::frmEventText(session, texts, op, eventViewer_); });
+    with_.op.registerForm("frmPrinters", [&, this] {
+        return new exchange::frmPrinters({session, texts, op, printing_});
+    });
     with_.op.registerForm("frmReadLogFiles", [&] { return new events::frmReadLogFiles(session, texts, op); });
 }
 
