@@ -52,6 +52,7 @@ EventViewer::EventViewer(const Surroundings& with)
       printing_(with.printing)
 {
     nextSlice_.setInterval(0);
+    nextSlice_.setSingleShot(true);
     connect(&nextSlice_, &QTimer::timeout, this,
             [this] { guarded("Module/Read_Log", [this] { readSlice(); }); });
 }
@@ -93,7 +94,6 @@ bool EventViewer::Read_Log()
             endLoad();
             throw;
         }
-        nextSlice_.start();
         readSlice();
         return true;
     });
@@ -112,6 +112,7 @@ bool EventViewer::readSlice()
     unread_ = load_->unread();
     if (more) {
         list_.grow();
+        nextSlice_.start();
     } else {
         keepResult();
         endLoad();

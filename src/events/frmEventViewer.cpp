@@ -222,8 +222,6 @@ void frmEventViewer::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     setColumnWidths();
     lvwItems_->setFocus();
-    if (!lvwItems_->currentIndex().isValid())
-        lvwItems_->setCurrentIndex(viewer_.list().index(0, 0));
 }
 
 // One sixth of the list each, until the operator has made them otherwise.

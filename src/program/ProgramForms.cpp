@@ -55,9 +55,8 @@ void Program::registerForms()
     with_.op.registerForm("frmPending",
                           [&, this] { return new structure::frmPending(structure_, session, texts, op); });
     with_.op.registerForm("frmEventViewer", [&, this] {
-        return new events::frmEventViewer({session, texts, op, clock,
-                                           [this](const QString& command) { handlers_.run(command); },
-                                           eventViewer_});
+        return new events::frmEventViewer(
+            {session, texts, op, [this](const QString& command) { handlers_.run(command); }, eventViewer_});
     });
     with_.op.registerForm("frmEventFilter",
                           [&, this] { return new events::frmEventFilter(session, texts, op, eventViewer_); });

@@ -90,6 +90,8 @@ void EventView::keepPlace()
     if (row >= 0) {
         setCurrentIndex(model_.index(row, 0));
         scrollTo(currentIndex(), PositionAtCenter);
+    } else if (!currentIndex().isValid()) {
+        setCurrentIndex(model_.index(0, 0));
     }
     empty_->setVisible(model_.rowCount() == 0);
 }
@@ -132,6 +134,9 @@ void EventView::toggleChecks()
     const bool checked = !model_.isChecked(currentIndex().row());
     model_.setChecked(selectedRows(), checked);
 }
+
+// Letters don't search: there is a field for that, and a million rows would have to be looked at.
+void EventView::keyboardSearch(const QString&) {}
 
 void EventView::resizeEvent(QResizeEvent* event)
 {

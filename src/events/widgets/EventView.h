@@ -30,6 +30,8 @@ public:
 signals:
     void taken(int row); // Enter or double click
 
+    void keyboardSearch(const QString& search) override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
