@@ -53,8 +53,7 @@ EventViewer::EventViewer(const Surroundings& with)
 {
     nextSlice_.setInterval(0);
     nextSlice_.setSingleShot(true);
-    connect(&nextSlice_, &QTimer::timeout, this,
-            [this] { guarded("Module/Read_Log", [this] { readSlice(); }); });
+    connect(&nextSlice_, &QTimer::timeout, this, [this] { readOn([] {}); });
 }
 
 void EventViewer::load()
@@ -71,44 +70,45 @@ void EventViewer::load()
 
 void EventViewer::unload()
 {
+    list_.clear(session_.CodePage);
     endLoad();
     list_.setNeedle({});
     list_.setSpan({});
     list_.resetSort();
-    list_.clear(session_.CodePage);
 }
 
 bool EventViewer::Read_Log()
 {
     endLoad();
-    return guarded("Module/Read_Log", [this] {
+    return readOn([this] {
         busy_.emplace(operator_);
         list_.clear(session_.CodePage);
         unread_.clear();
+        relabel();
+        load_.emplace(
+            LogLoad::Source{session_.appFile(QStringLiteral("Log")), session_.ExeName, session_.CodePage},
+            filter_, list_.store());
+    });
+}
+
+// On a failure the load is over, and the list shows what it has.
+bool EventViewer::readOn(const std::function<void()>& begin)
+{
+    return guarded("Module/Read_Log", [&] {
         try {
-            relabel();
-            load_.emplace(
-                LogLoad::Source{session_.appFile(QStringLiteral("Log")), session_.ExeName, session_.CodePage},
-                filter_, list_.store());
+            begin();
+            readSlice();
         } catch (...) {
             endLoad();
             throw;
         }
-        readSlice();
         return true;
     });
 }
 
-// Reads on for a moment. On a failure the load is over, and the list shows what it has.
-bool EventViewer::readSlice()
+void EventViewer::readSlice()
 {
-    bool more = false;
-    try {
-        more = load_->step();
-    } catch (...) {
-        endLoad();
-        throw;
-    }
+    const bool more = load_->step();
     unread_ = load_->unread();
     if (more) {
         list_.grow();
@@ -118,7 +118,6 @@ bool EventViewer::readSlice()
         endLoad();
     }
     emit changed();
-    return true;
 }
 
 void EventViewer::keepResult()
@@ -288,10 +287,9 @@ QString EventViewer::unread() const
 {
     if (unread_.isEmpty())
         return {};
-    const QString first = texts_.own("viewer.unread").arg(unread_.first());
-    return unread_.size() == 1
-               ? first
-               : texts_.own("viewer.unread.more").arg(unread_.first()).arg(unread_.size() - 1);
+    if (unread_.size() == 1)
+        return texts_.own("viewer.unread").arg(unread_.first());
+    return texts_.own("viewer.unread.more").arg(unread_.first(), QString::number(unread_.size() - 1));
 }
 
 void EventViewer::relabel()

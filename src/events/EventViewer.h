@@ -6,6 +6,7 @@
 #include "platform/Operator.h"
 
 #include <QTimer>
+#include <functional>
 #include <optional>
 
 namespace platform {
@@ -106,7 +107,8 @@ private:
         qint64 total = 0;
     };
 
-    bool readSlice();
+    bool readOn(const std::function<void()>& begin);
+    void readSlice();
     void endLoad();
     void keepResult();
     void setAllChecked(bool checked);
