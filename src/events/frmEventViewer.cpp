@@ -295,7 +295,8 @@ void frmEventViewer::showRows()
     timeline_->setTimeline(viewer_.list().timeline());
     std::optional<TimelineStrip::Span> chosen;
     if (const auto& span = viewer_.list().span())
-        chosen = {timeline_->timeline().unitOf(span->from), timeline_->timeline().unitOf(span->to)};
+        chosen = TimelineStrip::Span{timeline_->timeline().unitOf(span->from),
+                                     timeline_->timeline().unitOf(span->to)};
     timeline_->setChosen(chosen);
     lvwItems_->setEmptyText(texts_.own(viewer_.list().isNarrowed() ? "filter.nothing"
                                        : viewer_.isFiltered()      ? "viewer.empty.filter"
