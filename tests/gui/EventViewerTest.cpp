@@ -15,6 +15,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimeEdit>
+#include <QToolBar>
 
 using events::EventView;
 using events::TimelineStrip;
@@ -327,7 +328,7 @@ TEST_F(EventViewerWindow, EnterShowsTheWholeEventAndThePlantGoesThere)
             EXPECT_EQ(text.findChild<QLabel*>("txtEquipment")->text(), "GRP1");
             EXPECT_EQ(text.findChild<QLabel*>("txtInstrument")->text(), "INST11");
             EXPECT_EQ(text.findChild<QLabel*>("lblPlace")->text(),
-                      texts.own("event.place").arg("GRP1\\INST11"));
+                      texts.own("event.place").arg("ZEL Bus\\GRP1\\INST11"));
             picture(text, "viewer-event");
             QTest::keyClick(&text, Qt::Key_Return);
         });

@@ -27,10 +27,10 @@ public:
     // The selected rows, from the first to the last.
     std::vector<int> selectedRows() const;
 
+    void keyboardSearch(const QString& search) override;
+
 signals:
     void taken(int row); // Enter or double click
-
-    void keyboardSearch(const QString& search) override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
