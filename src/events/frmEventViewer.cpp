@@ -181,8 +181,10 @@ QStatusBar* frmEventViewer::makeStatusBar()
     info_ = widgets::tagged(new QLabel(bar), "Info", "207");
     narrowed_ = widgets::tagged(new QLabel(bar), "Narrowed", "");
     unread_ = widgets::tagged(new QLabel(bar), "Unread", "");
-    for (QLabel* panel : {info_, narrowed_, unread_})
+    for (QLabel* panel : {info_, narrowed_, unread_}) {
         panel->setTextFormat(Qt::PlainText);
+        panel->setContentsMargins(6, 0, 6, 0);
+    }
     // A long file name must not hold the window wide.
     unread_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     bar->addWidget(info_);
