@@ -16,6 +16,7 @@
 #include <QPushButton>
 #include <QTimeEdit>
 #include <QToolBar>
+#include <cmath>
 
 using events::EventView;
 using events::TimelineStrip;
@@ -291,6 +292,48 @@ TEST_F(EventViewerWindow, TheTimelineGoesByKeysAndTellsItself)
         EXPECT_TRUE(dialog.isVisible());
         QTest::keyClick(strip(), Qt::Key_Escape); // the window's, now
         EXPECT_FALSE(dialog.isVisible());
+    });
+}
+
+double luminance(const QColor& colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other)
+{
+    const double a = luminance(one), b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+TEST_F(EventViewerWindow, TheTimelineIsReadableOnALightAndOnADarkGround)
+{
+    start();
+    view([&](QDialog& dialog) {
+        for (const char* name : {"#FFFFFF", "#1E1E1E"}) {
+            const QColor ground(name);
+            QPalette palette = dialog.palette();
+            palette.setColor(QPalette::Base, ground);
+            strip()->setPalette(palette);
+            picture(*strip(), QString("viewer-strip-") + (name + 1));
+            const QImage image = strip()->grab().toImage();
+            const qint64 day = strip()->timeline().first();
+            const auto colour = [&](qint64 unit, int above) {
+                const QRect place = strip()->place(unit);
+                return image.pixelColor(place.center().x(), place.bottom() - above);
+            };
+            const QColor info = colour(day, 3), warning = colour(day + 1, 3), error = colour(day + 6, 30);
+            for (const QColor& bar : {info, warning, error})
+                EXPECT_GE(contrast(bar, ground), 3) << bar.name().toStdString() << " on " << name;
+            EXPECT_NE(info, warning);
+            EXPECT_NE(warning, error);
+            EXPECT_EQ(colour(day + 6, 3), info); // the information stands below
+            EXPECT_EQ(colour(day + 3, 3), ground);
+        }
     });
 }
 

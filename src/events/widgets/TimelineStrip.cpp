@@ -26,7 +26,7 @@ QColor colourOf(int type, const QPalette& palette)
     case kInformation:
         return dark ? QColor("#5FB4E5") : QColor("#1E88C7");
     case kWarning:
-        return dark ? QColor("#F5BE66") : QColor("#D9861A");
+        return dark ? QColor("#F5BE66") : QColor("#C2740F");
     default:
         return dark ? QColor("#F27F7F") : QColor("#C93B3B");
     }
