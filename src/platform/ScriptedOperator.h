@@ -59,7 +59,7 @@ public:
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
     std::function<void()> onBeep;
-    // What happens while a box stands, before it is answered.
+    // What happens while a box stands.
     std::function<void(const QString& text)> onBox;
 
 protected:
