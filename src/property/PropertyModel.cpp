@@ -22,29 +22,26 @@ PropertyModel::PropertyModel(session::Session& session, const session::Texts& te
 
 void PropertyModel::Property_Item()
 {
-    openOn(structure_.selectedItem(), "Module/Property_Item");
+    guarded("Module/Property_Item", [&] { open(structure_.selectedItem()); });
 }
 
 void PropertyModel::Property_Node()
 {
-    openOn(structure_.selectedNode(), "frmTreeBus/Property_Node");
+    guarded("frmTreeBus/Property_Node", [&] { open(structure_.selectedNode()); });
 }
 
-void PropertyModel::openOn(const QString& key, const char* procedure)
+void PropertyModel::open(const QString& key)
 {
-    guarded(procedure, [&] {
-        if (key.isEmpty())
-            return;
-        session_.ClipKey = key;
-        operator_.showFormModal(QStringLiteral("frmProperty"));
-    });
+    if (key.isEmpty())
+        return;
+    key_ = key;
+    operator_.showFormModal(QStringLiteral("frmProperty"));
 }
 
 void PropertyModel::load()
 {
     guarded("frmProperty.Load", [&] {
         forget();
-        key_ = session_.ClipKey;
         ids_ = structure::Extract_Key(key_);
         FillControls_Item();
         EnableDisable_Controls();
@@ -61,7 +58,6 @@ void PropertyModel::forget()
     controls_.cmdCopy.enabled = false;
     filled_ = false;
     ids_ = {};
-    key_.clear();
     for (QString* text : {&KeyType_, &DP_, &Unit_, &IDCopy_, &SavedText_})
         text->clear();
     Enable_ = false;

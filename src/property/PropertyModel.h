@@ -36,7 +36,10 @@ public:
     // The same on the selected node of the tree.
     void Property_Node();
 
-    // Loads the element that the shared key names; the window calls it before it appears.
+    // The same on any element.
+    void open(const QString& key);
+
+    // Loads the element that it was opened on; the window calls it before it appears.
     void load();
 
     const Controls& controls() const { return controls_; }
@@ -98,7 +101,6 @@ private:
         QString shown;
     };
 
-    void openOn(const QString& key, const char* procedure);
     void forget();
 
     // Fill.cpp

@@ -45,7 +45,7 @@ public:
     bool Remove_Record_Db(const QString& key);
 
 private:
-    int nextNumber();
+    int nextNumber(const QString& highestSql);
     void run(const QString& sql);
     void addGroup(const QString& IDGrp, const QString& Name, const QString& Description, const QString& Phone,
                   UpdateProgress& progress);

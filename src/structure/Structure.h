@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/RuntimeError.h"
 #include "structure/ListModel.h"
 #include "structure/NodeKey.h"
 #include "structure/TreeModel.h"
 
 #include <QObject>
+#include <optional>
 
 namespace platform {
 class Operator;
@@ -94,7 +96,8 @@ signals:
 private:
     void showRootItem();
     void selectWithPath(const QString& key);
-    void fillList(int level, const KeyParts& ids);
+    void fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice);
+    QString choiceOf(const QString& IDPar, const QString& Value) const;
 
     session::Session& session_;
     const session::Texts& texts_;

@@ -1,5 +1,7 @@
 #include "structure/TreeModel.h"
 
+#include "structure/NameOrder.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -101,7 +103,7 @@ void TreeModel::sortChildren(const QString& key)
     }
     std::vector<int>& children = nodes_[id].children;
     std::stable_sort(children.begin(), children.end(), [this](int one, int other) {
-        return nodes_[one].caption.compare(nodes_[other].caption, Qt::CaseInsensitive) < 0;
+        return compareNames(nodes_[one].caption, nodes_[other].caption) < 0;
     });
     renumber(children, 0);
     if (!bulk_) {
