@@ -9,8 +9,8 @@
 #include "WindowedProgram.h"
 
 #include "platform/ScriptedOperator.h"
-#include "session/widgets/Look.h"
 #include "structure/Structure.h"
+#include "widgets/Look.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -185,7 +185,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    session::applyLook(application);
+    widgets::applyLook(application);
     if (argc != 2) {
         QTextStream(stderr) << "usage: calidora-side-by-side <company file>\n";
         return 2;

@@ -3,9 +3,9 @@
 #include "platform/MemorySerialPort.h"
 #include "platform/VirtualClock.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "program/Program.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/Program.h"
 
 #include <QTemporaryDir>
 
@@ -31,7 +31,7 @@ public:
     platform::DesktopOperator op{[this](const QString& key) { return texts.own(key); }};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};
-    session::Program program{{session, texts, op, clock, port}};
+    program::Program program{{session, texts, op, clock, port}};
 
 private:
     QWidget* tree() const;

@@ -4,11 +4,11 @@
 #include "platform/QtSerialPort.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "program/Program.h"
 #include "session/Charset.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/Look.h"
-#include "session/widgets/Program.h"
+#include "widgets/Look.h"
 
 #include <QDir>
 
@@ -27,7 +27,7 @@ int main(int argc, char** argv)
     platform::Application application(argc, argv);
     QApplication::setApplicationName("Calidora");
     QApplication::setQuitOnLastWindowClosed(false);
-    session::applyLook(application);
+    widgets::applyLook(application);
 
     session::Session session;
     session.AppPath = applicationFolder();
@@ -40,9 +40,9 @@ int main(int argc, char** argv)
     const platform::Machine machine;
     events::installFailureHook(session, op, clock, machine);
 
-    session::Program program({session, texts, op, clock, port});
+    program::Program program({session, texts, op, clock, port});
     // The window goes before the loop ends, and what it shows after it.
-    QObject::connect(&program, &session::Program::left, &application, &QApplication::quit,
+    QObject::connect(&program, &program::Program::left, &application, &QApplication::quit,
                      Qt::QueuedConnection);
     // A start that failed before its window stood has nothing to wait for.
     return program.run() && op.form("frmMain") ? QApplication::exec() : 0;

@@ -8,7 +8,7 @@
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -26,7 +26,7 @@
 namespace console {
 
 using platform::icon;
-using session::kTag;
+using widgets::kTag;
 
 namespace {
 
@@ -68,7 +68,7 @@ frmReadWrite::frmReadWrite(const Surroundings& with, QWidget* parent)
 
     console_.load();
     group_ = console_.groupName();
-    session::Set_Language(*this, session_, texts_, operator_);
+    widgets::Set_Language(*this, session_, texts_, operator_);
     tmrRefresh_Timer();
     tmrRefresh_.start(kRefreshMilliseconds);
     lvwItems_->setFocus();

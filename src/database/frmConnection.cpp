@@ -1,7 +1,7 @@
 #include "database/frmConnection.h"
 
 #include "session/Session.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -15,7 +15,7 @@ frmConnection::frmConnection(const session::Session& session, const session::Tex
 {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(session.AppTitle);
-    auto* lblConnection = session::tagged(new QLabel("-", this), "lblConnection", "143");
+    auto* lblConnection = widgets::tagged(new QLabel("-", this), "lblConnection", "143");
     prgLoad_->setObjectName("prgLoad");
     prgLoad_->setRange(0, 100);
     prgLoad_->setValue(0);
@@ -25,7 +25,7 @@ frmConnection::frmConnection(const session::Session& session, const session::Tex
     layout->addWidget(lblConnection);
     layout->addWidget(prgLoad_);
     setFixedWidth(340);
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
 }
 
 void frmConnection::showProgress(int percent)

@@ -2,7 +2,7 @@
 
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -16,12 +16,12 @@ frmMessage::frmMessage(const session::Session& session, const session::Texts& te
     auto* imgMsg = new QLabel(this);
     imgMsg->setObjectName("imgMsg");
     imgMsg->setPixmap(platform::icon("alarm").pixmap(QSize(48, 48), devicePixelRatio()));
-    auto* lblMsg = session::tagged(new QLabel("-", this), "lblMsg", "582");
-    auto* lblMsgDetail = session::tagged(new QLabel("-", this), "lblMsgDetail", "585");
+    auto* lblMsg = widgets::tagged(new QLabel("-", this), "lblMsg", "582");
+    auto* lblMsgDetail = widgets::tagged(new QLabel("-", this), "lblMsgDetail", "585");
     QFont strong = lblMsg->font();
     strong.setBold(true);
     lblMsg->setFont(strong);
-    auto* cmdOK = session::tagged(new QPushButton("-", this), "cmdOK", "13");
+    auto* cmdOK = widgets::tagged(new QPushButton("-", this), "cmdOK", "13");
     cmdOK->setDefault(true);
 
     auto* layout = new QGridLayout(this);
@@ -36,7 +36,7 @@ frmMessage::frmMessage(const session::Session& session, const session::Texts& te
     // The window is as large as its words.
     layout->setSizeConstraint(QLayout::SetFixedSize);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
 }
 
 } // namespace dialogs

@@ -3,9 +3,9 @@
 #include "dialogs/Zoom.h"
 #include "platform/widgets/Icons.h"
 #include "session/Texts.h"
-#include "session/widgets/FormLanguage.h"
-#include "structure/widgets/ImageDelegate.h"
-#include "structure/widgets/SortHeader.h"
+#include "widgets/FormLanguage.h"
+#include "widgets/ImageDelegate.h"
+#include "widgets/SortHeader.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -29,7 +29,7 @@ constexpr int kArrowRoom = 24;
 
 frmZoom::frmZoom(const session::Session& session, const session::Texts& texts, platform::Operator& op,
                  Zoom& zoom)
-    : texts_(texts), zoom_(zoom), lvwZoom_(new QTreeView(this)), header_(new structure::SortHeader),
+    : texts_(texts), zoom_(zoom), lvwZoom_(new QTreeView(this)), header_(new widgets::SortHeader),
       staZoom_(new QStatusBar(this)), rows_(new QLabel), prgZoom_(new QProgressBar),
       mnuPopup_(new QMenu(this))
 {
@@ -37,7 +37,7 @@ frmZoom::frmZoom(const session::Session& session, const session::Texts& texts, p
     layOut();
     makePopup();
     listen();
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
     zoom_.Load();
     fitWindow();
 }
@@ -55,7 +55,7 @@ void frmZoom::layOut()
     lvwZoom_->setAllColumnsShowFocus(true);
     lvwZoom_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lvwZoom_->setFrameShape(QFrame::NoFrame);
-    auto* delegate = new structure::ImageDelegate(lvwZoom_);
+    auto* delegate = new widgets::ImageDelegate(lvwZoom_);
     delegate->setRowPadding(2);
     lvwZoom_->setItemDelegate(delegate);
     lvwZoom_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -84,7 +84,7 @@ void frmZoom::makePopup()
     mnuFind_ = mnuPopup_->addAction(platform::icon("find"), QString());
     mnuFind_->setObjectName("mnuFind");
     mnuFind_->setShortcut(Qt::CTRL | Qt::Key_F);
-    mnuRefresh_ = session::tagged(mnuPopup_->addAction(platform::icon("refresh"), "-"), "mnuRefresh", "228");
+    mnuRefresh_ = widgets::tagged(mnuPopup_->addAction(platform::icon("refresh"), "-"), "mnuRefresh", "228");
     mnuRefresh_->setShortcut(Qt::Key_F5);
     addActions(mnuPopup_->actions()); // their keys work while the popup is closed
 }

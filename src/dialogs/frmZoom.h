@@ -16,7 +16,7 @@ namespace session {
 struct Session;
 class Texts;
 } // namespace session
-namespace structure {
+namespace widgets {
 class SortHeader;
 }
 
@@ -53,7 +53,7 @@ private:
     const session::Texts& texts_;
     Zoom& zoom_;
     QTreeView* lvwZoom_;
-    structure::SortHeader* header_;
+    widgets::SortHeader* header_;
     QStatusBar* staZoom_;
     QLabel* rows_;
     QProgressBar* prgZoom_;

@@ -1,7 +1,7 @@
 #include "events/frmReadLogFiles.h"
 
 #include "session/Session.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +16,7 @@ frmReadLogFiles::frmReadLogFiles(const session::Session& session, const session:
 {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     setWindowTitle(session.AppTitle);
-    auto* lblWarning = session::tagged(new QLabel("-", this), "lblWarning", "144");
+    auto* lblWarning = widgets::tagged(new QLabel("-", this), "lblWarning", "144");
     txtFileName_->setObjectName("txtFileName");
     txtFileName_->setReadOnly(true);
     txtFileName_->setFocusPolicy(Qt::NoFocus);
@@ -29,7 +29,7 @@ frmReadLogFiles::frmReadLogFiles(const session::Session& session, const session:
     layout->addWidget(txtFileName_);
     layout->addWidget(prgLoad_);
     setFixedWidth(420);
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
 }
 
 void frmReadLogFiles::showFile(int percent, const QString& shown)

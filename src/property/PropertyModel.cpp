@@ -2,10 +2,10 @@
 
 #include "platform/Guard.h"
 #include "platform/Operator.h"
-#include "property/KeyFilter.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
+#include "values/KeyFilter.h"
 #include "values/Numbers.h"
 
 #include <algorithm>
@@ -77,8 +77,8 @@ void PropertyModel::enterField(const QString& field)
 std::optional<QString> PropertyModel::keyPress(const QString& field, const QString& typed)
 {
     if (field.startsWith(QLatin1String("txtValStr")))
-        return filterTextKey(typed);
-    const std::optional<QString> accepted = filterNumberKey(typed, KeyType_, DP_);
+        return values::filterTextKey(typed);
+    const std::optional<QString> accepted = values::filterNumberKey(typed, KeyType_, DP_);
     if (!accepted)
         operator_.beep();
     return accepted;

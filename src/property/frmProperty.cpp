@@ -1,11 +1,11 @@
 #include "property/frmProperty.h"
 
 #include "property/PropertyModel.h"
-#include "property/widgets/FieldEdit.h"
-#include "property/widgets/SpinButtons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FieldEdit.h"
+#include "widgets/FormLanguage.h"
+#include "widgets/SpinButtons.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -52,7 +52,7 @@ frmProperty::frmProperty(const session::Session& session, const session::Texts& 
     model_.load();
     showEntries();
     showControls();
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
     connect(&model_, &PropertyModel::changed, this, &frmProperty::showControls);
     connect(&model_, &PropertyModel::focusWanted, this,
             [this](const QString& name) { widgets_[name]->setFocus(Qt::OtherFocusReason); });
@@ -70,7 +70,7 @@ frmProperty::frmProperty(const session::Session& session, const session::Texts& 
 
 QWidget* frmProperty::makeProperties(const session::Texts& texts)
 {
-    auto* fraProperties = session::tagged(new QGroupBox(QStringLiteral("-"), this), "fraProperties", "146");
+    auto* fraProperties = widgets::tagged(new QGroupBox(QStringLiteral("-"), this), "fraProperties", "146");
     widgets_["fraProperties"] = fraProperties;
     auto* grid = new QGridLayout(fraProperties);
     grid->setHorizontalSpacing(12);
@@ -98,7 +98,7 @@ QWidget* frmProperty::makeDisabled()
     auto* line = new QWidget(this);
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins({});
-    chkDisabled_ = session::tagged(new QCheckBox(line), "chkDisabled", "");
+    chkDisabled_ = widgets::tagged(new QCheckBox(line), "chkDisabled", "");
     widgets_["chkDisabled"] = chkDisabled_;
     layout->addWidget(chkDisabled_);
     layout->addWidget(addCaption("lblDisabled", "150", line), 1);
@@ -111,7 +111,7 @@ QWidget* frmProperty::makeDisabled()
 
 QWidget* frmProperty::makeValues()
 {
-    auto* fraVal = session::tagged(new QGroupBox(this), "fraVal", "");
+    auto* fraVal = widgets::tagged(new QGroupBox(this), "fraVal", "");
     widgets_["fraVal"] = fraVal;
     fraVal->setMinimumWidth(kDialogWidth);
     auto* grid = new QGridLayout(fraVal);
@@ -123,7 +123,7 @@ QWidget* frmProperty::makeValues()
         cell->setSpacing(6);
         cell->addWidget(addField("txtValStr" + number, fraVal), 1);
         if (row == 0) {
-            cbxValEnum_ = session::tagged(new QComboBox(fraVal), "cbxValEnum", "");
+            cbxValEnum_ = widgets::tagged(new QComboBox(fraVal), "cbxValEnum", "");
             cbxValEnum_->installEventFilter(this);
             QPalette colours = cbxValEnum_->palette();
             for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
@@ -143,10 +143,10 @@ QWidget* frmProperty::makeValues()
 void frmProperty::addNumber(int row, QWidget* parent, QHBoxLayout& layout)
 {
     const QString number = QString::number(row + 1);
-    FieldEdit* field = addField("txtVal" + number, parent);
+    widgets::FieldEdit* field = addField("txtVal" + number, parent);
     field->setFixedWidth(kNumberWidth);
     field->setAlignment(Qt::AlignRight);
-    auto* spin = new SpinButtons("updVal" + number, parent);
+    auto* spin = new widgets::SpinButtons("updVal" + number, parent);
     spin->setFixedHeight(field->sizeHint().height());
     spins_ << spin;
     const auto step = [this, field](int steps) {
@@ -154,8 +154,8 @@ void frmProperty::addNumber(int row, QWidget* parent, QHBoxLayout& layout)
         model_.spin(field->objectName(), steps);
         field->selectAll();
     };
-    connect(spin, &SpinButtons::stepped, this, step);
-    connect(field, &FieldEdit::stepped, this, step);
+    connect(spin, &widgets::SpinButtons::stepped, this, step);
+    connect(field, &widgets::FieldEdit::stepped, this, step);
     auto* pair = new QHBoxLayout;
     pair->setSpacing(0);
     pair->addWidget(field);
@@ -200,25 +200,29 @@ QLabel* frmProperty::addLabel(const char* name, QWidget* parent)
 
 QLabel* frmProperty::addCaption(const char* name, const char* tag, QWidget* parent)
 {
-    auto* label = session::tagged(new QLabel(QStringLiteral("-"), parent), name, tag);
+    auto* label = widgets::tagged(new QLabel(QStringLiteral("-"), parent), name, tag);
     widgets_[name] = label;
     return label;
 }
 
 QPushButton* frmProperty::addButton(const char* name, const char* tag, QHBoxLayout& layout)
 {
-    auto* button = session::tagged(new QPushButton(QStringLiteral("-"), this), name, tag);
+    auto* button = widgets::tagged(new QPushButton(QStringLiteral("-"), this), name, tag);
     widgets_[name] = button;
     layout.addWidget(button);
     return button;
 }
 
-FieldEdit* frmProperty::addField(const QString& name, QWidget* parent)
+widgets::FieldEdit* frmProperty::addField(const QString& name, QWidget* parent)
 {
-    auto* field = new FieldEdit(model_, name, parent);
+    auto* field = new widgets::FieldEdit(
+        {[this, name](const QString& text) { model_.change(name, text); },
+         [this, name] { model_.enterField(name); }, [this, name] { return model_.restore(name); },
+         [this, name](const QString& typed) { return model_.keyPress(name, typed); }},
+        name, parent);
     widgets_[name] = field;
     fields_ << field;
-    connect(field, &FieldEdit::left, this, [this, field] { leave(field); });
+    connect(field, &widgets::FieldEdit::left, this, [this, field] { leave(field); });
     return field;
 }
 
@@ -233,10 +237,10 @@ void frmProperty::showControls()
         QWidget* widget = widgets_[named.name];
         widget->setVisible(control.visible);
         widget->setEnabled(control.enabled);
-        if (auto* field = qobject_cast<FieldEdit*>(widget)) {
+        if (auto* field = qobject_cast<widgets::FieldEdit*>(widget)) {
             field->showText(control.text, control.limit);
         } else if (auto* label = qobject_cast<QLabel*>(widget);
-                   label && !label->property(session::kTag).isValid()) {
+                   label && !label->property(widgets::kTag).isValid()) {
             label->setText(control.text);
             label->setToolTip(control.toolTip);
         }

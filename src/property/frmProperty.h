@@ -17,11 +17,14 @@ struct Session;
 class Texts;
 } // namespace session
 
+namespace widgets {
+class FieldEdit;
+class SpinButtons;
+} // namespace widgets
+
 namespace property {
 
-class FieldEdit;
 class PropertyModel;
-class SpinButtons;
 
 // The property dialog: shows what the model holds and hands the operator's gestures to it.
 class frmProperty : public QDialog
@@ -43,7 +46,7 @@ private:
     QLabel* addLabel(const char* name, QWidget* parent);
     QLabel* addCaption(const char* name, const char* tag, QWidget* parent);
     QPushButton* addButton(const char* name, const char* tag, QHBoxLayout& layout);
-    FieldEdit* addField(const QString& name, QWidget* parent);
+    widgets::FieldEdit* addField(const QString& name, QWidget* parent);
     void addNumber(int row, QWidget* parent, QHBoxLayout& layout);
 
     void showControls();
@@ -52,8 +55,8 @@ private:
 
     PropertyModel& model_;
     QHash<QString, QWidget*> widgets_; // by control name
-    QList<FieldEdit*> fields_;
-    QList<SpinButtons*> spins_; // updVal1 to updVal3
+    QList<widgets::FieldEdit*> fields_;
+    QList<widgets::SpinButtons*> spins_; // updVal1 to updVal3
     QComboBox* cbxValEnum_ = nullptr;
     QCheckBox* chkDisabled_ = nullptr;
     QPushButton *cmdOK_ = nullptr, *cmdCancel_ = nullptr, *cmdApply_ = nullptr, *cmdCopy_ = nullptr;

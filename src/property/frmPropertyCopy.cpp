@@ -4,7 +4,7 @@
 #include "platform/widgets/Icons.h"
 #include "property/PropertyCopy.h"
 #include "session/Session.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QAction>
 #include <QEvent>
@@ -48,7 +48,7 @@ frmPropertyCopy::frmPropertyCopy(const Surroundings& with)
     connect(&copy_, &PropertyCopy::progress, this, &frmPropertyCopy::showProgress);
     ResetIcon();
     copy_.load();
-    session::Set_Language(*this, session_, with.texts, with.op);
+    widgets::Set_Language(*this, session_, with.texts, with.op);
     lvwItems_->setFocus();
     if (copy_.rowCount() > 0)
         lvwItems_->setCurrentIndex(copy_.index(0, 0));
@@ -62,14 +62,14 @@ frmPropertyCopy::~frmPropertyCopy()
 QMenuBar* frmPropertyCopy::makeMenus()
 {
     auto* bar = new QMenuBar(this);
-    QMenu* mnuFile = session::tagged(bar->addMenu(QStringLiteral("-")), "mnuFile", "108");
+    QMenu* mnuFile = widgets::tagged(bar->addMenu(QStringLiteral("-")), "mnuFile", "108");
     mnuExit_ = addEntry(*mnuFile, "mnuExit", "83");
-    QMenu* mnuCommands = session::tagged(bar->addMenu(QStringLiteral("-")), "mnuCommands", "116");
+    QMenu* mnuCommands = widgets::tagged(bar->addMenu(QStringLiteral("-")), "mnuCommands", "116");
     mnuCheck_ = addEntry(*mnuCommands, "mnuCheck", "230");
     mnuUncheck_ = addEntry(*mnuCommands, "mnuUncheck", "231");
     mnuCommands->addSeparator();
     mnuCopy_ = addEntry(*mnuCommands, "mnuCopy", "120");
-    QMenu* mnuView = session::tagged(bar->addMenu(QStringLiteral("-")), "mnuView", "126");
+    QMenu* mnuView = widgets::tagged(bar->addMenu(QStringLiteral("-")), "mnuView", "126");
     QAction* large = addEntry(*mnuView, "mnuTlbLargeIcons", "131");
     QAction* small = addEntry(*mnuView, "mnuTlbSmallIcons", "132");
 
@@ -84,7 +84,7 @@ QMenuBar* frmPropertyCopy::makeMenus()
 
 QAction* frmPropertyCopy::addEntry(QMenu& menu, const char* name, const char* tag)
 {
-    return session::tagged(menu.addAction(QString()), name, tag);
+    return widgets::tagged(menu.addAction(QString()), name, tag);
 }
 
 QToolBar* frmPropertyCopy::makeToolbar()
@@ -102,7 +102,7 @@ QToolBar* frmPropertyCopy::makeToolbar()
 
 void frmPropertyCopy::addButton(const char* key, const char* icon, const char* tag, QAction* entry)
 {
-    auto* button = session::tagged(new QAction(platform::icon(icon), QString(), tlbMain_), key, tag);
+    auto* button = widgets::tagged(new QAction(platform::icon(icon), QString(), tlbMain_), key, tag);
     tlbMain_->addAction(button);
     connect(button, &QAction::triggered, this,
             [entry] { guarded("frmPropertyCopy.tlbMain_ButtonClick", [entry] { entry->trigger(); }); });

@@ -1,8 +1,6 @@
 #include "session/CommandStates.h"
 
 #include "session/Session.h"
-#include "structure/NodeKey.h"
-#include "structure/Structure.h"
 
 namespace session {
 
@@ -35,10 +33,7 @@ int viewOfMark(const QString& name)
 
 } // namespace
 
-CommandStates::CommandStates(Session& session, const structure::Structure& structure)
-    : session_(session), structure_(structure)
-{
-}
+CommandStates::CommandStates(Session& session) : session_(session) {}
 
 void CommandStates::EnableDisable_TlbMainButtons(int level)
 {
@@ -70,20 +65,20 @@ void CommandStates::EnableDisable_MainMenu(int level)
     apply(listMenus_, rules::listMenus(level, rights()));
 }
 
-void CommandStates::EnableDisable_Menu(Place place)
+void CommandStates::EnableDisable_Menu(Place place, int level)
 {
     if (place == Place::Tree)
-        apply(treeMenus_, rules::treeMenus(levelOfNode(), rights()));
+        apply(treeMenus_, rules::treeMenus(level, rights()));
     else
-        EnableDisable_MainMenu(levelOfList());
+        EnableDisable_MainMenu(level);
 }
 
-void CommandStates::EnableDisable_PopupMenu(Place place)
+void CommandStates::EnableDisable_PopupMenu(Place place, int level)
 {
     if (place == Place::Tree)
-        apply(treePopup_, rules::treePopup(levelOfNode(), rights()));
+        apply(treePopup_, rules::treePopup(level, rights()));
     else
-        apply(listPopup_, rules::listPopup(levelOfList(), rights()));
+        apply(listPopup_, rules::listPopup(level, rights()));
 }
 
 void CommandStates::Set_View_Toolbar(int view)
@@ -152,17 +147,6 @@ void CommandStates::setAllMenus(bool enabled)
 Rights CommandStates::rights() const
 {
     return Rights::of(session_.CurrentUser);
-}
-
-int CommandStates::levelOfNode() const
-{
-    const QString key = structure_.selectedNode();
-    return key.isEmpty() ? structure::kNoSelection : structure::Extract_Level(key);
-}
-
-int CommandStates::levelOfList() const
-{
-    return structure_.selectedItem() == structure::kRootKey ? structure::kNoSelection : levelOfNode();
 }
 
 } // namespace session

@@ -5,10 +5,6 @@
 
 #include <QObject>
 
-namespace structure {
-class Structure;
-}
-
 namespace session {
 
 struct Session;
@@ -20,16 +16,16 @@ class CommandStates : public QObject
     Q_OBJECT
 
 public:
-    CommandStates(Session& session, const structure::Structure& structure);
+    explicit CommandStates(Session& session);
 
     void EnableDisable_TlbMainButtons(int level);
     void EnableDisable_StructureButtons(bool flag);
     void DisableMainMenu();
     void Enable_MainMenu();
     void EnableDisable_MainMenu(int level);
-    // By the selected node of the tree, and for the list by its selected item too.
-    void EnableDisable_Menu(Place place);
-    void EnableDisable_PopupMenu(Place place);
+    // For the tree the level of its selected node, for the list that of the node whose children it shows.
+    void EnableDisable_Menu(Place place, int level);
+    void EnableDisable_PopupMenu(Place place, int level);
     // 0 the reduced view, else the complete one.
     void Set_View_Toolbar(int view);
     // 0 small icons, else large ones.
@@ -57,11 +53,8 @@ private:
     void apply(EnabledStates& states, const EnabledStates& rule);
     void setAllMenus(bool enabled);
     Rights rights() const;
-    int levelOfNode() const;
-    int levelOfList() const;
 
     Session& session_;
-    const structure::Structure& structure_;
     EnabledStates buttons_, treeMenus_, listMenus_, treePopup_, listPopup_;
 };
 

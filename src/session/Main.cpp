@@ -5,9 +5,9 @@
 #include "session/CommandStates.h"
 #include "session/Configuration.h"
 #include "session/Helpers.h"
+#include "session/Level.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "structure/NodeKey.h"
 
 #include <QDir>
 #include <QFile>
@@ -110,14 +110,14 @@ void Main::companyConnected()
                                        &UserRecord::EventViewer, &UserRecord::ReadWrite})
         session_.CurrentUser.*right = "True";
 
-    commands_.EnableDisable_TlbMainButtons(structure::kNoSelection);
+    commands_.EnableDisable_TlbMainButtons(kNoSelection);
     commands_.Enable_MainMenu();
-    commands_.EnableDisable_MainMenu(structure::kNoSelection);
+    commands_.EnableDisable_MainMenu(kNoSelection);
 }
 
 void Main::companyLost()
 {
-    commands_.EnableDisable_TlbMainButtons(structure::kNoCompany);
+    commands_.EnableDisable_TlbMainButtons(kNoCompany);
     commands_.DisableMainMenu();
 }
 

@@ -1,19 +1,12 @@
 #pragma once
 
+#include "session/Level.h"
+
 #include <QString>
 
 namespace structure {
 
-enum Level
-{
-    kNoCompany = -2,
-    kNoSelection = -1,
-    kRoot = 0,
-    kGroup = 1,
-    kInstrument = 2,
-    kParamGroup = 3,
-    kParameter = 4
-};
+using enum session::Level;
 
 inline const QString kRootKey = QStringLiteral("Root");
 inline const QString kRootCaption = QStringLiteral("ZEL Bus");

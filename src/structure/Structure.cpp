@@ -161,11 +161,20 @@ void Structure::pressItem(const QString& key)
     emit itemMenusWanted();
 }
 
+int Structure::levelOfTree() const
+{
+    return selectedNode_.isEmpty() ? int(kNoSelection) : Extract_Level(selectedNode_);
+}
+
+int Structure::levelOfList() const
+{
+    return selectedItem_ == kRootKey ? int(kNoSelection) : levelOfTree();
+}
+
 void Structure::openItem(const QString& key)
 {
     guarded("frmListBus.lvwBus_DblClick", [&] {
-        const int level = selectedNode_.isEmpty() ? int(kNoSelection) : Extract_Level(selectedNode_);
-        if (level == kParamGroup) {
+        if (levelOfTree() == kParamGroup) {
             emit propertyWanted(key);
             return;
         }

@@ -32,6 +32,11 @@ public:
     const QString& path() const { return path_; }                 // lblPath
     const QString& selectedNode() const { return selectedNode_; } // key, "" for none
     const QString& selectedItem() const { return selectedItem_; } // key, "" for none
+    // The level that the tree's commands go by.
+    int levelOfTree() const;
+    // The level that the list's commands go by: that of the node whose children it shows, none while the item
+    // "Root" is selected.
+    int levelOfList() const;
 
     bool Add_Node_TreeBus(int level, const QString& IDGrp, const QString& IDInst, const QString& IDParGrp,
                           const QString& caption);

@@ -4,9 +4,9 @@
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/FormLanguage.h"
 #include "structure/Jump.h"
 #include "structure/widgets/ResultView.h"
+#include "widgets/FormLanguage.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -35,7 +35,7 @@ frmFind::frmFind(Structure& structure, session::Session& session, const session:
     setWindowIcon(platform::icon("find"));
     layOut();
     listen();
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
 }
 
 void frmFind::layOut()

@@ -2,10 +2,10 @@
 
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/FormUnits.h"
 #include "structure/Structure.h"
 #include "structure/widgets/FilterField.h"
 #include "structure/widgets/ListBusView.h"
+#include "widgets/FormUnits.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -93,16 +93,16 @@ void frmListBus::keyPressEvent(QKeyEvent* event)
 
 void frmListBus::keepColumnWidths()
 {
-    session_.ListBusSet.Col1Width = session::formUnits(lvwBus_->columnWidth(0));
-    session_.ListBusSet.Col2Width = session::formUnits(lvwBus_->columnWidth(1));
-    session_.ListBusSet.Col3Width = session::formUnits(lvwBus_->columnWidth(2));
+    session_.ListBusSet.Col1Width = widgets::formUnits(lvwBus_->columnWidth(0));
+    session_.ListBusSet.Col2Width = widgets::formUnits(lvwBus_->columnWidth(1));
+    session_.ListBusSet.Col3Width = widgets::formUnits(lvwBus_->columnWidth(2));
 }
 
 void frmListBus::restoreColumnWidths()
 {
-    lvwBus_->setColumnWidth(0, session::pointsOf(session_.ListBusSet.Col1Width));
-    lvwBus_->setColumnWidth(1, session::pointsOf(session_.ListBusSet.Col2Width));
-    lvwBus_->setColumnWidth(2, session::pointsOf(session_.ListBusSet.Col3Width));
+    lvwBus_->setColumnWidth(0, widgets::pointsOf(session_.ListBusSet.Col1Width));
+    lvwBus_->setColumnWidth(1, widgets::pointsOf(session_.ListBusSet.Col2Width));
+    lvwBus_->setColumnWidth(2, widgets::pointsOf(session_.ListBusSet.Col3Width));
 }
 
 void frmListBus::showProgress(bool visible)

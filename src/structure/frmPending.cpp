@@ -4,9 +4,9 @@
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "session/widgets/FormLanguage.h"
 #include "structure/Jump.h"
 #include "structure/widgets/ResultView.h"
+#include "widgets/FormLanguage.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -28,7 +28,7 @@ frmPending::frmPending(Structure& structure, session::Session& session, const se
     setWindowIcon(platform::icon("pending"));
     layOut();
     listen();
-    session::Set_Language(*this, session, texts, op);
+    widgets::Set_Language(*this, session, texts, op);
 }
 
 void frmPending::layOut()

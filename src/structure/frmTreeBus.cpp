@@ -1,9 +1,9 @@
 #include "structure/frmTreeBus.h"
 
 #include "session/Session.h"
-#include "session/widgets/FormUnits.h"
 #include "structure/Structure.h"
 #include "structure/widgets/NodeView.h"
+#include "widgets/FormUnits.h"
 
 #include <QResizeEvent>
 #include <QVBoxLayout>
@@ -38,7 +38,7 @@ void frmTreeBus::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     if (isVisible())
-        session_.TreeBusSet.Width = session::formUnits(event->size().width());
+        session_.TreeBusSet.Width = widgets::formUnits(event->size().width());
 }
 
 void frmTreeBus::follow(const QString& key)

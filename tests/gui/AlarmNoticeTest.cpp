@@ -1,4 +1,4 @@
-#include "session/widgets/AlarmNotice.h"
+#include "program/AlarmNotice.h"
 
 #include "gui/GuiFixture.h"
 
@@ -8,7 +8,7 @@ class AlarmNotice : public gui::GuiFixture
 {
 protected:
     QStringList announced;
-    session::AlarmNotice notice{session, texts};
+    program::AlarmNotice notice{session, texts};
 
     void record()
     {

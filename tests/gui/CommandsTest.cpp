@@ -1,5 +1,5 @@
 #include "gui/GuiFixture.h"
-#include "session/frmVideoProperty.h"
+#include "program/frmVideoProperty.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -142,7 +142,7 @@ TEST_F(MainWindow, TheCloseBoxAsksOnceAndNoKeepsTheWindow)
     window()->close();
     EXPECT_TRUE(window()->isVisible());
 
-    QSignalSpy left(&program, &session::Program::left);
+    QSignalSpy left(&program, &program::Program::left);
     desktop.script.expect(texts(524), kYes);
     window()->close();
     EXPECT_FALSE(window()->isVisible());
@@ -188,7 +188,7 @@ TEST_F(MainWindow, TheHelperThatMeasuresTheTitleBarIsNeverSeen)
 {
     start();
     EXPECT_FALSE(desktop.form("frmVideoProperty"));
-    session::frmVideoProperty helper(session);
+    program::frmVideoProperty helper(session);
     EXPECT_EQ(helper.windowTitle(), "Calidora\\Video Property");
     EXPECT_FALSE(helper.isVisible());
     EXPECT_GE(session.TitlebarHeight, 0);

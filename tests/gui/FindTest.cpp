@@ -1,5 +1,5 @@
 #include "gui/GuiFixture.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -134,7 +134,7 @@ TEST_F(Find, SpeaksEveryLanguage)
     start();
     open();
     for (const char* language : {"IT_Italiano_1000", "RU_Русский_6000", "EN_English_2000"}) {
-        session::SetLanguage_AllForms(language, desktop.loadedForms(), session, texts, desktop);
+        widgets::SetLanguage_AllForms(language, desktop.loadedForms(), session, texts, desktop);
         EXPECT_EQ(form()->windowTitle(), "Calidora\\" + texts.own("find.title"));
         EXPECT_EQ(entry("frmListBus", "mnuFind")->text(), texts.own("menu.find"));
         EXPECT_EQ(field()->placeholderText(), texts.own("find.placeholder"));

@@ -3,9 +3,9 @@
 #include "platform/MemorySerialPort.h"
 #include "platform/VirtualClock.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "program/Program.h"
+#include "program/frmMain.h"
 #include "session/Configuration.h"
-#include "session/frmMain.h"
-#include "session/widgets/Program.h"
 #include "structure/widgets/ListBusView.h"
 #include "structure/widgets/NodeView.h"
 #include "support/CompanyFixture.h"
@@ -70,7 +70,7 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     }
 
-    session::frmMain* window() const { return qobject_cast<session::frmMain*>(desktop.form("frmMain")); }
+    program::frmMain* window() const { return qobject_cast<program::frmMain*>(desktop.form("frmMain")); }
     structure::NodeView* tvwBus() const { return window()->findChild<structure::NodeView*>("tvwBus"); }
     structure::ListBusView* lvwBus() const { return window()->findChild<structure::ListBusView*>("lvwBus"); }
     QAbstractItemView* shownList() const
@@ -185,7 +185,7 @@ protected:
     ScriptedDesktop desktop{texts};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};
-    session::Program program{{session, texts, desktop, clock, port}};
+    program::Program program{{session, texts, desktop, clock, port}};
 };
 
 } // namespace gui

@@ -98,7 +98,7 @@ protected:
     }
     static QMenuBar* menuBarOf(QWidget* form)
     {
-        auto* main = qobject_cast<session::frmMain*>(form);
+        auto* main = qobject_cast<program::frmMain*>(form);
         return main ? main->menuBar() : form->findChild<QMenuBar*>();
     }
     static QAction* named(const QList<QAction*>& actions, const QString& name)

@@ -1,4 +1,4 @@
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include "gui/GuiFixture.h"
 
@@ -14,12 +14,12 @@
 
 namespace {
 
-using session::tagged;
+using widgets::tagged;
 
 class Language : public gui::GuiFixture
 {
 protected:
-    bool apply(QWidget& form) { return session::Set_Language(form, session, texts, desktop); }
+    bool apply(QWidget& form) { return widgets::Set_Language(form, session, texts, desktop); }
 };
 
 TEST_F(Language, APositiveTagIsTheCaptionAndANegativeOneTheTipToo)
@@ -67,7 +67,7 @@ TEST_F(Language, InputsTakeATipAndTabbedDialogsTheirCaptionsInARow)
 TEST_F(Language, TheFormsOwnTagIsTheWindowsCaption)
 {
     QWidget form;
-    form.setProperty(session::kTag, "274");
+    form.setProperty(widgets::kTag, "274");
     ASSERT_TRUE(apply(form));
     EXPECT_EQ(form.windowTitle(), "Calidora\\Read/Write");
 }
@@ -80,9 +80,9 @@ TEST_F(Language, TheCharacterSetIsKeptOnFormAndControlsButNotOnTheMainWindow)
     auto* label = new QLabel(&form);
     apply(form);
     apply(main);
-    EXPECT_EQ(form.property(session::kCharset), 204);
-    EXPECT_EQ(label->property(session::kCharset), 204);
-    EXPECT_FALSE(main.property(session::kCharset).isValid());
+    EXPECT_EQ(form.property(widgets::kCharset), 204);
+    EXPECT_EQ(label->property(widgets::kCharset), 204);
+    EXPECT_FALSE(main.property(widgets::kCharset).isValid());
 }
 
 TEST_F(Language, ABadTagFailsAndLeavesTheRestInItsFormerLanguage)
@@ -105,7 +105,7 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
     auto* warning = desktop.form("frmReadLogFiles")->findChild<QLabel*>("lblWarning");
     const QString before = warning->text();
     for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
-        session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+        widgets::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
         EXPECT_EQ(session.Language.ID, identifier);
         EXPECT_EQ(entry("frmTreeBus", "mnuOpenDb")->text(), texts(110));
         EXPECT_EQ(desktop.form("frmListBus")->findChild<QMenu*>("mnuFile")->title(), texts(108));
@@ -128,7 +128,7 @@ TEST_F(Language, TheWindowsBesideTheMainOneFollowASwitchWhileTheyAreOpen)
     plant().pressItem("2_1_1");
     inside("frmReadWrite", [&](QDialog& console) {
         for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
-            session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+            widgets::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
             const auto title = [&](const char* form) { return desktop.form(form)->windowTitle(); };
             EXPECT_EQ(title("frmFind"), "Calidora\\" + texts.own("find.title"));
             EXPECT_EQ(title("frmPending"), "Calidora\\" + texts.own("pending.title"));
@@ -149,7 +149,7 @@ TEST_F(Language, TheWordsOfACallFollowASwitch)
     const auto info = [this] { return program.panels().text(bus::Panel::Info); };
     const auto follows = [&](int text) {
         for (const char* identifier : {"IT_Italiano_1000", "RU_Russian_6000", "EN_English_2000"}) {
-            session::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
+            widgets::SetLanguage_AllForms(identifier, desktop.loadedForms(), session, texts, desktop);
             EXPECT_EQ(info(), texts(text)) << identifier;
         }
     };
@@ -181,7 +181,7 @@ TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)
                                             {"Module/Set_Language", 4}}));
     EXPECT_TRUE(control<QWidget>("emptyState")->isVisible());
     EXPECT_EQ(session.DbName, "");
-    session::SetLanguage_AllForms("EN_English_2000", desktop.loadedForms(), session, texts, desktop);
+    widgets::SetLanguage_AllForms("EN_English_2000", desktop.loadedForms(), session, texts, desktop);
     EXPECT_EQ(button("OpenDb")->toolTip(), texts(165));
     desktop.script.chooseFile(plantFile());
     button("OpenDb")->trigger();
@@ -191,7 +191,7 @@ TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)
 
 TEST_F(Language, AnIdentifierThatIsNoneFailsUnderItsProceduresName)
 {
-    session::SetLanguage_AllForms("X", {}, session, texts, desktop);
+    widgets::SetLanguage_AllForms("X", {}, session, texts, desktop);
     failures.expectUnder("frmSettings/SetLanguage_AllForms");
     EXPECT_EQ(session.Language.Code, "EN");
     inside("frmLanguage", [&](QDialog& dialog) {

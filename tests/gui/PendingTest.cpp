@@ -1,5 +1,5 @@
 #include "gui/GuiFixture.h"
-#include "session/widgets/FormLanguage.h"
+#include "widgets/FormLanguage.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -81,7 +81,7 @@ TEST_F(Pending, SpeaksEveryLanguage)
     start();
     open();
     for (const char* language : {"IT_Italiano_1000", "RU_Русский_6000", "EN_English_2000"}) {
-        session::SetLanguage_AllForms(language, desktop.loadedForms(), session, texts, desktop);
+        widgets::SetLanguage_AllForms(language, desktop.loadedForms(), session, texts, desktop);
         EXPECT_EQ(form()->windowTitle(), "Calidora\\" + texts.own("pending.title"));
         EXPECT_EQ(entry("frmTreeBus", "mnuPending")->text(), texts.own("menu.pending"));
     }

@@ -1,7 +1,7 @@
 #include "dialogs/Zoom.h"
 #include "dialogs/frmZoom.h"
 #include "gui/GuiFixture.h"
-#include "structure/widgets/SortHeader.h"
+#include "widgets/SortHeader.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -137,7 +137,7 @@ TEST_F(ZoomWindow, AColumnsHeadSortsAndTurnsAndKeepsTheSelection)
         clickHeader(1);
         EXPECT_EQ(zoom.list().keyAt(0), "G03");
         EXPECT_EQ(selected(), 5);
-        auto* header = lvwZoom()->findChild<structure::SortHeader*>();
+        auto* header = lvwZoom()->findChild<widgets::SortHeader*>();
         EXPECT_EQ(header->arrowColumn(), 1);
         EXPECT_FALSE(header->arrowAscending());
     });
@@ -181,7 +181,7 @@ TEST_F(ZoomWindow, RefreshesByKey)
         press(Qt::Key_F5);
         EXPECT_EQ(rows(), "# 5");
         EXPECT_EQ(zoom.list().keyAt(1), "G03");
-        EXPECT_EQ(lvwZoom()->findChild<structure::SortHeader*>()->arrowColumn(), -1);
+        EXPECT_EQ(lvwZoom()->findChild<widgets::SortHeader*>()->arrowColumn(), -1);
     });
 }
 

@@ -1,5 +1,5 @@
 #include "platform/widgets/Application.h"
-#include "session/widgets/Look.h"
+#include "widgets/Look.h"
 
 #include <gmock/gmock.h>
 
@@ -8,7 +8,7 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     platform::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    session::applyLook(application);
+    widgets::applyLook(application);
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }

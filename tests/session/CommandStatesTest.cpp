@@ -17,7 +17,7 @@ protected:
         session.CurrentUser.Modify = session.CurrentUser.ReadWrite = "True";
     }
 
-    CommandStates commands{session, structure};
+    CommandStates commands{session};
 };
 
 TEST_F(CommandStatesTest, EverythingStartsEnabled)
@@ -55,16 +55,16 @@ TEST_F(CommandStatesTest, MenusAndPopupsFollowTheSelectedNode)
 {
     ASSERT_TRUE(connectPlant());
     structure.clickNode("1_1");
-    commands.EnableDisable_Menu(Place::Tree);
-    commands.EnableDisable_Menu(Place::List);
-    commands.EnableDisable_PopupMenu(Place::Tree);
+    commands.EnableDisable_Menu(Place::Tree, structure.levelOfTree());
+    commands.EnableDisable_Menu(Place::List, structure.levelOfList());
+    commands.EnableDisable_PopupMenu(Place::Tree, structure.levelOfTree());
     EXPECT_TRUE(commands.menuEnabled(Place::Tree, "mnuDelete"));
     EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuReadWrite"));
     EXPECT_TRUE(commands.popupEnabled(Place::Tree, "mnuBusCut"));
 
     structure.clickNode("3_1_1_G01");
-    commands.EnableDisable_Menu(Place::Tree);
-    commands.EnableDisable_PopupMenu(Place::Tree);
+    commands.EnableDisable_Menu(Place::Tree, structure.levelOfTree());
+    commands.EnableDisable_PopupMenu(Place::Tree, structure.levelOfTree());
     EXPECT_FALSE(commands.menuEnabled(Place::Tree, "mnuResync"));
     EXPECT_FALSE(commands.popupEnabled(Place::Tree, "mnuBusResync"));
     EXPECT_TRUE(commands.popupEnabled(Place::Tree, "mnuBusReset"));
@@ -74,15 +74,15 @@ TEST_F(CommandStatesTest, TheItemRootInTheListIsNoSelection)
 {
     ASSERT_TRUE(connectPlant());
     structure.selectItem("Root");
-    commands.EnableDisable_Menu(Place::List);
-    commands.EnableDisable_PopupMenu(Place::List);
+    commands.EnableDisable_Menu(Place::List, structure.levelOfList());
+    commands.EnableDisable_PopupMenu(Place::List, structure.levelOfList());
     EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuNew"));
     EXPECT_FALSE(commands.popupEnabled(Place::List, "mnuBusReadWrite"));
 
     structure.clickNode("Root");
     structure.selectItem("1_1");
-    commands.EnableDisable_Menu(Place::List);
-    commands.EnableDisable_PopupMenu(Place::List);
+    commands.EnableDisable_Menu(Place::List, structure.levelOfList());
+    commands.EnableDisable_PopupMenu(Place::List, structure.levelOfList());
     EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuNew"));
     EXPECT_TRUE(commands.popupEnabled(Place::List, "mnuBusReadWrite"));
 }

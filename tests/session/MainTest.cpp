@@ -87,7 +87,7 @@ protected:
     platform::ScriptedOperator op;
     platform::VirtualClock clock;
     structure::Structure structure{session, texts, op};
-    CommandStates commands{session, structure};
+    CommandStates commands{session};
     Main main{{session, texts, op, clock, commands, services()}};
     support::FailureRecorder failures;
 

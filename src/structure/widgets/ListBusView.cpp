@@ -1,8 +1,8 @@
 #include "structure/widgets/ListBusView.h"
 
 #include "structure/ListModel.h"
-#include "structure/widgets/ImageDelegate.h"
-#include "structure/widgets/SortHeader.h"
+#include "widgets/ImageDelegate.h"
+#include "widgets/SortHeader.h"
 
 #include <QContextMenuEvent>
 #include <QItemSelectionModel>
@@ -27,7 +27,7 @@ enum View
 } // namespace
 
 ListBusView::ListBusView(ListModel& model, QWidget* parent)
-    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new SortHeader),
+    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new widgets::SortHeader),
       icons_(new QListView), empty_(new QLabel(this))
 {
     report_->setObjectName("lvwBusReport");
@@ -77,7 +77,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    auto* delegate = new ImageDelegate(view);
+    auto* delegate = new widgets::ImageDelegate(view, ListModel::ImageRole);
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
@@ -101,7 +101,7 @@ void ListBusView::setView(int view)
     icons_->setWordWrap(large);
     icons_->setIconSize(large ? QSize(32, 32) : QSize(16, 16));
     const QSize cell = large ? QSize(128, 92) : QSize(276, 24);
-    static_cast<ImageDelegate*>(icons_->itemDelegate())->setCell(cell);
+    static_cast<widgets::ImageDelegate*>(icons_->itemDelegate())->setCell(cell);
     icons_->setGridSize(cell + QSize(6, 4));
     icons_->setSpacing(0);
     setCurrentWidget(view == kReport ? static_cast<QWidget*>(report_) : icons_);

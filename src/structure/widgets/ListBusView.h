@@ -8,10 +8,13 @@ class QLabel;
 class QListView;
 class QTreeView;
 
+namespace widgets {
+class SortHeader;
+}
+
 namespace structure {
 
 class ListModel;
-class SortHeader;
 
 // One list in four views: large icons, small icons, list, report. They share model and selection, so that a
 // change of view changes nothing else.
@@ -59,7 +62,7 @@ private:
 
     ListModel& model_;
     QTreeView* report_;
-    SortHeader* header_;
+    widgets::SortHeader* header_;
     QListView* icons_;
     QLabel* empty_;
     int view_ = 0;

@@ -1,6 +1,7 @@
 #include "structure/widgets/NodeView.h"
 
-#include "structure/widgets/ImageDelegate.h"
+#include "structure/TreeModel.h"
+#include "widgets/ImageDelegate.h"
 
 #include <QContextMenuEvent>
 #include <QScopedValueRollback>
@@ -14,7 +15,7 @@ NodeView::NodeView(QWidget* parent) : QTreeView(parent)
     setFrameShape(QFrame::NoFrame);
     setIconSize({16, 16});
     setEditTriggers(NoEditTriggers);
-    auto* delegate = new ImageDelegate(this);
+    auto* delegate = new widgets::ImageDelegate(this, TreeModel::ImageRole);
     delegate->setRowPadding(2);
     setItemDelegate(delegate);
 }

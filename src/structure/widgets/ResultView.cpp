@@ -1,15 +1,15 @@
 #include "structure/widgets/ResultView.h"
 
 #include "structure/ListModel.h"
-#include "structure/widgets/ImageDelegate.h"
-#include "structure/widgets/SortHeader.h"
+#include "widgets/ImageDelegate.h"
+#include "widgets/SortHeader.h"
 
 #include <algorithm>
 
 namespace structure {
 
 ResultView::ResultView(ListModel& model, QWidget* parent)
-    : QTreeView(parent), model_(model), header_(new SortHeader(this))
+    : QTreeView(parent), model_(model), header_(new widgets::SortHeader(this))
 {
     setModel(&model);
     setHeader(header_);
@@ -19,7 +19,7 @@ ResultView::ResultView(ListModel& model, QWidget* parent)
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     setIconSize({16, 16});
-    auto* delegate = new ImageDelegate(this);
+    auto* delegate = new widgets::ImageDelegate(this, ListModel::ImageRole);
     delegate->setRowPadding(2);
     setItemDelegate(delegate);
     header_->setSectionsClickable(true);

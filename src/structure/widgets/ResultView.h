@@ -2,10 +2,13 @@
 
 #include <QTreeView>
 
+namespace widgets {
+class SortHeader;
+}
+
 namespace structure {
 
 class ListModel;
-class SortHeader;
 
 // A list of elements from all over the plant: name, value, path. A header click sorts; Enter or a double
 // click takes an element.
@@ -25,7 +28,7 @@ signals:
 
 private:
     ListModel& model_;
-    SortHeader* header_;
+    widgets::SortHeader* header_;
 };
 
 } // namespace structure

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "bus/Bus.h"
+#include "bus/StatusPanels.h"
+#include "console/Console.h"
+#include "console/ConsoleModel.h"
+#include "database/Database.h"
+#include "dialogs/Zoom.h"
+#include "events/EventLog.h"
+#include "events/Purge.h"
+#include "platform/Forward.h"
+#include "platform/SingleInstance.h"
+#include "program/AlarmNotice.h"
+#include "property/PropertyCopy.h"
+#include "property/PropertyModel.h"
+#include "session/CommandStates.h"
+#include "session/Commands.h"
+#include "session/Forward.h"
+#include "session/Main.h"
+#include "structure/PlantEditor.h"
+#include "structure/Structure.h"
+
+#include <QObject>
+#include <optional>
+
+namespace program {
+
+class frmMain;
+
+// The whole program put together: the logic, its commands and its windows. What it lives in is the caller's,
+// so that a test gives it a clock, a line and an operator of its own.
+class Program : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Surroundings
+    {
+        session::Session& session;
+        const session::Texts& texts;
+        platform::DesktopOperator& op;
+        platform::Clock& clock;
+        platform::SerialPort& port;
+    };
+
+    explicit Program(const Surroundings& surroundings);
+    ~Program() override;
+
+    // The start; false when the process is to end at once.
+    bool run() { return main_.run(); }
+
+    const session::CommandHandlers& handlers() const { return handlers_; }
+    session::CommandStates& commands() { return commands_; }
+    structure::Structure& structure() { return structure_; }
+    bus::StatusPanels& panels() { return panels_; }
+    database::Database& database() { return database_; }
+    session::Main& main() { return main_; }
+
+signals:
+    // The main window has gone.
+    void left();
+
+private:
+    void registerCommands();
+    void registerForms();
+    void showBeside(const QString& form);
+    void listen();
+    session::MainServices services();
+    QWidget* makeMainWindow();
+    frmMain* mainWindow() const;
+
+    Surroundings with_;
+    structure::Structure structure_;
+    database::Database database_;
+    events::EventLog events_;
+    events::LogPurge purge_;
+    bus::StatusPanels panels_;
+    console::ConsoleModel consoleModel_;
+    bus::Bus bus_;
+    console::Console console_;
+    dialogs::Zoom zoom_;
+    structure::PlantEditor editor_;
+    property::PropertyModel property_;
+    property::PropertyCopy propertyCopy_;
+    session::CommandHandlers handlers_;
+    session::CommandStates commands_;
+    session::Main main_;
+    AlarmNotice alarmNotice_;
+    std::optional<platform::SingleInstance> instance_;
+};
+
+} // namespace program

@@ -1,0 +1,55 @@
+// What each command runs.
+
+#include "platform/widgets/DesktopOperator.h"
+#include "program/Program.h"
+#include "program/frmMain.h"
+#include "structure/frmListBus.h"
+
+namespace program {
+
+void Program::registerCommands()
+{
+    handlers_.set("NewDb", [this] { database_.New_Database(); });
+    handlers_.set("OpenDb", [this] { database_.Open_Database(); });
+    handlers_.set("CloseDb", [this] { main_.Close_Database(); });
+    handlers_.set("Exit", [this] { main_.leave(); });
+
+    handlers_.set("Tree", [this] { structure_.Hide_TreeBus(); });
+    handlers_.set("Expand", [this] { structure_.ExpandCollapse_TreeBusNodes(1); });
+    handlers_.set("Collapse", [this] { structure_.ExpandCollapse_TreeBusNodes(0); });
+    handlers_.set("Parent", [this] { structure_.Select_Item_ListBus(); });
+    handlers_.set("Refresh", [this] { structure_.Refresh_Item(); });
+    handlers_.set("View", [this] { structure_.Set_View_ListBus(-1); });
+    const QStringList views{"LargeIcon", "SmallIcon", "List", "Report"};
+    for (int view = 0; view < views.size(); ++view)
+        handlers_.set(views[view], [this, view] { structure_.Set_View_ListBus(view); });
+
+    handlers_.set("Filter", [this] { mainWindow()->listBus()->showFilter(); });
+    handlers_.set("Find", [this] { showBeside("frmFind"); });
+    handlers_.set("Pending", [this] { showBeside("frmPending"); });
+
+    handlers_.set("TlbComplete", [this] { commands_.Set_View_Toolbar(-1); });
+    handlers_.set("TlbReduced", [this] { commands_.Set_View_Toolbar(0); });
+    handlers_.set("TlbLargeIcons", [this] { commands_.Set_Form_Icons(-1); });
+    handlers_.set("TlbSmallIcons", [this] { commands_.Set_Form_Icons(0); });
+
+    handlers_.set("New", [this] { editor_.New_Item(); });
+    handlers_.set("NewNode", [this] { editor_.New_Item(); });
+    handlers_.set("Delete", [this] { editor_.Delete_Item(); });
+    handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
+
+    handlers_.set("Property", [this] { property_.Property_Item(); });
+    handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
+    handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
+    handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
+    handlers_.set("Allarms", [this] { bus_.Delete_Allarms(); });
+}
+
+// A window that stays beside the main one while the operator works in either.
+void Program::showBeside(const QString& form)
+{
+    with_.op.showForm(form);
+    with_.op.form(form)->activateWindow();
+}
+
+} // namespace program

@@ -1,0 +1,68 @@
+// How each window is made, on its first showing.
+
+#include "console/frmReadWrite.h"
+#include "database/Database.h"
+#include "database/frmConnection.h"
+#include "dialogs/frmLanguage.h"
+#include "dialogs/frmMessage.h"
+#include "dialogs/frmZoom.h"
+#include "dialogs/frmZoomDate.h"
+#include "events/frmReadLogFiles.h"
+#include "platform/widgets/DesktopOperator.h"
+#include "program/Program.h"
+#include "program/frmMain.h"
+#include "program/frmPresentation.h"
+#include "program/frmVideoProperty.h"
+#include "property/frmProperty.h"
+#include "property/frmPropertyCopy.h"
+#include "structure/frmFind.h"
+#include "structure/frmListBus.h"
+#include "structure/frmPending.h"
+#include "structure/frmTreeBus.h"
+
+namespace program {
+
+void Program::registerForms()
+{
+    const auto& [session, texts, op, clock, port] = with_;
+    with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
+    with_.op.registerForm("frmVideoProperty", [&] { return new frmVideoProperty(session); });
+    with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
+    with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
+    with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
+    with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
+    with_.op.registerForm("frmZoomDate", [&] { return new dialogs::frmZoomDate(session, clock); });
+    with_.op.registerForm("frmProperty",
+                          [&, this] { return new property::frmProperty(session, texts, op, property_); });
+    with_.op.registerForm("frmPropertyCopy", [&, this] {
+        return new property::frmPropertyCopy(
+            {session, texts, op, [this](const QString& command) { handlers_.run(command); }, propertyCopy_});
+    });
+    with_.op.registerForm("frmReadWrite", [&, this] {
+        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
+    });
+    with_.op.registerForm("frmConnection", [&] {
+        auto* window = new database::frmConnection(session, texts, op);
+        connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);
+        return window;
+    });
+    with_.op.registerForm("frmFind",
+                          [&, this] { return new structure::frmFind(structure_, session, texts, op); });
+    with_.op.registerForm("frmPending",
+                          [&, this] { return new structure::frmPending(structure_, session, texts, op); });
+    with_.op.registerForm("frmReadLogFiles", [&] { return new events::frmReadLogFiles(session, texts, op); });
+}
+
+QWidget* Program::makeMainWindow()
+{
+    auto* window =
+        new frmMain({with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, main_});
+    with_.op.adoptForm("frmTreeBus", window->treeBus());
+    with_.op.adoptForm("frmListBus", window->listBus());
+    connect(&database_, &database::Database::captionChanged, window, &QWidget::setWindowTitle);
+    connect(window, &frmMain::closed, this, &Program::left);
+    connect(window, &frmMain::languageChanged, this, [this] { bus_.relabel(); });
+    return window;
+}
+
+} // namespace program

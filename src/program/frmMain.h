@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/Forward.h"
+#include "session/Commands.h"
+#include "session/Forward.h"
+
+#include <QMainWindow>
+
+class QSplitter;
+class QStackedWidget;
+
+namespace bus {
+class StatusPanels;
+}
+namespace structure {
+class Structure;
+class frmListBus;
+class frmTreeBus;
+} // namespace structure
+
+namespace program {
+
+class EmptyState;
+class MainStatusBar;
+class MainToolbar;
+class MenuSet;
+
+// The main window: toolbar, the two children with their menus, status bar.
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    struct Surroundings
+    {
+        session::Session& session;
+        const session::Texts& texts;
+        platform::Operator& op;
+        structure::Structure& structure;
+        bus::StatusPanels& panels;
+        const session::CommandHandlers& handlers;
+        session::CommandStates& commands;
+        session::Main& main;
+    };
+
+    explicit frmMain(const Surroundings& surroundings);
+
+    structure::frmTreeBus* treeBus() const { return frmTreeBus_; }
+    structure::frmListBus* listBus() const { return frmListBus_; }
+    // A company is open, or none: the children, or the next steps in their place.
+    void showCompany(bool open);
+    void focusPlant();
+
+signals:
+    void closed();
+    void languageChanged();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Load();
+    void layOut();
+    void listen();
+    void showTree(bool visible);
+    void takeTreeWidth();
+    void showMenusOf(session::Place place);
+    void runEnabled(session::Place place, const QString& command);
+
+    Surroundings with_;
+    MainToolbar* tlbMain_;
+    MainStatusBar* staMain_;
+    QStackedWidget* pages_;
+    EmptyState* empty_;
+    QSplitter* splitter_;
+    structure::frmTreeBus* frmTreeBus_;
+    structure::frmListBus* frmListBus_;
+    MenuSet* treeMenus_;
+    MenuSet* listMenus_;
+    bool loaded_ = false;
+};
+
+} // namespace program

@@ -1,0 +1,14 @@
+#pragma once
+
+// The names of this room that others only pass on.
+namespace session {
+
+class CommandHandlers;
+class CommandStates;
+class Lookup;
+class Main;
+class Texts;
+struct Session;
+struct UserRecord;
+
+} // namespace session
