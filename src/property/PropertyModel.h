@@ -1,22 +1,13 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "property/Controls.h"
+#include "session/Forward.h"
+#include "structure/Forward.h"
 #include "structure/NodeKey.h"
 
 #include <QObject>
 #include <optional>
-
-namespace platform {
-class Operator;
-class Recordset;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-namespace structure {
-class Structure;
-}
 
 namespace property {
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 #include <QHash>
 
@@ -8,14 +11,6 @@ class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace widgets {
 class FieldEdit;

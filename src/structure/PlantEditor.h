@@ -1,15 +1,11 @@
 #pragma once
 
 #include "platform/Operator.h"
+#include "session/Forward.h"
 #include "structure/NodeKey.h"
 #include "structure/Records.h"
 
 #include <functional>
-
-namespace session {
-class Lookup;
-class Texts;
-} // namespace session
 
 namespace structure {
 

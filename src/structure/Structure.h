@@ -1,20 +1,14 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "platform/RuntimeError.h"
+#include "session/Forward.h"
 #include "structure/ListModel.h"
 #include "structure/NodeKey.h"
 #include "structure/TreeModel.h"
 
 #include <QObject>
 #include <optional>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace structure {
 

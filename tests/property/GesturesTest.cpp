@@ -18,9 +18,13 @@ TEST_F(GesturesTest, PropertyItemOpensOnTheSelectedItemOrNotAtAll)
     structure.pressItem("1_2");
     model.Property_Item();
     EXPECT_EQ(op.forms.takeLast(), "modal frmProperty");
-    EXPECT_EQ(session.ClipKey, "1_2");
+    model.load();
+    EXPECT_EQ(model.IDGrp(), "2");
     model.Property_Node();
-    EXPECT_EQ(session.ClipKey, "Root");
+    EXPECT_EQ(op.forms.takeLast(), "modal frmProperty");
+    model.load();
+    EXPECT_EQ(model.Level(), "0");
+    EXPECT_EQ(session.ClipKey, "") << "the clipboard is the operator's";
     structure.selectNode({});
     op.forms.clear();
     model.Property_Node();

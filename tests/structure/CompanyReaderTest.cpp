@@ -61,7 +61,10 @@ TEST_F(CompanyReaderTest, EndsWithTheSliceInWhichNobodyWaitsAnyMore)
     StopFlag stop = false;
     int rows = 0;
     CompanyReader company(plantFile());
-    company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) { stop = ++rows == 10; });
+    company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) {
+        if (++rows == 10)
+            stop = true;
+    });
     EXPECT_EQ(rows, kInSlice);
     stop = true;
     company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) { ADD_FAILURE() << "a row"; });

@@ -25,8 +25,10 @@ TEST(NameOrderTest, FoldsLatinLettersOnlyAndOrdersTheRestByNumber)
         {"\uFFFD", "😀", -1},  {"😀", "😁", -1}, {"@", "A", -1},
     };
     for (const Row& row : rows) {
-        EXPECT_EQ(sign(compareNames(row.one, row.other)), row.order) << row.one << " and " << row.other;
-        EXPECT_EQ(sign(compareNames(row.other, row.one)), -row.order) << row.other << " and " << row.one;
+        EXPECT_EQ(sign(compareNames(row.one, row.other)), row.order)
+            << qPrintable(row.one + " and " + row.other);
+        EXPECT_EQ(sign(compareNames(row.other, row.one)), -row.order)
+            << qPrintable(row.other + " and " + row.one);
     }
 }
 

@@ -8,7 +8,7 @@
 
 namespace structure {
 
-NodeView::NodeView(QWidget* parent) : QTreeView(parent)
+NodeView::NodeView(QWidget* parent) : OneSelected(parent)
 {
     setHeaderHidden(true);
     setUniformRowHeights(true);
