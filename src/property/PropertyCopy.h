@@ -54,11 +54,12 @@ private:
         bool checked = false;
     };
 
-    QString ofInstrument() const;
     QString sourceId() const;
+    QString blocksSql() const;
     void checkAll(bool checked);
     bool mayCopy(int blocks);
     void copyCheckedBlocks();
+    void copyTo(const QString& IDCopy, const QVariant& value);
 
     session::Session& session_;
     const session::Texts& texts_;

@@ -47,6 +47,9 @@ private:
     void showControls();
     void showEntries();
     void leave(QWidget* field);
+    void check(QWidget* field, const QString& saved, int sent);
+    void focusOn(const QString& name);
+    void goTo(QWidget* field);
 
     PropertyModel& model_;
     QHash<QString, QWidget*> widgets_; // by control name
@@ -55,6 +58,7 @@ private:
     QComboBox* cbxValEnum_ = nullptr;
     QCheckBox* chkDisabled_ = nullptr;
     QPushButton *cmdOK_ = nullptr, *cmdCancel_ = nullptr, *cmdApply_ = nullptr, *cmdCopy_ = nullptr;
+    int sent_ = 0;           // how often the logic has sent the focus somewhere
     bool returning_ = false; // the focus goes back to a field whose content was refused
 };
 

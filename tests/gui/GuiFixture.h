@@ -36,7 +36,10 @@ public:
     int messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
                    const QString& title) override
     {
-        return script.messageBox(text, buttons, icon, title);
+        const int answer = script.messageBox(text, buttons, icon, title);
+        if (whileABoxStands)
+            whileABoxStands();
+        return answer;
     }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
     QString saveFile(const platform::FileRequest& request) override { return script.saveFile(request); }
@@ -47,6 +50,8 @@ public:
     }
 
     platform::ScriptedOperator script;
+    // What comes in while a box waits for its answer.
+    std::function<void()> whileABoxStands;
 };
 
 // The whole program over the small company, in virtual time, with its real windows. Each test starts it.
