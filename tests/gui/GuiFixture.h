@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MemorySerialPort.h"
+#include "platform/RecordingPrinters.h"
 #include "platform/VirtualClock.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
@@ -42,7 +43,11 @@ public:
         return answer;
     }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
-    QString saveFile(const platform::FileRequest& request) override { return script.saveFile(request); }
+    platform::ChosenFile saveFile(const platform::FileRequest& request) override
+    {
+        return script.saveFile(request);
+    }
+    void openAddress(const QString& address) override { script.openAddress(address); }
 
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override
     {
@@ -190,7 +195,8 @@ protected:
     ScriptedDesktop desktop{texts};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};
-    program::Program program{{session, texts, desktop, clock, port}};
+    platform::RecordingPrinters printers;
+    program::Program program{{session, texts, desktop, clock, port, printers}};
 };
 
 } // namespace gui
