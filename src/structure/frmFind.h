@@ -10,7 +10,7 @@ class QLineEdit;
 
 namespace structure {
 
-// "Find in plant": what is typed is searched in the whole company while the typing goes on.
+// "Find in company": what is typed is searched in the whole company while the typing goes on.
 class frmFind : public ResultDialog
 {
     Q_OBJECT
