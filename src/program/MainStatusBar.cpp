@@ -59,6 +59,7 @@ void MainStatusBar::addPanel(const QString& key, int tag, int stretch)
     panel.picture = new QLabel(panel.frame);
     panel.text = new QLabel(panel.frame);
     panel.text->setObjectName("text");
+    panel.text->setTextFormat(Qt::PlainText);
     panel.picture->hide();
     auto* layout = new QHBoxLayout(panel.frame);
     layout->setContentsMargins(6, 2, 6, 2);

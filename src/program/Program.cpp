@@ -28,6 +28,8 @@ Program::Program(const Surroundings& surroundings)
       clipboard_({with_.session, with_.texts, with_.op, structure_, editor_}),
       states_(with_.session, with_.texts, with_.op, structure_),
       drag_(with_.session, with_.texts, structure_, clipboard_),
+      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_,
+                                               [this](const QString& key) { property_.open(key); }}),
       property_(with_.session, with_.texts, with_.op, structure_),
       propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
       printing_(with_.session, with_.texts, with_.op, with_.printers), commands_(with_.session),

@@ -1,18 +1,14 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "platform/RuntimeError.h"
+#include "session/Forward.h"
 #include "structure/ListModel.h"
 #include "structure/NodeKey.h"
 #include "structure/TreeModel.h"
 
 #include <QObject>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include <optional>
 
 namespace structure {
 
@@ -105,7 +101,8 @@ signals:
 private:
     void showRootItem();
     void selectWithPath(const QString& key);
-    void fillList(int level, const KeyParts& ids);
+    void fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice);
+    QString choiceOf(const QString& IDPar, const QString& Value) const;
 
     session::Session& session_;
     const session::Texts& texts_;

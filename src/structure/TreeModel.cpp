@@ -1,5 +1,7 @@
 #include "structure/TreeModel.h"
 
+#include "structure/NameOrder.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -92,7 +94,7 @@ bool TreeModel::setCaption(const QString& key, const QString& caption)
 void TreeModel::sortChildren(const QString& key)
 {
     sortChildren(key, [](const Node& one, const Node& other) {
-        return one.caption.compare(other.caption, Qt::CaseInsensitive) < 0;
+        return compareNames(one.caption, other.caption) < 0;
     });
 }
 

@@ -36,7 +36,7 @@ public:
     // Removes the node and all below it; false when it is missing.
     bool removeNode(const QString& key);
     bool setCaption(const QString& key, const QString& caption);
-    // Sorts the children of a node by caption again, without regard to case.
+    // Sorts the children of a node by caption again, in the order of the company.
     void sortChildren(const QString& key);
     // Sorts them by key.
     void orderChildren(const QString& key);

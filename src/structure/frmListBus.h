@@ -1,15 +1,12 @@
 #pragma once
 
+#include "session/Forward.h"
+
 #include <QWidget>
 
 class QKeyEvent;
 class QLabel;
 class QProgressBar;
-
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace structure {
 

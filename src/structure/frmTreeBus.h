@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include "session/Forward.h"
 
-namespace session {
-struct Session;
-}
+#include <QWidget>
 
 namespace structure {
 

@@ -37,7 +37,10 @@ public:
     int messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
                    const QString& title) override
     {
-        return script.messageBox(text, buttons, icon, title);
+        const int answer = script.messageBox(text, buttons, icon, title);
+        if (whileABoxStands)
+            whileABoxStands();
+        return answer;
     }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
     platform::ChosenFile saveFile(const platform::FileRequest& request) override
@@ -52,6 +55,8 @@ public:
     }
 
     platform::ScriptedOperator script;
+    // What comes in while a box waits for its answer.
+    std::function<void()> whileABoxStands;
 };
 
 // The whole program over the small company, in virtual time, with its real windows. Each test starts it.

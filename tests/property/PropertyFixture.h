@@ -25,7 +25,7 @@ protected:
         if (session.cnDatabase.State() == platform::Connection::Closed) {
             ASSERT_TRUE(connectPlant());
         }
-        session.ClipKey = key;
+        model.open(key);
         model.load();
     }
 

@@ -1,6 +1,7 @@
 #include "structure/widgets/ListBusView.h"
 
 #include "structure/ListModel.h"
+#include "structure/widgets/OneSelected.h"
 #include "widgets/ImageDelegate.h"
 #include "widgets/SortHeader.h"
 
@@ -27,8 +28,8 @@ enum View
 } // namespace
 
 ListBusView::ListBusView(ListModel& model, QWidget* parent)
-    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new widgets::SortHeader),
-      icons_(new QListView), empty_(new QLabel(this))
+    : QStackedWidget(parent), model_(model), report_(new OneSelected<QTreeView>),
+      header_(new widgets::SortHeader), icons_(new OneSelected<QListView>), empty_(new QLabel(this))
 {
     report_->setObjectName("lvwBusReport");
     icons_->setObjectName("lvwBusIcons");

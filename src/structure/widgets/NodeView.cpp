@@ -9,7 +9,7 @@
 
 namespace structure {
 
-NodeView::NodeView(QWidget* parent) : QTreeView(parent)
+NodeView::NodeView(QWidget* parent) : OneSelected(parent)
 {
     setHeaderHidden(true);
     setUniformRowHeights(true);

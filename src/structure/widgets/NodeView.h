@@ -1,12 +1,14 @@
 #pragma once
 
+#include "structure/widgets/OneSelected.h"
+
 #include <QTreeView>
 
 namespace structure {
 
 // The tree as the operator touches it. Tells of nodes taken by mouse or key; a selection made by the program,
 // or one that moves because a node went away, is told to nobody.
-class NodeView : public QTreeView
+class NodeView : public OneSelected<QTreeView>
 {
     Q_OBJECT
 

@@ -1,4 +1,4 @@
-#include "property/PropertyModel.h"
+#include "property/Catalogue.h"
 
 #include "platform/Guard.h"
 #include "platform/Recordset.h"
@@ -32,8 +32,8 @@ QString shownAddress(int address)
 
 } // namespace
 
-bool PropertyModel::Search_Param(const QString& IDPar, QString& Unit, QString& DP, bool& Enable,
-                                 QString& KeyType, QString& IDCopy)
+bool Catalogue::Search_Param(const QString& IDPar, QString& Unit, QString& DP, bool& Enable, QString& KeyType,
+                             QString& IDCopy)
 {
     return guarded("frmProperty/Search_Param", [&] {
         Recordset& rsParam = session_.rsParam;
@@ -54,11 +54,12 @@ bool PropertyModel::Search_Param(const QString& IDPar, QString& Unit, QString& D
     });
 }
 
-int PropertyModel::Load_ParamEnum(const QString& IDPar, qint16 Value)
+int Catalogue::Load_ParamEnum(const QString& IDPar, qint16 Value)
 {
     int index = -1;
     guarded("frmProperty/Load_ParamEnum", [&] {
         Recordset& rsParamEnum = session_.rsParamEnum;
+        controls_.entries.clear();
         rsParamEnum.Filter({});
         rsParamEnum.Filter(u"[mKeyParam] = " % Compose_SqlText(IDPar));
         for (; !rsParamEnum.Eof(); rsParamEnum.MoveNext()) {
@@ -70,7 +71,7 @@ int PropertyModel::Load_ParamEnum(const QString& IDPar, qint16 Value)
     return index;
 }
 
-bool PropertyModel::Search_InstMem(const QString& MemBank)
+bool Catalogue::Search_InstMem(const QString& MemBank)
 {
     return guarded("frmProperty/Search_InstMem", [&] {
         if (!findFromStart(session_.rsInstMem, u"[mID] = " % Compose_SqlText(MemBank)))
