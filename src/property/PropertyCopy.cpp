@@ -191,11 +191,10 @@ void PropertyCopy::copyCheckedBlocks()
         for (const Block& block : blocks_) {
             if (!block.checked)
                 continue;
-            session_.strSQL =
-                u"UPDATE tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID "
-                u"SET [Value] = " %
-                Compose_SqlText(source[kValue]) % u", State = 1 " % ofInstrument() % u"(tbParam.mIDCopy = " %
-                Compose_SqlText(inBlock(source.text(kIDCopy), block.id)) % u"));";
+            session_.strSQL = u"UPDATE tbParametersUser SET [Value] = " % Compose_SqlText(source[kValue]) %
+                              u", State = 1 FROM tbParam " % ofInstrument() %
+                              u"(tbParametersUser.IDPar = tbParam.mID) AND (tbParam.mIDCopy = " %
+                              Compose_SqlText(inBlock(source.text(kIDCopy), block.id)) % u"));";
             session_.cnDatabase.Execute(session_.strSQL);
         }
         progress.advance();

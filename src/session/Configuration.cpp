@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace session {
@@ -35,23 +36,47 @@ struct Section
     std::vector<Key> keys;
 };
 
+constexpr qint16 kLeast = std::numeric_limits<qint16>::min();
+constexpr qint16 kMost = std::numeric_limits<qint16>::max();
+
+// A number outside its range gives the value of a first run.
 template <class Record>
-Key number(const char* name, Record Session::*record, qint16 Record::*value)
+Key number(const char* name, Record Session::*record, qint16 Record::*value, qint16 least = kLeast,
+           qint16 most = kMost)
 {
     return {name, [=](const Session& session) { return QString::number(session.*record.*value); },
-            [=](Session& session, const QString& text) { session.*record.*value = toInt16(text); }};
+            [=](Session& session, const QString& text) {
+                const qint16 stored = toInt16(text);
+                session.*record.*value = stored < least || stored > most ? Record().*value : stored;
+            }};
+}
+
+bool isControl(QChar character)
+{
+    return character < QLatin1Char(' ') && character != QLatin1Char('\t');
+}
+
+bool holdsControl(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), isControl);
+}
+
+// A name may hold what would break its line and every one behind it: such a name isn't remembered.
+QString storable(const QString& text)
+{
+    return holdsControl(text) ? QString() : text;
 }
 
 Key text(const char* name, QString Session::*value)
 {
-    return {name, [=](const Session& session) { return session.*value; },
+    return {name, [=](const Session& session) { return storable(session.*value); },
             [=](Session& session, const QString& text) { session.*value = text; }};
 }
 
 Key folder(const char* name, QString Session::*value)
 {
     return {
-        name, [=](const Session& session) { return QDir::toNativeSeparators(session.*value); },
+        name, [=](const Session& session) { return QDir::toNativeSeparators(storable(session.*value)); },
         [=](Session& session, const QString& text) { session.*value = QDir::fromNativeSeparators(text); }};
 }
 
@@ -71,29 +96,29 @@ const std::vector<Section>& layout()
          {number("View", &Session::ToolbarSet, &ToolbarSettings::View),
           number("Icons", &Session::ToolbarSet, &ToolbarSettings::Icons)}},
         {"[ListBus]",
-         {number("View", &Session::ListBusSet, &ListBusSettings::View),
-          number("Col1Width", &Session::ListBusSet, &ListBusSettings::Col1Width),
-          number("Col2Width", &Session::ListBusSet, &ListBusSettings::Col2Width),
-          number("Col3Width", &Session::ListBusSet, &ListBusSettings::Col3Width)}},
+         {number("View", &Session::ListBusSet, &ListBusSettings::View, -1, 3),
+          number("Col1Width", &Session::ListBusSet, &ListBusSettings::Col1Width, -1),
+          number("Col2Width", &Session::ListBusSet, &ListBusSettings::Col2Width, -1),
+          number("Col3Width", &Session::ListBusSet, &ListBusSettings::Col3Width, -1)}},
         {"[TreeBus]",
          {number("Visible", &Session::TreeBusSet, &TreeBusSettings::Visible),
-          number("Width", &Session::TreeBusSet, &TreeBusSettings::Width)}},
+          number("Width", &Session::TreeBusSet, &TreeBusSettings::Width, -1)}},
         {"[Log]",
          {number("DelLog", &Session::LogSet, &LogSettings::DelLog),
           number("DelLogRuntimeErr", &Session::LogSet, &LogSettings::DelLogRuntimeErr),
           number("DelLogInstErr", &Session::LogSet, &LogSettings::DelLogInstErr),
-          number("LogDays", &Session::LogSet, &LogSettings::LogDays)}},
+          number("LogDays", &Session::LogSet, &LogSettings::LogDays, 1, 365)}},
         {"[Database]", {text("Name", &Session::DbName), folder("Path", &Session::DbPath)}},
         {"[Directory]",
          {folder("Backup", &Session::DirBackup), folder("Export", &Session::DirExport),
           folder("Import", &Session::DirImport)}},
         {"[COMPort]",
-         {number("Port", &Session::COMPort, &COMPortSettings::Port),
-          number("Speed", &Session::COMPort, &COMPortSettings::Speed),
-          number("DataBit", &Session::COMPort, &COMPortSettings::DataBit),
-          number("Parity", &Session::COMPort, &COMPortSettings::Parity),
-          number("StopBit", &Session::COMPort, &COMPortSettings::StopBit),
-          number("FlowCtrl", &Session::COMPort, &COMPortSettings::FlowCtrl)}},
+         {number("Port", &Session::COMPort, &COMPortSettings::Port, 0, 15),
+          number("Speed", &Session::COMPort, &COMPortSettings::Speed, 0, 12),
+          number("DataBit", &Session::COMPort, &COMPortSettings::DataBit, 0, 3),
+          number("Parity", &Session::COMPort, &COMPortSettings::Parity, 0, 4),
+          number("StopBit", &Session::COMPort, &COMPortSettings::StopBit, 0, 2),
+          number("FlowCtrl", &Session::COMPort, &COMPortSettings::FlowCtrl, 0, 3)}},
     };
     return kLayout;
 }
@@ -112,9 +137,7 @@ void refuseTooLarge(const QString& path)
 QString readTextLine(TextReader& reader)
 {
     const QString line = reader.ReadLine();
-    const bool rubbish = std::any_of(line.begin(), line.end(),
-                                     [](QChar c) { return c < QLatin1Char(' ') && c != QLatin1Char('\t'); });
-    if (rubbish)
+    if (holdsControl(line))
         fail(errors::kInvalidCall, QStringLiteral("The configuration holds something else than text."));
     return line;
 }

@@ -106,10 +106,9 @@ TEST_F(PropertyCopyTest, ReadsAndWritesWithItsStatements)
     QObject::connect(&copy, &property::PropertyCopy::progress,
                      [&](int done) { statements << (done > 0 ? session.strSQL : QString()); });
     copy.Copy_Value();
-    const QString update =
-        "UPDATE tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID "
-        "SET [Value] = %1, State = 1 WHERE ((tbParametersUser.IDGrp = 1) AND "
-        "(tbParametersUser.IDInst = 1) AND (tbParam.mIDCopy = '%2'));";
+    const QString update = "UPDATE tbParametersUser SET [Value] = %1, State = 1 FROM tbParam "
+                           "WHERE ((tbParametersUser.IDGrp = 1) AND (tbParametersUser.IDInst = 1) AND "
+                           "(tbParametersUser.IDPar = tbParam.mID) AND (tbParam.mIDCopy = '%2'));";
     EXPECT_EQ(statements.mid(1, 2),
               (QStringList{update.arg("'12.3'", "CP.02.01"), update.arg("NULL", "CP.02.02")}));
     EXPECT_THAT(pointers, testing::AllOf(testing::Not(testing::IsEmpty()),
