@@ -66,7 +66,7 @@ void Recordset::MovePrevious()
 
 void Recordset::MoveLast()
 {
-    current_ = RecordCount() - 1;
+    current_ = std::max(RecordCount() - 1, 0);
 }
 
 void Recordset::Find(const QString& column, const QString& value)

@@ -23,6 +23,13 @@ TEST(Words, FillTheirPlacesAndGoBackToTheFormer)
     EXPECT_TRUE(setWords(former));
 }
 
+TEST(Words, WordsThatFailDontHideTheFailure)
+{
+    const Words former = setWords([](const QString&) -> QString { fail(errors::kOutOfRange, "no text"); });
+    EXPECT_EQ(inWords("file.locked", {"a"}), "file.locked: a");
+    setWords(former);
+}
+
 TEST(Words, WithoutALanguageTheNameAndItsValuesAreTold)
 {
     const Words former = setWords({});
