@@ -2,7 +2,6 @@
 
 #include "LineCompany.h"
 #include "platform/Guard.h"
-#include "values/Cyrillic.h"
 
 #include <QDir>
 
@@ -17,7 +16,6 @@ LineProgram::LineProgram()
     platform::setFailureHook([](const platform::Failure& failure) {
         qFatal("%s: %s", qPrintable(failure.procedure), qPrintable(failure.description));
     });
-    values::Inizialize_RUChr();
     QDir(folder_.path()).mkpath(QStringLiteral("Log"));
     lineCompany::make(companyFile());
     session.AppPath = session.DbPath = folder_.path();

@@ -51,6 +51,8 @@ private:
     QString startFolder() const;
     std::optional<QString> askFile(const std::function<QString()>& ask);
     bool takeName(const QString& file);
+    QString modelFile() const;
+    bool isModel(const QString& file) const;
     void makeCompany();
     bool openCompany();
 

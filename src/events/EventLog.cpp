@@ -1,9 +1,12 @@
 #include "events/EventLog.h"
 
+#include "events/LogFile.h"
 #include "events/LoggedText.h"
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Recordset.h"
 #include "platform/TextFile.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
@@ -104,23 +107,52 @@ void EventLog::CreateLog_App()
 {
     guarded("Module/CreateLog_App", [&] {
         BusyPointer busy(operator_);
+        Flushed& flushed = flushedOfCompany();
+        flushed.failed = true;
         Recordset rows;
         rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
-        if (rows.RecordCount() == 0)
-            return;
-        const QString name =
-            QStringLiteral("Log/%1_%2.log")
-                .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
-        TextWriter file(session_.appFile(name), session_.CodePage);
-        for (; !rows.Eof(); rows.MoveNext())
-            file.WriteLine(logLine(rows, session_.CodePage));
-        file.commit();
+        for (int onDisk = flushed.rows; onDisk > 0 && !rows.Eof(); --onDisk)
+            rows.MoveNext();
+        if (!rows.Eof())
+            flush(rows, flushed);
+        flushed.failed = false;
     });
+}
+
+void EventLog::flush(Recordset& rows, Flushed& flushed) const
+{
+    const QString name = QStringLiteral("Log/%1_%2.log")
+                             .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
+    LogFile file(session_.appFile(name));
+    try {
+        for (; !rows.Eof(); rows.MoveNext())
+            file.append(encode(logLine(rows, session_.CodePage), session_.CodePage) + kSystemLineEnd);
+    } catch (...) {
+        flushed.rows += file.putInPlace();
+        throw;
+    }
+    flushed.rows += file.putInPlace();
 }
 
 void EventLog::deleteEvents()
 {
-    session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    Flushed& flushed = flushedOfCompany();
+    if (flushed.failed)
+        session_.cnDatabase.Execute(
+            QStringLiteral(
+                "DELETE FROM tbEvent WHERE rowid IN (SELECT rowid FROM tbEvent ORDER BY rowid LIMIT %1)")
+                .arg(flushed.rows));
+    else
+        session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    flushed.rows = 0;
+}
+
+EventLog::Flushed& EventLog::flushedOfCompany()
+{
+    const QString company = session_.dbFile();
+    if (flushed_.company != company)
+        flushed_ = {company, 0, false};
+    return flushed_;
 }
 
 } // namespace events

@@ -7,6 +7,7 @@
 namespace platform {
 class Clock;
 class Operator;
+class Recordset;
 } // namespace platform
 namespace session {
 struct Session;
@@ -41,15 +42,28 @@ public:
     // The line alone; `When` is rewritten as "yyyy/mm/dd HH:MM:SS".
     bool Add_Event_ReadWrite(QString& When, const QString& Description);
 
-    // Flushes tbEvent into one new log file, which stands whole or not at all. An empty table makes no file.
+    // Flushes tbEvent into one new log file. An empty table makes no file. On a full disk the file holds the
+    // lines that still found their place.
     void CreateLog_App();
-    // Empties tbEvent. Fails as any statement does: called inside a procedure.
+    // Empties tbEvent, but for the rows that a failed flush couldn't bring to the disk: these go out with the
+    // next one. Fails as any statement does: called inside a procedure.
     void deleteEvents();
 
     // Receives each line of the console's list.
     std::function<void(const QString& when, const QString& description)> onLine;
 
 private:
+    // How far the flush of a company's table has come.
+    struct Flushed
+    {
+        QString company;
+        int rows = 0; // the first of the table, whose lines are on the disk already
+        bool failed = false;
+    };
+    Flushed& flushedOfCompany();
+    void flush(platform::Recordset& rows, Flushed& flushed) const;
+
+    Flushed flushed_;
     session::Session& session_;
     platform::Operator& operator_;
     platform::Clock& clock_;

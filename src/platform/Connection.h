@@ -31,13 +31,13 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // `connectionString` holds "Data Source = <file>" as its last part.
-    void Open(const QString& connectionString);
-    void Close();
+    // `file` is the whole name of the database file.
+    void Open(const QString& file);
+    // True when it is closed. While a statement of it still runs it stays open.
+    bool Close();
     int State() const;
 
-    // Runs one statement without a result; returns the number of rows that it changed. An update over a join
-    // is put into the engine's own words.
+    // Runs one statement without a result; returns the number of rows that it changed.
     int Execute(const QString& sql);
 
     void BeginTrans();

@@ -1,6 +1,7 @@
 #include "platform/QtSerialPort.h"
 
 #include "platform/Ports.h"
+#include "platform/Words.h"
 
 #include <QFileInfo>
 
@@ -61,9 +62,7 @@ QString groupOf(const QString& device)
         if (words.contains(QLatin1String("lock"), Qt::CaseInsensitive) ||
             words.contains(QLatin1String("busy"), Qt::CaseInsensitive))
             fail(errors::kPortOpen, QStringLiteral("Port already open"));
-        fail(errors::kPermissionDenied,
-             QStringLiteral("Access to %1 is refused. Add your user to the group '%2' and log in again.")
-                 .arg(port.portName(), groupOf(port.portName())));
+        failInWords(errors::kPermissionDenied, "port.denied", {port.portName(), groupOf(port.portName())});
     default:
         fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port.portName(), words));
     }
@@ -113,7 +112,7 @@ void QtSerialPort::open()
 void QtSerialPort::Output(const QByteArray& bytes)
 {
     if (!port_.isOpen())
-        fail(errors::kDeviceIo, QStringLiteral("Operation valid only when the port is open"));
+        failInWords(errors::kDeviceIo, "port.closed");
     const bool written = port_.write(bytes) == bytes.size();
     // Without the flush the bytes would leave only when the event loop runs again, behind a Delay.
     port_.flush();
@@ -128,13 +127,9 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
     if (!gone || !port_.isOpen())
         return;
     // A vanished device repeats its error without end and stays open: close it at the first one.
-    const QString device = port_.portName();
     port_.close();
     if (OnFault)
-        OnFault(
-            RuntimeError(errors::kDeviceIo,
-                         QStringLiteral("The port %1 has vanished: was the cable or the adapter pulled out?")
-                             .arg(device)));
+        OnFault(RuntimeError(errors::kDeviceIo, inWords("port.vanished")));
 }
 
 } // namespace platform

@@ -48,11 +48,11 @@ MainServices Program::services()
     MainServices services;
     services.Read_Configuration = [this] { return Read_Configuration(with_.session); };
     services.Write_Configuration = [this] { return Write_Configuration(with_.session); };
-    services.Inizialize_RUChr = [] { values::Inizialize_RUChr(); };
     services.anotherInstanceRuns = [this] {
         instance_.emplace(with_.session.AppPath);
         return instance_->anotherIsRunning();
     };
+    services.folderIsClosed = [this] { return instance_->folderIsClosed(); };
     services.Connect_Database = [this](const QString& path) { return database_.Connect_Database(path); };
     services.Disconnect_Database = [this] { database_.Disconnect_Database(); };
     services.Delete_Log = [this](bool enabled, bool all) { purge_.Delete_Log(enabled, all); };

@@ -5,6 +5,7 @@
 #include "program/MainStatusBar.h"
 #include "program/MainToolbar.h"
 #include "program/MenuSet.h"
+#include "session/Caption.h"
 #include "session/CommandStates.h"
 #include "session/Main.h"
 #include "session/Session.h"
@@ -185,10 +186,8 @@ void frmMain::changeEvent(QEvent* event)
     tlbMain_->relabel();
     staMain_->relabel();
     empty_->relabel();
-    platform::guarded("Module/Set_Language", [this] {
-        if (!with_.session.DbName.isEmpty())
-            setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
-    });
+    platform::guarded("Module/Set_Language",
+                      [this] { setWindowTitle(mainCaption(with_.session, with_.texts)); });
     emit languageChanged();
 }
 

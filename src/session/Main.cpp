@@ -59,7 +59,6 @@ bool Main::start()
         applyFirstRunDefaults(session_);
         takeFirstRunMarkers();
     }
-    services_.Inizialize_RUChr();
     Wait_Seconds(clock_, 2);
     operator_.unloadForm("frmPresentation");
 
@@ -68,11 +67,16 @@ bool Main::start()
         operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
         return false;
     }
+    if (services_.folderIsClosed())
+        operator_.messageBox(texts_.own("start.closed").arg(QDir::toNativeSeparators(session_.AppPath)),
+                             Buttons::Ok, Icon::Exclamation, session_.AppTitle);
 
     operator_.showForm("frmVideoProperty");
     operator_.unloadForm("frmVideoProperty");
     operator_.showForm("frmMain");
     openLastCompany();
+    if (left_)
+        return false;
     services_.Set_COMPort();
     services_.Open_COMConnection();
     return true;
@@ -155,6 +159,7 @@ bool Main::QueryUnload()
 
 void Main::Unload()
 {
+    left_ = true;
     platform::guarded("frmMain.Unload", [&] {
         operator_.unloadAllForms();
         services_.Write_Configuration();

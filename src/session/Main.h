@@ -21,9 +21,10 @@ struct MainServices
 {
     std::function<bool()> Read_Configuration;
     std::function<bool()> Write_Configuration;
-    std::function<void()> Inizialize_RUChr;
     // Whether another instance of the program runs with this application folder.
     std::function<bool()> anotherInstanceRuns;
+    // Whether the application folder takes no files.
+    std::function<bool()> folderIsClosed = [] { return false; };
     std::function<bool(const QString& path)> Connect_Database;
     std::function<void()> Disconnect_Database;
     std::function<void(bool enabled, bool all)> Delete_Log;
@@ -49,7 +50,8 @@ public:
 
     explicit Main(Surroundings surroundings);
 
-    // The start. False when the process is to end at once, because another instance runs.
+    // The start. False when the process is to end at once: another instance runs, or the operator has left
+    // already in a window of the start.
     bool run();
 
     // A company has been connected: somebody works with it from here on.
@@ -78,6 +80,7 @@ private:
     CommandStates& commands_;
     MainServices services_;
     bool closingByCode_ = false;
+    bool left_ = false;
 };
 
 } // namespace session

@@ -104,9 +104,9 @@ struct Session
     int Charset = 0;     // the same as a character set number
 
     platform::Connection cnDatabase;
-    QString ConnectionString;
-    QString DbName; // file name, no path; "" means no company is open
-    QString DbPath; // its folder, no trailing separator
+    QString ConnectionString; // what the engine is told to open: the whole name of the company file
+    QString DbName;           // file name, no path; "" means no company is open
+    QString DbPath;           // its folder, no trailing separator
     QString DbVersion;
 
     platform::Recordset rsInstrument, rsParam, rsParamEnum, rsInstMem, rsUsers; // open while connected

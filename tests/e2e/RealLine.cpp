@@ -1,7 +1,5 @@
 #include "e2e/RealLine.h"
 
-#include "values/Cyrillic.h"
-
 #include <QDir>
 #include <QTest>
 
@@ -26,7 +24,6 @@ QByteArray RecordingPort::Input()
 
 RealLine::RealLine()
 {
-    values::Inizialize_RUChr();
     QDir().mkpath(file(QStringLiteral("ports")));
     EXPECT_TRUE(connectPlant());
 }

@@ -42,9 +42,14 @@ protected:
         services.Write_Configuration = [this] {
             return note("write configuration of '" + session.DbName + "'"), true;
         };
-        services.Inizialize_RUChr = [this] { note("translation tables"); };
         services.anotherInstanceRuns = [this] { return note("instance?"), secondInstance; };
-        services.Connect_Database = [this](const QString& path) { return note("connect " + path), connects; };
+        services.folderIsClosed = [this] { return folderClosed; };
+        services.Connect_Database = [this](const QString& path) {
+            note("connect " + path);
+            if (leavesWhileConnecting)
+                main.Unload();
+            return connects;
+        };
         services.Disconnect_Database = [this] {
             note("disconnect");
             session.DbName.clear();
@@ -79,6 +84,8 @@ protected:
 
     bool configured = true;
     bool secondInstance = false;
+    bool folderClosed = false;
+    bool leavesWhileConnecting = false;
     bool connects = true;
     bool goesOn = false;
     QStringList steps;
@@ -113,10 +120,10 @@ TEST_F(MainTest, AFailureStandsUnderItsProceduresName)
 
 TEST_F(MainTest, StartsInItsOrderWithoutACompany)
 {
-    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
-                                   "unload frmPresentation", "instance?", "show frmVideoProperty",
-                                   "unload frmVideoProperty", "show frmMain", "disable frmTreeBus",
-                                   "disable frmListBus", "set port", "open port"));
+    EXPECT_THAT(run(),
+                ElementsAre("show frmPresentation", "read configuration", "unload frmPresentation",
+                            "instance?", "show frmVideoProperty", "unload frmVideoProperty", "show frmMain",
+                            "disable frmTreeBus", "disable frmListBus", "set port", "open port"));
     EXPECT_TRUE(goesOn);
     EXPECT_EQ(clock.elapsed(), 2000);
     EXPECT_FALSE(commands.buttonEnabled("Refresh"));
@@ -161,8 +168,8 @@ TEST_F(MainTest, AFirstRunTakesBothMarkersAndAsksTheLanguageOnce)
     makeMarker("Log/Readme_Log.txt");
     run();
     EXPECT_EQ(steps.count("modal frmLanguage"), 1);
-    EXPECT_EQ(steps.mid(0, 4), (QStringList{"show frmPresentation", "read configuration", "modal frmLanguage",
-                                            "translation tables"}));
+    EXPECT_EQ(steps.mid(0, 4),
+              (QStringList{"show frmPresentation", "read configuration", "modal frmLanguage"}));
     EXPECT_FALSE(QFile::exists(session.appFile("Data/Readme_Data.txt")));
     EXPECT_FALSE(QFile::exists(session.appFile("Log/Readme_Log.txt")));
     EXPECT_EQ(session.Language.ID, "IT_Italiano_1000");
@@ -222,13 +229,39 @@ TEST_F(MainTest, ASecondInstanceSaysSoAfterTheSplashAndEndsAtOnce)
 {
     secondInstance = true;
     op.expect(texts(580) + "\r\n" + texts(581));
-    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
-                                   "unload frmPresentation", "instance?"));
+    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "unload frmPresentation",
+                                   "instance?"));
     EXPECT_FALSE(goesOn);
     EXPECT_EQ(clock.elapsed(), 2000);
     ASSERT_EQ(op.boxes.size(), 1u);
     EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
     EXPECT_EQ(op.boxes[0].title, "Calidora");
+}
+
+TEST_F(MainTest, AFolderThatTakesNoFilesIsToldAndTheStartGoesOn)
+{
+    folderClosed = true;
+    const QString words = texts.own("start.closed").arg(QDir::toNativeSeparators(session.AppPath));
+    op.expect(words);
+    run();
+    EXPECT_TRUE(goesOn);
+    EXPECT_TRUE(op.done());
+    EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
+    EXPECT_EQ(op.boxes[0].title, "Calidora");
+    EXPECT_TRUE(steps.contains("show frmMain"));
+}
+
+// An Exit in a window that the start shows: there is nothing left to wait for, and the port stays closed.
+TEST_F(MainTest, LeavingInTheMiddleOfTheStartEndsIt)
+{
+    session.DbPath = "/plants";
+    session.DbName = "demo.mdb";
+    leavesWhileConnecting = true;
+    const std::vector<QString> seen = run();
+    EXPECT_FALSE(goesOn);
+    EXPECT_THAT(seen, testing::Not(testing::Contains("open port")));
+    EXPECT_THAT(seen, testing::Not(testing::Contains("set port")));
+    EXPECT_THAT(seen, testing::Contains("close port"));
 }
 
 TEST_F(MainTest, ClosingWithoutACompanySaysThatThereIsNone)

@@ -2,7 +2,6 @@
 
 #include "instrument/CompanyFile.h"
 #include "platform/TextFile.h"
-#include "values/Cyrillic.h"
 
 #include <QDir>
 
@@ -41,7 +40,6 @@ InstrumentPeer::~InstrumentPeer()
 
 BusFixture::BusFixture()
 {
-    values::Inizialize_RUChr();
     QDir(session.AppPath).mkpath(QStringLiteral("Log"));
     connectPlant();
     bus.Set_COMPort();

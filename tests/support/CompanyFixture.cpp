@@ -68,10 +68,12 @@ CompanyFixture::CompanyFixture()
     session.AppPath = folder_.path();
     session.DbPath = file(QStringLiteral("Data"));
     setLanguage(QStringLiteral("EN_English_2000"));
+    formerWords_ = platform::setWords([this](const QString& name) { return texts.own(name); });
 }
 
 CompanyFixture::~CompanyFixture()
 {
+    platform::setWords(formerWords_);
     failures.expectNone();
     EXPECT_EQ(op.unexpected, QStringList());
     EXPECT_TRUE(op.done()) << "the operator was asked less than the test expected";

@@ -2,6 +2,7 @@
 
 #include "database/Database.h"
 #include "platform/ScriptedOperator.h"
+#include "platform/Words.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
@@ -50,6 +51,7 @@ protected:
 
 private:
     QTemporaryDir folder_;
+    platform::Words formerWords_;
 };
 
 } // namespace support
