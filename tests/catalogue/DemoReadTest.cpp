@@ -70,7 +70,7 @@ TEST_P(DemoReadTest, takesDownTheCallThatComesInByItself)
     EXPECT_EQ(panels.picture(bus::Panel::Allarm), bus::images::kAlarm);
     QStringList alarms;
     for (const QString& line : logLines())
-        alarms << descriptionOf(line);
+        alarms << support::descriptionOf(line);
     EXPECT_TRUE(alarms.contains("TERMICA DEL VENTILATORE 3")) << alarms.join('\n').toStdString();
 }
 
