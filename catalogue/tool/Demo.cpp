@@ -27,6 +27,8 @@ private:
         const QStringList columns = columnsOf(line.text, line.origin);
         const QString& verb = columns[0];
         description_ = nullptr;
+        for (const QString& column : columns)
+            refuseTwoAlphabets(column, line);
         if (verb == "company")
             readCompany(columns, line);
         else if (verb == "plant")
@@ -86,7 +88,15 @@ private:
     {
         if (description_ == nullptr)
             refuse(line.origin, QStringLiteral("a description that belongs to nothing"));
+        refuseTwoAlphabets(line.text, line);
         *description_ = line.text;
+    }
+
+    static void refuseTwoAlphabets(const QString& text, const Line& line)
+    {
+        const QStringList words = wordsOfTwoAlphabets(text);
+        if (!words.isEmpty())
+            refuse(line.origin, QStringLiteral("Latin letters in the Cyrillic word \"%1\"").arg(words[0]));
     }
 
     DemoInstrument& instrument(const Line& line)

@@ -124,6 +124,7 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"value P020106 22:30:00\n", "\"22:30:00\" is no time such as 07:30"},
         Broken{"value P029008 \"CITTÀ\"\n", "\"CITTÀ\" cannot be the value of P029008"},
         Broken{"added P999999\n", "this instrument has no parameter \"P999999\""},
+        Broken{"instrument 12 NVC-210 \"СКЛAД\"\n", "Latin letters in the Cyrillic word \"СКЛAД\""},
         Broken{"call soon \"HOT\"\n", "\"soon\" is not a whole number"},
         Broken{"call 60\n", "\"call\" takes the seconds and at least one alarm"},
         Broken{"value P999999 1\n", "this instrument has no parameter \"P999999\""},
@@ -220,6 +221,9 @@ TEST(Demo, needsAPlantAndAnInstrument)
     folder.write("b.txt", "value P020101 1\n");
     EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("b.txt")); }),
               "b.txt:1: a value without an instrument above it");
+    folder.write("d.txt", "plant \"TWO\" \"\"\n  ДOМ\n");
+    EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("d.txt")); }),
+              "d.txt:2: Latin letters in the Cyrillic word \"ДOМ\"");
     folder.write("c.txt", "company Fax 1\n  TEXT\n");
     EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("c.txt")); }),
               "c.txt:2: a description that belongs to nothing");
