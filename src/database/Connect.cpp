@@ -2,6 +2,7 @@
 
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "session/Caption.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -91,7 +92,7 @@ bool Database::Connect_Database(const QString& path)
         emit progress(100);
         fillTree();
         structure_.selectNode(structure::kRootKey);
-        emit captionChanged(session_.AppTitle % u" - " % texts_(156) % u' ' % session_.DbName);
+        emit captionChanged(session::mainCaption(session_, texts_));
         return true;
     });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QStringList>
 
 namespace platform {
 class Operator;
@@ -18,7 +19,9 @@ class frmMessage : public QDialog
     Q_OBJECT
 
 public:
-    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op);
+    // `calls` are the plants that called, each with its time.
+    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op,
+               const QStringList& calls = {});
 };
 
 } // namespace dialogs

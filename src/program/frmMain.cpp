@@ -5,6 +5,7 @@
 #include "program/MainStatusBar.h"
 #include "program/MainToolbar.h"
 #include "program/MenuSet.h"
+#include "session/Caption.h"
 #include "session/CommandStates.h"
 #include "session/Main.h"
 #include "session/Session.h"
@@ -112,6 +113,12 @@ void frmMain::showCompany(bool open)
     focusPlant();
 }
 
+void frmMain::showCaption()
+{
+    setWindowTitle(mainCaption(with_.session, with_.texts));
+    staMain_->showUser(with_.session);
+}
+
 // Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.
 void frmMain::focusPlant()
 {
@@ -172,10 +179,7 @@ void frmMain::changeEvent(QEvent* event)
     tlbMain_->relabel();
     staMain_->relabel();
     empty_->relabel();
-    platform::guarded("Module/Set_Language", [this] {
-        if (!with_.session.DbName.isEmpty())
-            setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
-    });
+    platform::guarded("Module/Set_Language", [this] { showCaption(); });
     emit languageChanged();
 }
 

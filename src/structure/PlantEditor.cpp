@@ -47,6 +47,8 @@ PlantEditor::PlantEditor(const Surroundings& surroundings)
 void PlantEditor::New_Item()
 {
     guarded("Module/New_Item", [&] {
+        if (!mayModify())
+            return;
         const QString node = with_.structure.selectedNode();
         if (node.isEmpty())
             platform::fail(platform::errors::kObjectNotSet, QStringLiteral("No element is selected."));
@@ -145,7 +147,7 @@ void PlantEditor::Delete_Item()
 {
     guarded("Module/Delete_Item", [&] {
         const QString key = with_.structure.selectedItem();
-        if (key.isEmpty() || !deletionConfirmed() || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !deletionConfirmed() || key == kRootKey)
             return;
         const int row = with_.structure.list().rowOf(key);
         if (Erase_Item(key))
@@ -160,11 +162,16 @@ void PlantEditor::Delete_Node()
 {
     guarded("frmTreeBus/Delete_Node", [&] {
         const QString key = with_.structure.selectedNode();
-        if (key.isEmpty() || !deletionConfirmed() || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !deletionConfirmed() || key == kRootKey)
             return;
         Erase_Item(key);
         with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     });
+}
+
+bool PlantEditor::mayModify() const
+{
+    return session::rightOf(with_.session.CurrentUser.Modify);
 }
 
 bool PlantEditor::deletionConfirmed()

@@ -42,6 +42,8 @@ private:
     QString chooseType();
     void addParamGroupNodes(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
     void editNewItem(const QString& key);
+    // What the operator may not do is refused here too, not only closed in the menus.
+    bool mayModify() const;
     bool deletionConfirmed();
     void selectItemAt(int row);
 
