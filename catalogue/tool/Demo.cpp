@@ -10,6 +10,8 @@ namespace {
 const QStringList kCompanyColumns{"Company", "Address", "Postcode", "Locality", "Country",
                                   "Phone",   "Fax",     "EMail",    "WEB",      "VATNumber"};
 
+const QStringList kRights{"UpgradeDb", "Settings", "Modify", "EventViewer", "ReadWrite"};
+
 class DemoParser
 {
 public:
@@ -31,6 +33,8 @@ private:
             refuseTwoAlphabets(column, line);
         if (verb == "company")
             readCompany(columns, line);
+        else if (verb == "user")
+            readUser(columns, line);
         else if (verb == "plant")
             readPlant(columns, line);
         else if (verb == "instrument")
@@ -55,6 +59,19 @@ private:
         if (!kCompanyColumns.contains(columns[1]))
             refuse(line.origin, QStringLiteral("a company has no \"%1\"").arg(columns[1]));
         demo_.company[columns[1]] = value;
+    }
+
+    // user 1 "NAME" "password" and any number of rights
+    void readUser(const QStringList& columns, const Line& line)
+    {
+        if (columns.size() < 4)
+            refuse(line.origin, QStringLiteral("\"user\" takes at least 3 columns"));
+        const QStringList rights = columns.mid(4);
+        for (const QString& right : rights) {
+            if (!kRights.contains(right))
+                refuse(line.origin, QStringLiteral("there is no right \"%1\"").arg(right));
+        }
+        demo_.users.push_back({columns[1], columns[2], columns[3], rights});
     }
 
     // plant "NAME" "phone number"

@@ -47,6 +47,8 @@ void Console::ReadWrite_Node()
 void Console::openOn(const QString& key, const char* procedure)
 {
     guarded(procedure, [&] {
+        if (!session::rightOf(session_.CurrentUser.ReadWrite))
+            return;
         const int status = session_.COMPort.Status;
         if (status == -1 || status == 2) {
             session_.strMsg = texts_(status == -1 ? 569 : 571) + kLineBreak + texts_(568);

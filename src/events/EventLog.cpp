@@ -78,6 +78,8 @@ void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QS
 void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                             const QString& Instrument, const QString& Description)
 {
+    if (Source == kAlarms && onAlarm)
+        onAlarm(When, Equipment);
     guarded("Module/Add_Event_Db", [&] {
         session_.strSQL =
             QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "

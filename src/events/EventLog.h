@@ -49,6 +49,8 @@ public:
     // next one. Fails as any statement does: called inside a procedure.
     void deleteEvents();
 
+    // Receives each alarm that a plant reports, before it is stored.
+    std::function<void(const QDateTime& when, const QString& plant)> onAlarm;
     // Receives each line of the console's list.
     std::function<void(const QString& when, const QString& description)> onLine;
 

@@ -13,6 +13,10 @@ void Program::registerCommands()
     handlers_.set("NewDb", [this] { database_.New_Database(); });
     handlers_.set("OpenDb", [this] { database_.Open_Database(); });
     handlers_.set("CloseDb", [this] { main_.Close_Database(); });
+    handlers_.set("Users", [this] { with_.op.showFormModal("frmUsers"); });
+    handlers_.set("Settings", [this] { settings_.show(); });
+    handlers_.set("About", [this] { with_.op.showFormModal("frmInfo"); });
+    handlers_.set("Enter", [this] { main_.LogInOut(); });
     handlers_.set("Exit", [this] { main_.leave(); });
 
     handlers_.set("Tree", [this] { structure_.Hide_TreeBus(); });
@@ -54,6 +58,7 @@ void Program::registerCommands()
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
+    handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");

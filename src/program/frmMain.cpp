@@ -126,6 +126,12 @@ void frmMain::showCompany(bool open)
     focusPlant();
 }
 
+void frmMain::showCaption()
+{
+    setWindowTitle(mainCaption(with_.session, with_.texts));
+    staMain_->showUser(with_.session);
+}
+
 // Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.
 void frmMain::focusPlant()
 {
@@ -186,8 +192,7 @@ void frmMain::changeEvent(QEvent* event)
     tlbMain_->relabel();
     staMain_->relabel();
     empty_->relabel();
-    platform::guarded("Module/Set_Language",
-                      [this] { setWindowTitle(mainCaption(with_.session, with_.texts)); });
+    platform::guarded("Module/Set_Language", [this] { showCaption(); });
     emit languageChanged();
 }
 

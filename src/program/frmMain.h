@@ -52,6 +52,8 @@ public:
     // A company is open, or none: the children, or the next steps in their place.
     void showCompany(bool open);
     void focusPlant();
+    // Company and operator, in the caption and in the status bar.
+    void showCaption();
 
 signals:
     void closed();

@@ -6,7 +6,7 @@
 
 namespace session {
 
-// The main window's caption: the program's title and, while a company is open, its name.
+// The main window's: the program, the company that is open, the operator who works with it.
 QString mainCaption(const Session& session, const Texts& texts);
 
 } // namespace session

@@ -170,7 +170,7 @@ std::vector<MenuEntry> popupToolbar()
 void CommandHandlers::run(const QString& command) const
 {
     const auto found = handlers_.find(command);
-    if (found != handlers_.end())
+    if (found != handlers_.end() && (!permitted_ || permitted_(command)))
         found->second();
 }
 

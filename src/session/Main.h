@@ -31,6 +31,15 @@ struct MainServices
     std::function<bool()> Set_COMPort;
     std::function<bool()> Open_COMConnection;
     std::function<bool()> Close_COMConnection;
+    // Gives a company that has no operator at all its built-in one.
+    std::function<void()> makeSureOfAnOperator;
+    // Selects the root of the tree, and walks up from it.
+    std::function<void()> selectAboveRoot;
+    // The tree's menus by its selected node.
+    std::function<void()> applyTreeMenus;
+    std::function<void()> showCaption;
+    // The process ends, whatever windows stand.
+    std::function<void()> endProgram;
 };
 
 // The program's beginning and end: start-up in its order, the company commands of the File menu that close,
@@ -54,10 +63,16 @@ public:
     // already in a window of the start.
     bool run();
 
-    // A company has been connected: somebody works with it from here on.
+    // A company has been connected: nobody works with it before the login.
     void companyConnected();
-    // A command's connect failed and was cleaned up, or nobody logged in.
+    // No company is open any more.
     void companyLost();
+    // mnuEnter and the toolbar's "Enter": another operator, or none.
+    void LogInOut();
+    // The login let an operator in.
+    void loggedIn();
+    // The login's own Exit: at once, without a question.
+    void endProgram();
     void Close_Database();
 
     // mnuExit and the toolbar's "Exit": asks, and unloads the main window by code.
@@ -71,7 +86,8 @@ private:
     void takeFirstRunMarkers();
     bool start();
     void openLastCompany();
-    bool confirmed(int text);
+    void askForLogin();
+    bool confirmed(const QString& question);
 
     Session& session_;
     const Texts& texts_;

@@ -23,8 +23,19 @@ TEST(DemoCompany, isOneCustomerWithSixPlants)
     EXPECT_GE(count(company, "SELECT Count(*) FROM tbInstrumentsUser"), 40);
     EXPECT_EQ(
         count(company, "SELECT Count(*) FROM tbCompanySettings WHERE Company <> '' AND VATNumber <> ''"), 1);
-    EXPECT_EQ(count(company, "SELECT Count(*) FROM tbUsers"), 0);
     EXPECT_EQ(count(company, "SELECT Count(*) FROM tbInstrumentsUser WHERE IDItem = 'ALIEN'"), 0);
+}
+
+// An administrator, somebody who may do everything else, somebody who may do nothing.
+TEST(DemoCompany, hasOperatorsThatShowTheRights)
+{
+    SQLite::Database company = opened(published().company);
+    EXPECT_EQ(
+        column(company,
+               "SELECT IDUser || ' ' || Name || ' ' || coalesce(Password, 'none') || ' ' || State || "
+               "UpgradeDb || Settings || Modify || EventViewer || ReadWrite FROM tbUsers "
+               "ORDER BY IDUser"),
+        QStringList({"0 ADMINISTRATOR none 000000", "1 TECNICO 1234 0-1-1-1-1-1", "2 OSPITE none 000000"}));
 }
 
 TEST(DemoCompany, givesEveryInstrumentAllParametersOfItsType)
@@ -135,6 +146,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"changed P020501 2.5\n", "P020501 can only be read"},
         Broken{"colour P020501 red\n", "\"colour\" means nothing here"},
         Broken{"value P020501\n", "\"value\" takes 2 columns"},
+        Broken{"user 1 \"X\"\n", "\"user\" takes at least 3 columns"},
+        Broken{"user 1 \"X\" \"\" Fly\n", "there is no right \"Fly\""},
         Broken{"company Colour red\n", "a company has no \"Colour\""}));
 
 // A newcomer mends all of it in one go.

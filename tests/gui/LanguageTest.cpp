@@ -113,7 +113,8 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
         EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), texts(290));
         EXPECT_EQ(control<QPushButton>("emptyOpen")->text(), texts.own("empty.open"));
         EXPECT_EQ(plant().list().columnCaptions(), (QStringList{texts(102), texts(106), texts(103)}));
-        EXPECT_EQ(window()->windowTitle(), "Calidora - " + texts(156) + " Plant.mdb");
+        EXPECT_EQ(window()->windowTitle(),
+                  "Calidora - " + texts(156) + " Plant.mdb - " + texts(59) + " TECHNICIAN");
         EXPECT_EQ(warning->text(), texts(144));
     }
     EXPECT_EQ(warning->text(), before);

@@ -1,5 +1,7 @@
 #include "support/CompanyFixture.h"
 
+#include "users/UserTable.h"
+
 #include <QDir>
 #include <QFile>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -88,6 +90,21 @@ bool CompanyFixture::connectTo(const QString& name)
 {
     session.DbName = name;
     return database.Connect_Database(session.dbFile());
+}
+
+bool CompanyFixture::logIn(const QString& IDUser, const QString& password)
+{
+    users::requery(session);
+    return gate.SearchUser(IDUser, password);
+}
+
+void CompanyFixture::setRight(const QString& right, const QString& stored)
+{
+    runOnPlant(
+        QStringLiteral("UPDATE tbUsers SET %1 = '%2' WHERE IDUser = '%3'").arg(right, stored, kTechnician));
+    if (session.cnDatabase.State() == platform::Connection::Opened) {
+        EXPECT_TRUE(logIn(kTechnician));
+    }
 }
 
 } // namespace support
