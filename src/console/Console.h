@@ -49,8 +49,10 @@ public:
     void ReadWrite_Item();
     void ReadWrite_Node();
 
+    // The item that the window is to be opened on.
+    const QString& chosenKey() const { return key_; }
     // The window loads and unloads.
-    void load();
+    void load(const QString& key);
     void unload();
     // Whether the window may be closed by its own close box.
     bool mayClose() const;
@@ -80,7 +82,8 @@ private:
     void openOn(const QString& key, const char* procedure);
     bool otherGroupConnected();
     void sayConnected();
-    bool openOperation(const QString& statement);
+    void sayTooLate();
+    void refuse(const QString& message);
 
     session::Session& session_;
     const session::Texts& texts_;
@@ -90,7 +93,8 @@ private:
     events::EventLog& events_;
     bus::Bus& bus_;
     ConsoleModel& model_;
-    structure::KeyParts item_;
+    QString key_;
+    structure::KeyParts item_; // its parts
 };
 
 } // namespace console

@@ -58,6 +58,8 @@ public:
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
     std::function<void()> onBeep;
+    // What happens while a box stands.
+    std::function<void(const QString& text)> onBox;
 
 private:
     QString nextFile(const FileRequest& request);

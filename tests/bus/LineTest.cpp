@@ -41,7 +41,7 @@ TEST_F(LineTest, APortThatOpensIsIdle)
 
 TEST_F(LineTest, OpeningAnOpenPortLeavesTheStatusUntouched)
 {
-    session.COMPort.Status = 2;
+    session.COMPort.Status = session::kBusy;
     EXPECT_TRUE(bus.Open_COMConnection());
     EXPECT_EQ(status(), 2);
 }
@@ -52,7 +52,7 @@ TEST_F(LineTest, ClosingShowsItAndClosingTwiceChangesNothing)
     EXPECT_FALSE(port.PortOpen());
     EXPECT_EQ(status(), -1);
     EXPECT_EQ(panels.picture(Panel::COMSet), images::kPortClosed);
-    session.COMPort.Status = 0;
+    session.COMPort.Status = session::kLineIdle;
     panels.setPicture(Panel::COMSet, images::kRest);
     EXPECT_TRUE(bus.Close_COMConnection());
     EXPECT_EQ(status(), 0);

@@ -37,7 +37,7 @@ TEST_F(SequenceReadTest, OneParameterOnALiveConnection)
     EXPECT_EQ(status(), 1);
     EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
     EXPECT_FALSE(model.progressVisible());
-    EXPECT_EQ(session.rsWork.State(), platform::Recordset::Closed);
+    EXPECT_FALSE(bus.isOperating());
     EXPECT_EQ(logged(),
               QStringList({"--- Reading process start ---",
                            "Group parameters detected: [Measures] - parameter: [EN PR1]",
@@ -195,20 +195,6 @@ TEST_F(SequenceReadTest, AFieldThatFitsNoByteStopsThePassUntilEscape)
     console.Read_Param();
     clock.run(60000);
     failures.expectOne(platform::errors::kInvalidCall, "frmMain.tmrAction_Timer");
-    EXPECT_TRUE(frames().isEmpty());
-    EXPECT_EQ(status(), 2);
-    bus.abandonOperation();
-    EXPECT_EQ(status(), 1);
-}
-
-TEST_F(SequenceReadTest, ARecordsetClosedUnderThePassStopsItUntilEscape)
-{
-    openConsole("3_1_1_G01");
-    connectByHand();
-    console.Read_Param();
-    session.rsWork.Close();
-    arrives("early bytes");
-    clock.run(60000);
     EXPECT_TRUE(frames().isEmpty());
     EXPECT_EQ(status(), 2);
     bus.abandonOperation();

@@ -61,8 +61,7 @@ instrument::VirtualInstrument& BusFixture::plugIn(instrument::LinkMode link)
 
 void BusFixture::openConsole(const QString& key)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
 }
 
 void BusFixture::connectOverModem()

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace platform {
+class Recordset;
+}
+namespace session {
+class Texts;
+}
+
+namespace bus {
+
+// A whole number of the catalogue: a command, an address, a size. The catalogue keeps some as texts. One that
+// is missing or isn't numeric fails, so that nothing is sent that nobody chose.
+int catalogueNumber(const platform::Recordset& record, const char* field, const session::Texts& texts);
+
+} // namespace bus
