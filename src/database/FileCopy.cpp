@@ -1,16 +1,20 @@
 #include "database/FileCopy.h"
 
+#include "platform/Connection.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
+#include <algorithm>
 
 namespace database {
 
 namespace {
 
 constexpr qint64 kChunk = 1 << 20;
+constexpr QFile::Permissions kCompanyRights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+const char* const kJournals[] = {"-journal", "-wal", "-shm"};
 
 [[noreturn]] void failOnFile(const QString& path, const QFileDevice& file)
 {
@@ -19,9 +23,24 @@ constexpr qint64 kChunk = 1 << 20;
                    QStringLiteral("'%1': %2").arg(QDir::toNativeSeparators(path), file.errorString()));
 }
 
+// What an interrupted program left beside a company is played into it, so that it stands whole without. A
+// file that is no company stays as it is.
+void settleJournals(const QString& path)
+{
+    const bool any = std::any_of(std::begin(kJournals), std::end(kJournals), [&](const char* suffix) {
+        return QFile::exists(path + QLatin1String(suffix));
+    });
+    if (!any)
+        return;
+    try {
+        platform::Connection().Open(QStringLiteral("Data Source = ") + path);
+    } catch (const platform::RuntimeError&) {
+    }
+}
+
 void removeJournals(const QString& path)
 {
-    for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+    for (const char* suffix : kJournals) {
         QFile journal(path + QLatin1String(suffix));
         if (journal.exists() && !journal.remove())
             failOnFile(journal.fileName(), journal);
@@ -48,10 +67,13 @@ void copyDatabaseFile(const QString& source, const QString& target)
     // The commit itself doesn't tell that its own last write failed: a full disk must show here.
     if (!to.flush())
         failOnFile(target, to);
-    // Before the new file takes its place, never after: a journal of the old one must not be played into it.
-    removeJournals(target);
+    to.setPermissions(kCompanyRights);
+    // Not a moment may the new file stand beside a journal of the old one that can be played into it; and
+    // until the new one has its place, the old one needs its journal.
+    settleJournals(target);
     if (!to.commit())
         failOnFile(target, to);
+    removeJournals(target);
 }
 
 } // namespace database

@@ -1,14 +1,15 @@
 #include "database/FileCopy.h"
 
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
+#include "support/FullDisk.h"
 #include "support/QtPrinters.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 using database::copyDatabaseFile;
 
@@ -36,29 +37,6 @@ private:
     QTemporaryDir folder_;
 };
 
-// Files beyond the size fail to be written, as on a disk that is full.
-class SmallDisk
-{
-public:
-    explicit SmallDisk(rlim_t bytes) : formerHandler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit small{bytes, former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &former_);
-        std::signal(SIGXFSZ, formerHandler_);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-
-private:
-    rlimit former_{};
-    void (*formerHandler_)(int);
-};
-
 TEST_F(FileCopyTest, CopiesEveryByte)
 {
     QByteArray bytes(3 * 1024 * 1024 + 7, '\0');
@@ -78,6 +56,19 @@ TEST_F(FileCopyTest, ACopyOfAReadOnlyModelCanBeWritten)
     EXPECT_TRUE(QFile::permissions(path("company")) & QFile::WriteOwner);
 }
 
+TEST_F(FileCopyTest, OwnerAndGroupAloneReadACompany)
+{
+    write("model", "bytes");
+    write("company", "old");
+    QFile::setPermissions(path("company"), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    for (const char* target : {"company", "new"}) {
+        copyDatabaseFile(path("model"), path(target));
+        EXPECT_EQ(QFile::permissions(path(target)), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser |
+                                                        QFile::WriteUser | QFile::ReadGroup)
+            << target;
+    }
+}
+
 TEST_F(FileCopyTest, TheOldFilesJournalsGoWithIt)
 {
     write("model", "new");
@@ -94,11 +85,60 @@ TEST_F(FileCopyTest, AFullDiskLeavesTheOldFileAndItsJournal)
     write("company", "old");
     write("company-journal", "old");
     {
-        const SmallDisk disk(1024 * 1024);
+        const support::FullDisk disk(1024 * 1024);
         EXPECT_THROW(copyDatabaseFile(path("model"), path("company")), platform::RuntimeError);
     }
     EXPECT_EQ(read("company"), "old");
     EXPECT_EQ(names(), (QStringList{"company", "company-journal", "model"}));
+}
+
+// A name so long that the new file can be written beside it, but not brought to its place.
+TEST_F(FileCopyTest, ACopyThatCantTakeItsPlaceLeavesTheOldFileAndItsJournal)
+{
+    const QString company(250, 'c');
+    write("model", "new");
+    write(company, "old");
+    write(company + "-shm", "old");
+    EXPECT_THROW(copyDatabaseFile(path("model"), path(company)), platform::RuntimeError);
+    EXPECT_EQ(read(company), "old");
+    EXPECT_EQ(names(), (QStringList{company, company + "-shm", "model"}));
+}
+
+// A program was killed in the middle of its work: its journal waits beside the company.
+TEST_F(FileCopyTest, AnInterruptedCompanyIsWholeBeforeTheCopyTakesItsPlace)
+{
+    write("company", "");
+    write("model", "new");
+    {
+        platform::Connection connection;
+        connection.Open("Data Source = " + path("company"));
+        connection.Execute("CREATE TABLE t (x); INSERT INTO t VALUES ('kept'); PRAGMA cache_size = 1;");
+        connection.BeginTrans();
+        connection.Execute("UPDATE t SET x = 'lost';");
+        connection.Execute("CREATE TABLE filler (x); INSERT INTO filler SELECT randomblob(500) FROM t, "
+                           "(WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+                           "SELECT i FROM n);");
+        QFile::copy(path("company"), path("killed"));
+        QFile::copy(path("company-journal"), path("killed-journal"));
+        connection.RollbackTrans();
+    }
+    ASSERT_GT(read("killed-journal").size(), 1000);
+    ASSERT_GT(read("killed").size(), read("company").size());
+    QFile::copy(path("killed"), path("copied"));
+    QFile::copy(path("killed-journal"), path("copied-journal"));
+    {
+        const support::FullDisk disk(1);
+        EXPECT_THROW(copyDatabaseFile(path("model"), path("killed")), platform::RuntimeError);
+    }
+    platform::Connection connection;
+    connection.Open("Data Source = " + path("killed"));
+    platform::Recordset rows;
+    rows.Open("SELECT x FROM t", connection);
+    EXPECT_EQ(rows.text("x"), "kept");
+
+    copyDatabaseFile(path("model"), path("copied"));
+    EXPECT_EQ(read("copied"), "new");
+    EXPECT_FALSE(QFile::exists(path("copied-journal")));
 }
 
 TEST_F(FileCopyTest, AMissingSourceOrFolderFailsWithTheFilesName)
