@@ -15,9 +15,9 @@
 
 namespace bus {
 
-using platform::errors::kInvalidCall;
 using platform::fail;
 using platform::Recordset;
+using platform::errors::kInvalidCall;
 
 // More than mSize bytes are an answer. What lies behind the first mSize is dropped.
 bool Transfer::takeAnswer()

@@ -12,8 +12,9 @@ int catalogueNumber(const platform::Recordset& record, const char* field, const 
     bool isNumber = false;
     const int number = value.toString().trimmed().toInt(&isNumber);
     if (!isNumber)
-        platform::fail(platform::errors::kTypeMismatch, texts.own(QStringLiteral("catalogue.number"))
-                                                            .arg(QLatin1String(field), value.toString()));
+        platform::fail(
+            platform::errors::kTypeMismatch,
+            texts.own(QStringLiteral("catalogue.number")).arg(QLatin1String(field), value.toString()));
     return number;
 }
 

@@ -22,8 +22,7 @@ bool ComPort::Set_COMPort()
         port.setCommPort(wanted.Port + 1);
         port.setSettings(settings);
         port.setHandshaking(wanted.FlowCtrl);
-        line_.staMain.setText(Panel::COMSet,
-                              QStringLiteral("COM%1:%2").arg(port.CommPort()).arg(settings));
+        line_.staMain.setText(Panel::COMSet, QStringLiteral("COM%1:%2").arg(port.CommPort()).arg(settings));
         return true;
     });
 }

@@ -121,8 +121,7 @@ bool IncomingCall::save()
 {
     if (!isTaken())
         return false;
-    const AlarmBlock block =
-        line_.code == ActionCode::SecondBlock ? AlarmBlock::Second : AlarmBlock::First;
+    const AlarmBlock block = line_.code == ActionCode::SecondBlock ? AlarmBlock::Second : AlarmBlock::First;
     const QString text = platform::decode(std::exchange(line_.strReceive, {}), line_.session.CodePage);
     // What the block still lacks is nobody's failure here.
     if (storeEvents(parseAlarmBlock(text, block).rows, line_.events, line_.clock.now()) > 0)

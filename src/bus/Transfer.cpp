@@ -145,8 +145,7 @@ void Transfer::requestOldByte()
 
 void Transfer::requestParameter()
 {
-    const QByteArray frame =
-        readRequest(address(), number("mReadCmd"), number("mAddr"), number("mSize"));
+    const QByteArray frame = readRequest(address(), number("mReadCmd"), number("mAddr"), number("mSize"));
     log(line_.texts(550) + QLatin1Char(' ') + rsWork_.text("mSize") + QLatin1Char(' ') + line_.texts(551) +
         QLatin1Char(' ') + rsWork_.text("mAddr") + QLatin1Char(' ') + line_.texts(552) + QLatin1Char(' ') +
         rsWork_.text("Address"));

@@ -53,6 +53,15 @@ Console::Console(const Surroundings& with)
     };
 }
 
+void Console::work(const char* procedure, const std::function<void()>& command)
+{
+    {
+        const FailureQueue::Holding holding(failures_);
+        guarded(procedure, command);
+    }
+    failures_.tell();
+}
+
 void Console::ReadWrite_Item()
 {
     openOn(structure_.selectedItem(), "Module/ReadWrite_Item");
@@ -115,7 +124,7 @@ bool Console::mayClose() const
 
 void Console::Connect()
 {
-    guarded("frmReadWrite/Connect", [&] {
+    work("frmReadWrite/Connect", [&] {
         const session::LineStatus status = session_.COMPort.Status;
         if (status == session::kConnected || status == session::kBusy)
             return sayConnected();
@@ -137,7 +146,7 @@ void Console::Connect()
 
 void Console::Disconnect()
 {
-    guarded("frmReadWrite/Disconnect", [&] {
+    work("frmReadWrite/Disconnect", [&] {
         if (session_.COMPort.Status == session::kLineIdle)
             return refuse(texts_(539));
         bus_.lowerLink();
@@ -230,7 +239,7 @@ bool Console::otherGroupConnected()
 
 void Console::Read_Param()
 {
-    guarded("frmReadWrite/Read_Param", [&] {
+    work("frmReadWrite/Read_Param", [&] {
         if (otherGroupConnected())
             return;
         const bool banks = item_.IDParGrp.isEmpty() && item_.IDPar.isEmpty();
@@ -245,7 +254,7 @@ void Console::Read_Param()
 
 void Console::Write_Param()
 {
-    guarded("frmReadWrite/Write_Param", [&] {
+    work("frmReadWrite/Write_Param", [&] {
         if (otherGroupConnected())
             return;
         const QString filter = bus::operationFilter(item_.IDGrp, item_.IDInst, item_.IDParGrp, item_.IDPar);
@@ -288,10 +297,8 @@ void Console::interrupt()
         // The line goes on behind the box: an answer about a state that is over does nothing.
         if (bus_.changes() != state)
             return sayTooLate();
-        if (answer == answers::kYes)
-            bus_.abandonOperation();
-        else
-            bus_.truncateConnection();
+        work("frmReadWrite.lvwItems_KeyDown",
+             [&] { answer == answers::kYes ? bus_.abandonOperation() : bus_.truncateConnection(); });
     });
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/Guard.h"
 #include "structure/NodeKey.h"
 
 #include <QString>
+#include <functional>
 
 namespace platform {
 class Clock;
@@ -79,6 +81,9 @@ public:
     QString itemPath() const;
 
 private:
+    // Runs a command on the line; what fails in it is told when its work is done, as nothing may come in
+    // between.
+    void work(const char* procedure, const std::function<void()>& command);
     void openOn(const QString& key, const char* procedure);
     bool otherGroupConnected();
     void sayConnected();
@@ -93,6 +98,7 @@ private:
     events::EventLog& events_;
     bus::Bus& bus_;
     ConsoleModel& model_;
+    platform::FailureQueue failures_;
     QString key_;
     structure::KeyParts item_; // its parts
 };

@@ -12,11 +12,13 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPointer>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QToolBar>
@@ -82,8 +84,10 @@ QMenuBar* frmReadWrite::makeMenus()
     mnuFile_ = bar->addMenu(QStringLiteral("File"));
     mnuFile_->setObjectName("mnuFile");
     setTag(mnuFile_, 108);
-    mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, &Console::Connect);
-    mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, &Console::Disconnect);
+    mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, nullptr);
+    connect(mnuConnect_, &QAction::triggered, this, [this] { runSettled(&Console::Connect); });
+    mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, nullptr);
+    connect(mnuDisconnect_, &QAction::triggered, this, [this] { runSettled(&Console::Disconnect); });
     mnuFile_->addSeparator();
     mnuAutoDisconnect_ = addCommand(*mnuFile_, "mnuAutoDisconnect", 270, &Console::Set_AutoDisconnect);
     mnuAutoDisconnect_->setCheckable(true);
@@ -110,6 +114,23 @@ QAction* frmReadWrite::addCommand(QMenu& menu, const char* name, int tag, void (
     if (command)
         connect(action, &QAction::triggered, this, [this, command] { (console_.*command)(); });
     return action;
+}
+
+void frmReadWrite::runSettled(void (Console::*command)())
+{
+    if (settling_)
+        return;
+    settling_ = true;
+    const auto run = [this, command] {
+        const QPointer<frmReadWrite> window(this);
+        QGuiApplication::sync();
+        if (!window)
+            return;
+        settling_ = false;
+        if (isVisible())
+            (console_.*command)();
+    };
+    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
 }
 
 QToolBar* frmReadWrite::makeToolbar()
@@ -236,6 +257,7 @@ QWidget* frmReadWrite::makeStatusBar()
     auto* bar = new QStatusBar(this);
     bar->setObjectName("staReadWrite");
     comSetPicture_ = new QLabel(bar);
+    comSetPicture_->setObjectName("COMSetPicture");
     comSetText_ = new QLabel(bar);
     comSetText_->setObjectName("COMSet");
     info_ = new QLabel(bar);

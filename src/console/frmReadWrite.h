@@ -62,6 +62,8 @@ private:
     QWidget* makeConcerns();
     QWidget* makeStatusBar();
     QAction* addCommand(QMenu& menu, const char* name, int tag, void (Console::*command)());
+    // Runs a command that may hold the program for seconds when menus have closed and the window is painted.
+    void runSettled(void (Console::*command)());
     QAction* addButton(QToolBar& toolbar, const char* key, const QString& icon, int tag, QAction* command);
 
     void showCommands();
@@ -92,6 +94,7 @@ private:
     QProgressBar* prgLoad_;
     QLabel *comSetPicture_, *comSetText_, *info_;
     QTimer tmrRefresh_;
+    bool settling_ = false;
 };
 
 } // namespace console

@@ -55,17 +55,23 @@ private:
     QString line_;
 };
 
+QString logLine(const QString& IDType, const QDateTime& When, const QString& Source, const QString& Equipment,
+                const QString& Instrument, const QString& Description, int codePage)
+{
+    return LineWriter(codePage)
+        .field(IDType, 1)
+        .field(When.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
+        .field(Source, 3)
+        .field(Equipment, 50)
+        .field(Instrument, 50)
+        .field(Description, 255)
+        .line();
+}
+
 QString logLine(const Recordset& event, int codePage)
 {
-    const QDateTime when = storedDate(event.text("Date_Reg"));
-    return LineWriter(codePage)
-        .field(event.text("IDType"), 1)
-        .field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
-        .field(event.text("Source"), 3)
-        .field(event.text("Equipment"), 50)
-        .field(event.text("Instrument"), 50)
-        .field(event.text("Description"), 255)
-        .line();
+    return logLine(event.text("IDType"), storedDate(event.text("Date_Reg")), event.text("Source"),
+                   event.text("Equipment"), event.text("Instrument"), event.text("Description"), codePage);
 }
 
 } // namespace
@@ -87,6 +93,11 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
                             const QString& Instrument, const QString& Description)
 {
     guarded("Module/Add_Event_Db", [&] {
+        if (!hasCompany()) {
+            kept_ << logLine(QString::number(IDType), When, QString::number(Source), Equipment, Instrument,
+                             Description, session_.CodePage);
+            return;
+        }
         session_.strSQL =
             QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
                            "Description) VALUES(") +
@@ -116,22 +127,32 @@ void EventLog::CreateLog_App()
     guarded("Module/CreateLog_App", [&] {
         BusyPointer busy(operator_);
         Recordset rows;
-        rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
-        if (rows.RecordCount() == 0)
+        if (hasCompany())
+            rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
+        if (rows.RecordCount() == 0 && kept_.isEmpty())
             return;
         const QString name =
             QStringLiteral("Log/%1_%2.log")
                 .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
         TextWriter file(session_.appFile(name), session_.CodePage);
+        for (const QString& line : std::as_const(kept_))
+            file.WriteLine(line);
         for (; !rows.Eof(); rows.MoveNext())
             file.WriteLine(logLine(rows, session_.CodePage));
         file.commit();
+        kept_.clear();
     });
 }
 
 void EventLog::deleteEvents()
 {
-    session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    if (hasCompany())
+        session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+}
+
+bool EventLog::hasCompany() const
+{
+    return session_.cnDatabase.State() == Connection::Opened;
 }
 
 } // namespace events

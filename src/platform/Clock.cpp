@@ -38,8 +38,9 @@ double waitOnDayClock(Clock& clock, double seconds)
 
 void awaitRoomInTheDay(Clock& clock, double seconds)
 {
+    constexpr int kMillisecondsOfDay = int(kSecondsOfDay) * 1000;
     while (reachesMidnight(clock, seconds))
-        clock.block(kSecondsOfDay - clock.secondsSinceMidnight());
+        clock.block((kMillisecondsOfDay - clock.now().time().msecsSinceStartOfDay()) / 1000.0);
 }
 
 } // namespace platform

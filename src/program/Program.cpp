@@ -72,6 +72,7 @@ void Program::listen()
     connect(&structure_, &Structure::viewChanged, this, [this] { commands_.refreshMarks(); });
     connect(&structure_, &Structure::propertyWanted, this, [this] { handlers_.run("Property"); });
 
+    connect(&database_, &database::Database::aboutToDisconnect, this, [this] { bus_.cutLine(); });
     connect(&database_, &database::Database::connected, this, [this] { main_.companyConnected(); });
     // What stands in the two windows is of the company that was open.
     connect(&database_, &database::Database::captionChanged, this, [this] {

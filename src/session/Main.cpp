@@ -128,7 +128,7 @@ void Main::Close_Database()
             operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
             return;
         }
-        if (!confirmed(503))
+        if (!confirmed(texts_(503)))
             return;
         services_.Disconnect_Database();
         operator_.unloadAllForms();
@@ -139,7 +139,7 @@ void Main::Close_Database()
 void Main::leave()
 {
     platform::guarded("frmMain.mnuExit_Click", [&] {
-        if (!confirmed(524))
+        if (!confirmedLeaving())
             return;
         closingByCode_ = true;
         operator_.unloadForm("frmMain");
@@ -149,7 +149,7 @@ void Main::leave()
 bool Main::QueryUnload()
 {
     bool allowed = true;
-    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmed(524); });
+    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmedLeaving(); });
     return allowed;
 }
 
@@ -163,9 +163,18 @@ void Main::Unload()
     });
 }
 
-bool Main::confirmed(int text)
+// A connection that is open would be cut: the question says so in a line of its own.
+bool Main::confirmedLeaving()
 {
-    session_.Answer = operator_.messageBox(texts_(text), Buttons::YesNo, Icon::Question, session_.AppTitle);
+    QString question = texts_(524);
+    if (session_.COMPort.Status > kLineIdle)
+        question += "\r\n" + texts_.own("exit.connected");
+    return confirmed(question);
+}
+
+bool Main::confirmed(const QString& question)
+{
+    session_.Answer = operator_.messageBox(question, Buttons::YesNo, Icon::Question, session_.AppTitle);
     return session_.Answer == platform::answers::kYes;
 }
 

@@ -69,7 +69,8 @@ private:
     void takeFirstRunMarkers();
     bool start();
     void openLastCompany();
-    bool confirmed(int text);
+    bool confirmedLeaving();
+    bool confirmed(const QString& question);
 
     Session& session_;
     const Texts& texts_;

@@ -175,4 +175,41 @@ TEST_F(LineTest, TheLineServesAgainWhenThePortIsBack)
     EXPECT_EQ(status(), 1);
 }
 
+TEST_F(LineTest, SettingsThatThePortRefusesAreFalse)
+{
+    using Settings = session::COMPortSettings;
+    const std::pair<const char*, qint16 Settings::*> fields[] = {{"speed", &Settings::Speed},
+                                                                 {"data bits", &Settings::DataBit},
+                                                                 {"parity", &Settings::Parity},
+                                                                 {"stop bits", &Settings::StopBit},
+                                                                 {"handshaking", &Settings::FlowCtrl}};
+    for (const auto& [name, field] : fields)
+        for (const qint16 value : {qint16(-1), qint16(99)}) {
+            session.COMPort = {};
+            session.COMPort.*field = value;
+            EXPECT_FALSE(bus.Set_COMPort()) << name;
+            failures.expectOne(errors::kInvalidCall, "Module/Set_COMPort");
+            EXPECT_EQ(panels.text(Panel::COMSet), "COM1:2400,N,8,1") << "what is in force";
+            EXPECT_EQ(port.Settings(), name == QByteArray("handshaking") ? "2400,N,8,1" : port.Settings());
+        }
+    for (qint16 handshaking = 0; handshaking <= 3; ++handshaking) {
+        session.COMPort = {};
+        session.COMPort.FlowCtrl = handshaking;
+        EXPECT_TRUE(bus.Set_COMPort());
+        EXPECT_EQ(port.Handshaking(), handshaking);
+    }
+}
+
+TEST_F(LineTest, APortThatVanishesKeepsTheChoiceOfAClosedConsole)
+{
+    openConsole("1_1");
+    connectByHand();
+    console.unload();
+    port.vanish();
+    clock.settle();
+    failures.take();
+    EXPECT_TRUE(bus.parTrasm().Simulator);
+    EXPECT_EQ(bus.parTrasm().IDGrp, "");
+}
+
 } // namespace

@@ -58,6 +58,13 @@ TEST_F(ConsoleModelTest, EachChangeIsAnnounced)
     EXPECT_EQ(model.failedChecks(), QStringList{QStringLiteral("I \u203a G \u203a P")});
     model.forgetConcerns();
     EXPECT_EQ(checks, 2);
+    model.answerDoubtful("I", "G", "P", 3);
+    model.answerDoubtful("I", "", "", 1);
+    EXPECT_EQ(model.doubts(),
+              (QList<console::ConsoleModel::Doubt>{{QStringLiteral("I \u203a G \u203a P"), 3}, {"I", 1}}));
+    EXPECT_EQ(checks, 4);
+    model.forgetConcerns();
+    EXPECT_TRUE(model.doubts().isEmpty());
 }
 
 } // namespace

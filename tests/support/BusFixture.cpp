@@ -41,6 +41,8 @@ InstrumentPeer::~InstrumentPeer()
 
 BusFixture::BusFixture()
 {
+    if (qEnvironmentVariableIsSet("CALIDORA_EVENTS_FIRST"))
+        clock.setOrder(platform::VirtualClock::Order::EventsFirst);
     values::Inizialize_RUChr();
     QDir(session.AppPath).mkpath(QStringLiteral("Log"));
     connectPlant();
