@@ -4,6 +4,7 @@
 #include "platform/QtSerialPort.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "platform/widgets/DesktopPrinters.h"
 #include "program/Program.h"
 #include "session/Charset.h"
 #include "session/Session.h"
@@ -39,8 +40,9 @@ int main(int argc, char** argv)
     platform::QtSerialPort port(session.AppPath);
     const platform::Machine machine;
     events::installFailureHook(session, op, clock, machine);
+    platform::DesktopPrinters printers([&texts](const QString& key) { return texts.own(key); });
 
-    program::Program program({session, texts, op, clock, port});
+    program::Program program({session, texts, op, clock, port, printers});
     // The window goes before the loop ends, and what it shows after it.
     QObject::connect(&program, &program::Program::left, &application, &QApplication::quit,
                      Qt::QueuedConnection);
