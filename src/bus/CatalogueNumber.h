@@ -1,11 +1,7 @@
 #pragma once
 
-namespace platform {
-class Recordset;
-}
-namespace session {
-class Texts;
-}
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
 namespace bus {
 

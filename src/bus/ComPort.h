@@ -2,10 +2,6 @@
 
 #include "bus/Line.h"
 
-namespace platform {
-struct RuntimeError;
-}
-
 namespace bus {
 
 // The serial port as the operator chose it: its settings, its opening and closing.

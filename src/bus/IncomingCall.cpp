@@ -54,7 +54,6 @@ void IncomingCall::answer()
 {
     line_.code = ActionCode::CallAnswering;
     line_.sendCommand("ATA");
-    line_.setStatus(session::kBusy);
     line_.tmrTimeOut.start(intervals::kTimeOut);
 }
 
@@ -90,7 +89,6 @@ void IncomingCall::takeSecondBlock()
     if (endedConnection_)
         line_.EnableDisable_RWMenu(session::kLineIdle);
     line_.staMain.setPicture(Panel::COMSet, images::kPortOpen);
-    line_.tmrAction.setInterval(intervals::kFrame);
     announce();
 }
 

@@ -3,17 +3,12 @@
 #include "bus/ActionCode.h"
 #include "bus/LineTimer.h"
 #include "bus/ParTrasm.h"
+#include "platform/Forward.h"
+#include "session/Forward.h"
 #include "session/Session.h"
 
 #include <QByteArray>
 
-namespace platform {
-class Operator;
-class SerialPort;
-} // namespace platform
-namespace session {
-class Texts;
-} // namespace session
 namespace events {
 class EventLog;
 }

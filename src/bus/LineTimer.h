@@ -23,7 +23,6 @@ public:
         ++settings_;
         timer_->stop();
     }
-    void setInterval(int milliseconds) { timer_->setInterval(milliseconds); }
     int settings() const { return settings_; }
 
     // What it does at each tick, and what it does when the tick is through and holds nothing back any more.

@@ -61,8 +61,6 @@ void Transfer::begin(ActionCode code, const QString& itemKey)
 void Transfer::close()
 {
     rsWork_.Close();
-    AndMask_.clear();
-    OrMask_.clear();
     ProgressMax_ = 0;
     ProgressCount_ = 0;
     requested_ = false;

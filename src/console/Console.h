@@ -1,19 +1,13 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "platform/Guard.h"
+#include "session/Forward.h"
 #include "structure/NodeKey.h"
 
 #include <QString>
 #include <functional>
 
-namespace platform {
-class Clock;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 namespace structure {
 class Structure;
 }

@@ -308,7 +308,8 @@ void frmReadWrite::showConcerns()
         headings << texts_.own("read.doubtful.count").arg(doubts.size());
     lblConcerns_->setText(headings.join(QStringLiteral("  \u00b7  ")));
     lvwConcerns_->clear();
-    lvwConcerns_->addItems(failed);
+    for (const QString& item : failed)
+        lvwConcerns_->addItem(texts_.own("write.failed").arg(item));
     for (const ConsoleModel::Doubt& doubt : doubts)
         lvwConcerns_->addItem(texts_.own("read.doubtful").arg(doubt.item).arg(doubt.bytes));
     concerns_->setVisible(!headings.isEmpty());

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 #include <QTimer>
 
@@ -15,13 +18,6 @@ class QTreeView;
 namespace bus {
 class StatusPanels;
 }
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace console {
 

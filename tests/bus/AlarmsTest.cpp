@@ -337,6 +337,13 @@ TEST_F(AlarmsTest, ACallsTimeOutLeavesTheChoiceOfAClosedConsoleAlone)
     EXPECT_TRUE(model.simulatorPressed());
 }
 
+TEST_F(AlarmsTest, ACallsTimeOutMakesNoChoiceForAClosedConsole)
+{
+    arrives("RING");
+    clock.run(63000);
+    EXPECT_FALSE(bus.parTrasm().Simulator);
+}
+
 TEST_F(AlarmsTest, NoiseIsKeptToItsLast64KB)
 {
     arrives(QByteArray(70000, 'x') + "RI");

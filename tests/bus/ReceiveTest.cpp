@@ -344,6 +344,8 @@ TEST_F(ReceiveTest, AValueReadBehindWaitingBytesIsListedAsDoubtful)
     EXPECT_EQ(model.doubts(), (QList<console::ConsoleModel::Doubt>{
                                   {QStringLiteral("INST11 \u203a Measures \u203a EN T1"), 2}}));
     clock.run(1000);
+    arrives("zz");
+    EXPECT_EQ(model.doubts().size(), 1) << "told once";
     arrives("l");
     clock.run(2000);
     EXPECT_EQ(bus.received(), "l");

@@ -220,8 +220,11 @@ TEST_F(EscapeTest, NoWayOutLeavesTheRecordsOpen)
         console.Read_Param();
         clock.run(3000);
         ASSERT_TRUE(bus.isOperating());
+        arrives("x");
+        ASSERT_EQ(bus.received(), "x");
         leave();
         EXPECT_FALSE(bus.isOperating());
+        EXPECT_TRUE(bus.received().isEmpty());
         EXPECT_FALSE(model.progressVisible());
         structure.selectNode("3_1_1_G01");
         console.unload();
