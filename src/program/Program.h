@@ -7,6 +7,7 @@
 #include "database/Database.h"
 #include "dialogs/Zoom.h"
 #include "events/EventLog.h"
+#include "events/EventViewer.h"
 #include "events/Purge.h"
 #include "platform/Forward.h"
 #include "platform/SingleInstance.h"
@@ -77,6 +78,7 @@ private:
     database::Database database_;
     events::EventLog events_;
     events::LogPurge purge_;
+    events::EventViewer eventViewer_;
     bus::StatusPanels panels_;
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;

@@ -17,7 +17,7 @@ TEST_F(ConsoleModelTest, TheLineOfActivityTellsTheNextStep)
     EXPECT_EQ(activity(), "Not connected. Press Connect to reach group GRP1.");
     bus.EnableDisable_RWMenu(session::kBusy);
     clock.run(7000);
-    EXPECT_EQ(activity(), "raising the connection: 7 s");
+    EXPECT_EQ(activity(), "connecting: 7 s");
     bus.EnableDisable_RWMenu(session::kConnected);
     EXPECT_EQ(activity(), "Connected. Read or Write the selected item.");
 }

@@ -162,6 +162,51 @@ TEST_F(ReadWriteWindow, OpensOnTheChosenItem)
     });
 }
 
+TEST_F(ReadWriteWindow, ItIsMadeForReadingAtANight)
+{
+    runOnPlant("UPDATE tbGroupsUser SET Name = '<B>NORTH</B>' WHERE IDGrp = 1");
+    start();
+    open("1_1", [&] {
+        EXPECT_EQ(console_->size(), QSize(780, 540));
+        EXPECT_EQ(label("lblGroup"), "<B>NORTH</B>");
+        for (const char* name : {"lblGroup", "lblItem", "lblActivity"})
+            EXPECT_EQ(part<QLabel>(name)->textFormat(), Qt::PlainText) << name;
+        EXPECT_TRUE(part<QLabel>("lblGroup")->font().bold());
+        EXPECT_GT(part<QLabel>("lblGroup")->font().pointSizeF(), console_->font().pointSizeF());
+        EXPECT_TRUE(part<QLabel>("lblActivity")->wordWrap());
+        const auto* heading = part<QWidget>("heading")->layout();
+        EXPECT_EQ(heading->contentsMargins(), QMargins(10, 6, 10, 6));
+        EXPECT_EQ(heading->spacing(), 2);
+
+        EXPECT_FALSE(list()->rootIsDecorated());
+        EXPECT_TRUE(list()->uniformRowHeights());
+        EXPECT_TRUE(list()->alternatingRowColors());
+        EXPECT_FALSE(list()->styleSheet().isEmpty());
+        EXPECT_EQ(list()->frameShape(), QFrame::NoFrame);
+        EXPECT_EQ(list()->editTriggers(), QAbstractItemView::NoEditTriggers);
+        EXPECT_EQ(list()->columnWidth(0),
+                  console_->fontMetrics().horizontalAdvance("0000/00/00 00:00:00") + 28);
+        EXPECT_EQ(list()->width(), console_->width()) << "from edge to edge";
+
+        const auto* bar = part<QProgressBar>("prgLoad");
+        EXPECT_EQ(bar->minimum(), 0);
+        EXPECT_EQ(bar->maximum(), 100);
+        EXPECT_FALSE(bar->isTextVisible());
+        EXPECT_EQ(bar->height(), 10);
+        EXPECT_EQ(part<QListWidget>("lvwFailed")->maximumHeight(), console_->fontMetrics().lineSpacing() * 5);
+        EXPECT_EQ(part<QWidget>("failedChecks")->layout()->contentsMargins(), QMargins(10, 6, 10, 6));
+        EXPECT_EQ(part<QWidget>("failedChecks")->layout()->spacing(), 4);
+
+        const auto separators = [](const QList<QAction*>& actions) {
+            return std::count_if(actions.begin(), actions.end(),
+                                 [](const QAction* action) { return action->isSeparator(); });
+        };
+        EXPECT_EQ(separators(part<QToolBar>("tlbMain")->actions()), 3);
+        EXPECT_EQ(separators(part<QMenu>("mnuFile")->actions()), 2);
+        EXPECT_EQ(separators(part<QMenu>("mnuCommands")->actions()), 0);
+    });
+}
+
 TEST_F(ReadWriteWindow, EveryCommandHasItsWords)
 {
     start();
@@ -204,7 +249,7 @@ TEST_F(ReadWriteWindow, ButtonsConnectAndDisconnect)
         EXPECT_EQ(said(), QList<QByteArray>{"RING"});
         EXPECT_EQ(usable(), QStringList({"mnuConnect", "mnuAutoDisconnect", "mnuSimulator"}));
         clock.run(2000);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return label("lblActivity") == "raising the connection: 2 s"; }))
+        EXPECT_TRUE(QTest::qWaitFor([&] { return label("lblActivity") == "connecting: 2 s"; }))
             << "the window looks at the line every second";
         arrives("ATA");
         clock.run(3000);
