@@ -401,14 +401,15 @@ TEST_F(ReadWriteWindow, FailedChecksAndDoubtfulValuesAreListedUntilItCloses)
         arrives("\x02\x06");
         clock.run(3000);
         EXPECT_TRUE(part<QWidget>("failedChecks")->isVisible());
-        EXPECT_EQ(label("lblFailed"), "Not confirmed: 1");
+        EXPECT_EQ(label("lblFailed"), "Parameters not confirmed: 1");
         EXPECT_EQ(concerns(), QStringList{QStringLiteral(
                                   "INST11 \u203a States \u203a EN MOD: not confirmed by the instrument")});
         arrives("2400");
         press("Read");
         clock.run(3000);
         arrives("\x01\x06");
-        EXPECT_EQ(label("lblFailed"), QStringLiteral("Not confirmed: 1  \u00b7  Doubtful values: 1"));
+        EXPECT_EQ(label("lblFailed"),
+                  QStringLiteral("Parameters not confirmed: 1  \u00b7  Doubtful values: 1"));
         EXPECT_EQ(
             concerns().value(1),
             QStringLiteral("INST11 \u203a States \u203a EN MOD: 4 bytes were waiting before the request: "
