@@ -29,8 +29,7 @@ LineProgram::LineProgram()
 
 void LineProgram::connectOverCable(const QString& key, const QByteArray& answers)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
     if (!model.simulatorPressed())
         console.Set_Simulator(true);
     console.Connect();

@@ -201,6 +201,7 @@ void Database::Disconnect_Database()
     guarded("Module/Disconnect_Database", [&] {
         if (session_.DbName.isEmpty())
             return;
+        emit aboutToDisconnect();
         structure_.clearAll();
         enablePlantWindows(operator_, false);
         closeAll(session_);

@@ -117,6 +117,11 @@ void Connection::RollbackTrans()
     Execute(QStringLiteral("ROLLBACK;"));
 }
 
+bool Connection::inTransaction() const
+{
+    return sqlite3_get_autocommit(database().getHandle()) == 0;
+}
+
 SQLite::Database& Connection::database() const
 {
     if (!database_)

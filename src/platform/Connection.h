@@ -43,6 +43,8 @@ public:
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
+    // False also when the engine has ended one by itself, as it does on a full disk.
+    bool inTransaction() const;
 
     // The engine's own handle. Fails when the connection is closed.
     SQLite::Database& database() const;

@@ -9,6 +9,8 @@ namespace platform {
 
 namespace {
 
+constexpr qint64 kInputBuffer = 1024;
+
 // Qt's enumerators stand in another order than the handshaking values: map by name.
 QSerialPort::FlowControl flowControlOf(int handshaking)
 {
@@ -72,6 +74,8 @@ QString groupOf(const QString& device)
 
 QtSerialPort::QtSerialPort(QString applicationPath) : applicationPath_(std::move(applicationPath))
 {
+    // The output buffer has no size of its own here: each output is flushed.
+    port_.setReadBufferSize(kInputBuffer);
     // Queued: a message box opened inside a slot of readyRead would stop readyRead until it closes.
     connect(
         &port_, &QSerialPort::readyRead, this,
@@ -118,6 +122,18 @@ void QtSerialPort::Output(const QByteArray& bytes)
     port_.flush();
     if (!written)
         fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port_.portName(), port_.errorString()));
+}
+
+QByteArray QtSerialPort::Input()
+{
+    if (!port_.isOpen())
+        return {};
+    // What lies with the machine's driver comes over, too: a tick that follows a wait asks before the event
+    // loop has had a look at the port.
+    QByteArray bytes = port_.readAll();
+    while (port_.waitForReadyRead(0))
+        bytes += port_.readAll();
+    return bytes;
 }
 
 void QtSerialPort::onError(QSerialPort::SerialPortError error)

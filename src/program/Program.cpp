@@ -155,6 +155,7 @@ void Program::listen()
 
     connect(&database_, &database::Database::companyMade, this,
             [this] { users::Create_Admin_Profile(with_.session); });
+    connect(&database_, &database::Database::aboutToDisconnect, this, [this] { bus_.cutLine(); });
     connect(&database_, &database::Database::connected, this, [this] { main_.companyConnected(); });
     // What stands in the two windows is of the company that was open.
     connect(&database_, &database::Database::captionChanged, this, [this] {

@@ -48,7 +48,8 @@ void Program::registerForms()
             {session, texts, op, [this](const QString& command) { handlers_.run(command); }, propertyCopy_});
     });
     with_.op.registerForm("frmReadWrite", [&, this] {
-        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
+        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_},
+                                         console_.chosenKey());
     });
     with_.op.registerForm("frmLogInOut",
                           [&, this] { return new users::frmLogInOut(session, texts, op, login_); });

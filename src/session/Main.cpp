@@ -176,7 +176,7 @@ void Main::Close_Database()
 void Main::leave()
 {
     platform::guarded("frmMain.mnuExit_Click", [&] {
-        if (!confirmed(texts_(524)))
+        if (!confirmedLeaving())
             return;
         closingByCode_ = true;
         operator_.unloadForm("frmMain");
@@ -186,7 +186,7 @@ void Main::leave()
 bool Main::QueryUnload()
 {
     bool allowed = true;
-    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmed(texts_(524)); });
+    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmedLeaving(); });
     return allowed;
 }
 
@@ -199,6 +199,15 @@ void Main::Unload()
         services_.Disconnect_Database();
         services_.Close_COMConnection();
     });
+}
+
+// A connection that is open would be cut: the question says so in a line of its own.
+bool Main::confirmedLeaving()
+{
+    QString question = texts_(524);
+    if (session_.COMPort.Status > kLineIdle)
+        question += "\r\n" + texts_.own("exit.connected");
+    return confirmed(question);
 }
 
 bool Main::confirmed(const QString& question)

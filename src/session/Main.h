@@ -87,6 +87,7 @@ private:
     bool start();
     void openLastCompany();
     void askForLogin();
+    bool confirmedLeaving();
     bool confirmed(const QString& question);
 
     Session& session_;

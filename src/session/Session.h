@@ -37,7 +37,16 @@ struct LogSettings
     qint16 LogDays = 180;
 };
 
-// The line's six settings, as indices into their tables, and its state.
+// The state of the line.
+enum LineStatus : qint16
+{
+    kPortClosed = -1, // or not usable
+    kLineIdle = 0,
+    kConnected = 1, // to a group, with no operation running
+    kBusy = 2       // a connection comes or goes, an operation runs, an instrument calls in
+};
+
+// The line's six settings, as indices into their tables, and its state, which is not stored.
 struct COMPortSettings
 {
     qint16 Port = 0; // number less one: 0 is COM1
@@ -46,7 +55,7 @@ struct COMPortSettings
     qint16 Parity = 2;
     qint16 StopBit = 0;
     qint16 FlowCtrl = 0;
-    qint16 Status = 0; // -1 port closed, 0 idle, 1 connected, 2 busy; not stored
+    LineStatus Status = kLineIdle;
 };
 
 struct LanguageSettings

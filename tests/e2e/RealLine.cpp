@@ -30,8 +30,7 @@ RealLine::RealLine()
 
 void RealLine::openConsole(const QString& key)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
 }
 
 bool RealLine::waitUntil(const std::function<bool()>& condition)

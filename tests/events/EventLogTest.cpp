@@ -117,11 +117,54 @@ TEST_F(EventLogTest, TheConsolesLineRewritesTheDate)
     recorder_.expectOne(errors::kTypeMismatch, "Module/Add_Event_ReadWrite");
 }
 
-TEST_F(EventLogTest, AnInsertWithoutACompanyFails)
+TEST_F(EventLogTest, WithoutACompanyEventsAreKeptForTheNextLog)
 {
     session_.cnDatabase.Close();
+    add("Cella", "Sonda", "Prima");
+    add("Cella", QString(60, 'x'), "");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0], QByteArray("214/03/2026 09:05:071  ") + QByteArray("Cella").leftJustified(50) +
+                            QByteArray("Sonda").leftJustified(50) + QByteArray("Prima").leftJustified(255));
+    EXPECT_EQ(lines[1].size(), kLineLength);
+    EXPECT_EQ(lines[1].mid(73, 50), QByteArray(50, 'x'));
+    log_.deleteEvents();
+    QFile::remove(folder_.file("Log/Calidora_20260314090508.log"));
+    log_.CreateLog_App();
+    EXPECT_TRUE(folder_.names("Log").isEmpty()) << "nothing goes out twice";
+    recorder_.expectNone();
+}
+
+TEST_F(EventLogTest, WhatWasKeptStandsInFrontOfTheTable)
+{
+    session_.cnDatabase.Close();
+    add("P", "U", "kept");
+    session_.cnDatabase.Open("Data Source = " + folder_.file("Data/firm.mdb"));
+    add("P", "U", "stored");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0].mid(123).trimmed(), "kept");
+    EXPECT_EQ(lines[1].mid(123).trimmed(), "stored");
+    EXPECT_EQ(events().RecordCount(), 1);
+}
+
+TEST_F(EventLogTest, WhatCouldNotBeWrittenStaysKept)
+{
+    session_.cnDatabase.Close();
+    add("P", "U", "kept");
+    {
+        const support::FullDisk full(0);
+        log_.CreateLog_App();
+    }
+    EXPECT_FALSE(recorder_.take().empty());
+    EXPECT_EQ(flushedLines().value(0).mid(123).trimmed(), "kept");
+}
+
+TEST_F(EventLogTest, AnInsertThatFailsIsReported)
+{
+    session_.cnDatabase.Execute("DROP TABLE tbEvent");
     add("", "", "");
-    recorder_.expectOne(errors::kObjectClosed, "Module/Add_Event_Db");
+    EXPECT_EQ(recorder_.take().at(0).procedure, "Module/Add_Event_Db");
 }
 
 TEST_F(EventLogTest, EachFieldOfALineHasItsColumn)

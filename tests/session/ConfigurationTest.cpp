@@ -66,7 +66,7 @@ TEST_F(ConfigurationTest, FirstRunDefaultsReplaceEveryValue)
              "[TreeBus]\nVisible=0\nWidth=9\n[Log]\na=0\nb=0\nc=0\nd=7\n[Database]\nName=A.mdb\nPath=/x\n"
              "[Directory]\na=/x\nb=/y\nc=/z\n[COMPort]\na=1\nb=1\nc=1\nd=1\ne=1\nf=1\n"));
     session_.DbVersion = "1.0";
-    session_.COMPort.Status = 2;
+    session_.COMPort.Status = session::kBusy;
     applyFirstRunDefaults(session_);
     EXPECT_EQ(session_.DbVersion, "");
     EXPECT_EQ(session_.COMPort.Status, 0);
@@ -88,7 +88,7 @@ TEST_F(ConfigurationTest, WhatIsWrittenComesBack)
     session_.DirBackup = "/b";
     session_.DirExport = "";
     session_.DirImport = " /i ";
-    session_.COMPort = {15, 7, 2, 1, 2, 1, 2};
+    session_.COMPort = {15, 7, 2, 1, 2, 1, session::kBusy};
     ASSERT_TRUE(Write_Configuration(session_));
 
     Session next;

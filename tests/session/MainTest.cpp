@@ -411,6 +411,21 @@ TEST_F(MainTest, TheCloseBoxAsksOnceAndNoRefuses)
     EXPECT_TRUE(op.unexpected.isEmpty());
 }
 
+TEST_F(MainTest, LeavingAnOpenConnectionIsToldInALineOfItsOwn)
+{
+    for (const LineStatus live : {kConnected, kBusy}) {
+        session.COMPort.Status = live;
+        op.expect(texts(524) + "\r\nA connection is open. It will be cut.", kNo);
+        main.leave();
+        op.expect(texts(524) + "\r\nA connection is open. It will be cut.", kNo);
+        EXPECT_FALSE(main.QueryUnload());
+    }
+    session.COMPort.Status = kPortClosed;
+    op.expect(texts(524), kNo);
+    main.leave();
+    EXPECT_TRUE(op.unexpected.isEmpty());
+}
+
 TEST_F(MainTest, TheMainWindowUnloadsInItsOrderAndRemembersTheCompany)
 {
     session.DbName = "demo.mdb";

@@ -1,4 +1,4 @@
-#include "bus/LineSettings.h"
+#include "bus/SettingsText.h"
 
 #include "session/Session.h"
 

@@ -1,21 +1,21 @@
-#include "console/CommandStates.h"
+#include "console/ConsoleStates.h"
 
 #include <gtest/gtest.h>
 
-using console::CommandStates;
+using console::ConsoleStates;
 using console::statesFor;
 
 namespace {
 
 // Every command on, or every one off: a start that shows what is left as it was.
-CommandStates all(bool on)
+ConsoleStates all(bool on)
 {
     return {on, on, on, on, on, on, on, on, on, on, on, on, on};
 }
 
-TEST(CommandStatesTest, AnIdleLineOffersTheConnection)
+TEST(ConsoleStatesTest, AnIdleLineOffersTheConnection)
 {
-    const CommandStates expected{.mnuFile = true,
+    const ConsoleStates expected{.mnuFile = true,
                                  .mnuConnect = true,
                                  .mnuDisconnect = false,
                                  .mnuAutoDisconnect = true,
@@ -28,13 +28,13 @@ TEST(CommandStatesTest, AnIdleLineOffersTheConnection)
                                  .Read = false,
                                  .Write = false,
                                  .Exit = true};
-    EXPECT_EQ(statesFor(0, all(true)), expected);
-    EXPECT_EQ(statesFor(0, all(false)), expected);
+    EXPECT_EQ(statesFor(session::kLineIdle, all(true)), expected);
+    EXPECT_EQ(statesFor(session::kLineIdle, all(false)), expected);
 }
 
-TEST(CommandStatesTest, AConnectionOffersItsOperations)
+TEST(ConsoleStatesTest, AConnectionOffersItsOperations)
 {
-    const CommandStates expected{.mnuFile = true,
+    const ConsoleStates expected{.mnuFile = true,
                                  .mnuConnect = false,
                                  .mnuDisconnect = true,
                                  .mnuAutoDisconnect = true,
@@ -47,15 +47,15 @@ TEST(CommandStatesTest, AConnectionOffersItsOperations)
                                  .Read = true,
                                  .Write = true,
                                  .Exit = true};
-    EXPECT_EQ(statesFor(1, all(true)), expected);
-    EXPECT_EQ(statesFor(1, all(false)), expected);
+    EXPECT_EQ(statesFor(session::kConnected, all(true)), expected);
+    EXPECT_EQ(statesFor(session::kConnected, all(false)), expected);
 }
 
-TEST(CommandStatesTest, ABusyLineClosesTheButtonsAndLeavesFourMenus)
+TEST(ConsoleStatesTest, ABusyLineClosesTheButtonsAndLeavesFourMenus)
 {
     for (const bool on : {true, false}) {
-        const CommandStates states = statesFor(2, all(on));
-        EXPECT_EQ(states, (CommandStates{.mnuFile = false,
+        const ConsoleStates states = statesFor(session::kBusy, all(on));
+        EXPECT_EQ(states, (ConsoleStates{.mnuFile = false,
                                          .mnuConnect = on,
                                          .mnuDisconnect = on,
                                          .mnuAutoDisconnect = on,
@@ -71,11 +71,10 @@ TEST(CommandStatesTest, ABusyLineClosesTheButtonsAndLeavesFourMenus)
     }
 }
 
-TEST(CommandStatesTest, AClosedPortChangesNothing)
+TEST(ConsoleStatesTest, AClosedPortChangesNothing)
 {
-    for (const int status : {-1, 3, 200})
-        for (const bool on : {true, false})
-            EXPECT_EQ(statesFor(status, all(on)), all(on)) << status;
+    for (const bool on : {true, false})
+        EXPECT_EQ(statesFor(session::kPortClosed, all(on)), all(on));
 }
 
 } // namespace

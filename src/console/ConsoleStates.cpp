@@ -1,11 +1,11 @@
-#include "console/CommandStates.h"
+#include "console/ConsoleStates.h"
 
 namespace console {
 
-CommandStates statesFor(int status, CommandStates before)
+ConsoleStates statesFor(session::LineStatus status, ConsoleStates before)
 {
     switch (status) {
-    case 0:
+    case session::kLineIdle:
         return {.mnuFile = true,
                 .mnuConnect = true,
                 .mnuDisconnect = false,
@@ -19,7 +19,7 @@ CommandStates statesFor(int status, CommandStates before)
                 .Read = false,
                 .Write = false,
                 .Exit = true};
-    case 1:
+    case session::kConnected:
         return {.mnuFile = true,
                 .mnuConnect = false,
                 .mnuDisconnect = true,
@@ -33,14 +33,15 @@ CommandStates statesFor(int status, CommandStates before)
                 .Read = true,
                 .Write = true,
                 .Exit = true};
-    case 2:
+    case session::kBusy:
         before.mnuFile = before.mnuCommands = false;
         before.Connect = before.Disconnect = before.AutoDisconnect = before.Simulator = false;
         before.Read = before.Write = before.Exit = false;
         return before;
-    default:
-        return before;
+    case session::kPortClosed:
+        break;
     }
+    return before;
 }
 
 } // namespace console

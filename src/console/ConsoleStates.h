@@ -1,9 +1,11 @@
 #pragma once
 
+#include "session/Session.h"
+
 namespace console {
 
 // Which menus and buttons of the console may be used.
-struct CommandStates
+struct ConsoleStates
 {
     bool mnuFile = true;
     bool mnuConnect = true;
@@ -20,11 +22,11 @@ struct CommandStates
     bool Write = false;
     bool Exit = true;
 
-    bool operator==(const CommandStates&) const = default;
+    bool operator==(const ConsoleStates&) const = default;
 };
 
-// The states behind a change of the line's status: 0 idle, 1 connected, 2 busy; -1 and any other change
-// nothing, and a busy line leaves most menus as they were.
-CommandStates statesFor(int status, CommandStates before);
+// The states behind a change of the line's status. A closed port changes nothing, and a busy line leaves most
+// menus as they were.
+ConsoleStates statesFor(session::LineStatus status, ConsoleStates before);
 
 } // namespace console
