@@ -24,7 +24,11 @@ Program::Program(const Surroundings& surroundings)
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
       property_(with_.session, with_.texts, with_.op, structure_),
       propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
-      printing_(with_.session, with_.texts, with_.op, with_.printers), commands_(with_.session),
+      printing_(with_.session, with_.texts, with_.op, with_.printers),
+      export_({with_.session, with_.texts, with_.op, with_.clock, structure_}),
+      import_({with_.session, with_.texts, with_.op, structure_}),
+      print_({with_.session, with_.texts, with_.op, with_.clock, structure_, printing_}),
+      commands_(with_.session),
       main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()}),
       alarmNotice_(with_.session, with_.texts)
 {

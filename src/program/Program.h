@@ -8,6 +8,9 @@
 #include "dialogs/Zoom.h"
 #include "events/EventLog.h"
 #include "events/Purge.h"
+#include "exchange/Export.h"
+#include "exchange/Import.h"
+#include "exchange/PlantPrint.h"
 #include "platform/Forward.h"
 #include "platform/SingleInstance.h"
 #include "program/AlarmNotice.h"
@@ -86,6 +89,9 @@ private:
     property::PropertyModel property_;
     property::PropertyCopy propertyCopy_;
     session::Printing printing_;
+    exchange::Export export_;
+    exchange::Import import_;
+    exchange::PlantPrint print_;
     session::CommandHandlers handlers_;
     session::CommandStates commands_;
     session::Main main_;
