@@ -6,6 +6,8 @@
 #include "session/Configuration.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/Jump.h"
+#include "structure/PlaceByName.h"
 #include "values/Cyrillic.h"
 
 #include <QApplication>
@@ -18,6 +20,7 @@ Program::Program(const Surroundings& surroundings)
     : with_(surroundings), structure_(with_.session, with_.texts, with_.op),
       database_(with_.session, with_.texts, with_.op, structure_),
       events_(with_.session, with_.op, with_.clock), purge_(with_.session, with_.op, with_.clock),
+      eventViewer_({with_.session, with_.texts, with_.op, with_.clock, printing_}),
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
@@ -84,6 +87,13 @@ void Program::listen()
         with_.op.unloadForm("frmPending");
     });
     connect(&database_, &database::Database::connectionLost, this, [this] { main_.companyLost(); });
+
+    connect(&eventViewer_, &events::EventViewer::placeWanted, this,
+            [this](const QString& equipment, const QString& instrument) {
+                const QString key = structure::placeByName(with_.session, equipment, instrument);
+                if (!key.isEmpty() && structure::jumpTo(structure_, key))
+                    eventViewer_.setPlace(structure_.path() + '\\' + structure_.list().item(key)->text);
+            });
 
     purge_.onFile = [this](int percent, const QString& shown) {
         if (auto* window = qobject_cast<events::frmReadLogFiles*>(with_.op.form("frmReadLogFiles")))

@@ -7,6 +7,7 @@
 #include "database/Database.h"
 #include "dialogs/Zoom.h"
 #include "events/EventLog.h"
+#include "events/EventViewer.h"
 #include "events/Purge.h"
 #include "exchange/Export.h"
 #include "exchange/Import.h"
@@ -80,6 +81,7 @@ private:
     database::Database database_;
     events::EventLog events_;
     events::LogPurge purge_;
+    events::EventViewer eventViewer_;
     bus::StatusPanels panels_;
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;
