@@ -24,8 +24,8 @@ namespace structure {
 class ResultView;
 class Structure;
 
-// "Find in company": what is typed is searched in the whole company while the typing goes on; a result taken is
-// shown in the main window, and this one stays for the next.
+// "Find in company": what is typed is searched in the whole company while the typing goes on; a result taken
+// is shown in the main window, and this one stays for the next.
 class frmFind : public QDialog
 {
     Q_OBJECT
