@@ -27,12 +27,11 @@ Program::Program(const Surroundings& surroundings)
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
-      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
+      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_,
+                                               [this](const QString& key) { property_.open(key); }}),
       clipboard_({with_.session, with_.texts, with_.op, structure_, editor_}),
       states_(with_.session, with_.texts, with_.op, structure_),
       drag_(with_.session, with_.texts, structure_, clipboard_),
-      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_,
-                                               [this](const QString& key) { property_.open(key); }}),
       property_(with_.session, with_.texts, with_.op, structure_),
       propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
       printing_(with_.session, with_.texts, with_.op, with_.printers),
@@ -125,8 +124,10 @@ void Program::acknowledgeAlarms()
         alarmCalls_.remove(0, shown);
 }
 
+// A line that is up is not left standing: what it brought goes to its log.
 void Program::endProgram()
 {
+    bus_.cutLine();
     if (QWidget* window = mainWindow())
         window->hide();
     emit left();
