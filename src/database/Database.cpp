@@ -8,6 +8,7 @@
 #include "session/Texts.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <algorithm>
 
 namespace database {
@@ -56,6 +57,12 @@ void Database::New_Database()
             return;
         if (session_.DbName.compare(kModelName, Qt::CaseInsensitive) == 0) {
             session_.DbName.clear();
+            return;
+        }
+        if (isModel(session_.dbFile())) {
+            session_.DbName.clear();
+            operator_.messageBox(texts_.own(QStringLiteral("model.protected")), platform::Buttons::Ok,
+                                 platform::Icon::Exclamation, session_.AppTitle);
             return;
         }
         makeCompany();
@@ -108,9 +115,21 @@ bool Database::takeName(const QString& file)
     return !session_.DbName.isEmpty();
 }
 
+QString Database::modelFile() const
+{
+    return session_.appFile(QStringLiteral("Data Model/") + kModelName);
+}
+
+// Whether a file is the model itself, by another name or way.
+bool Database::isModel(const QString& file) const
+{
+    const QString place = QFileInfo(file).canonicalFilePath();
+    return !place.isEmpty() && place == QFileInfo(modelFile()).canonicalFilePath();
+}
+
 void Database::makeCompany()
 {
-    const QString model = session_.appFile(QStringLiteral("Data Model/") + kModelName);
+    const QString model = modelFile();
     try {
         if (!session::Exist_File(model))
             platform::fail(platform::errors::kFileNotFound,

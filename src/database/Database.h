@@ -36,6 +36,7 @@ public:
     void New_Database();
 
 signals:
+    void aboutToDisconnect();                    // the company is still open, for the last time
     void progress(int percent);                  // frmConnection's prgLoad
     void captionChanged(const QString& caption); // of the main window
     void companyMade();    // a new company is connected for the first time: its first user's place
@@ -51,6 +52,8 @@ private:
     QString startFolder() const;
     std::optional<QString> askFile(const std::function<QString()>& ask);
     bool takeName(const QString& file);
+    QString modelFile() const;
+    bool isModel(const QString& file) const;
     void makeCompany();
     bool openCompany();
 

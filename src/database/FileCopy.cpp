@@ -33,7 +33,7 @@ void settleJournals(const QString& path)
     if (!any)
         return;
     try {
-        platform::Connection().Open(QStringLiteral("Data Source = ") + path);
+        platform::Connection().Open(path);
     } catch (const platform::RuntimeError&) {
     }
 }

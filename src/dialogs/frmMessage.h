@@ -4,6 +4,7 @@
 #include "session/Forward.h"
 
 #include <QDialog>
+#include <QStringList>
 
 namespace dialogs {
 
@@ -13,7 +14,9 @@ class frmMessage : public QDialog
     Q_OBJECT
 
 public:
-    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op);
+    // `calls` are the plants that called, each with its time.
+    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op,
+               const QStringList& calls = {});
 };
 
 } // namespace dialogs

@@ -24,7 +24,8 @@ QIcon iconOf(const QString& commandName)
             return platform::icon(button.icon);
     }
     static const std::map<QString, QString> kOthers{
-        {"Allarms", "alarm"}, {"Filter", "filter"}, {"Find", "find"}, {"Pending", "pending"}};
+        {"Export", "export"}, {"Import", "import"}, {"Print", "print"},    {"Allarms", "alarm"},
+        {"Filter", "filter"}, {"Find", "find"},     {"Pending", "pending"}};
     const auto other = kOthers.find(command);
     return other == kOthers.end() ? QIcon() : platform::icon(other->second);
 }
@@ -43,8 +44,6 @@ MenuSet::MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, Co
         bar_ << makeMenu(menu, form, handlers);
     mnuBus_ = makeMenu({"mnuBus", 0, {}, offeredEntries(popupBus(place), handlers)}, form, handlers);
     mnuBus_->setDefaultAction(mnuBus_->findChild<QAction*>("mnuBusProperty"));
-    if (QAction* refreshEntry = form->findChild<QAction*>("mnuRefresh"))
-        refreshEntry->setShortcut(Qt::Key_F5);
     connect(&states, &CommandStates::changed, this, &MenuSet::refresh);
     refresh();
 }

@@ -11,16 +11,15 @@ namespace property {
 
 using platform::guarded;
 using platform::Recordset;
-using session::Compose_SqlText;
 using session::Null_To_Value;
 
 namespace {
 
 // The shared recordsets stand wherever somebody left them.
-bool findFromStart(Recordset& records, const QString& criterion)
+bool findFromStart(Recordset& records, const QString& id)
 {
     records.MoveFirst();
-    records.Find(criterion);
+    records.Find(QStringLiteral("mID"), id);
     return !records.Eof();
 }
 
@@ -37,7 +36,7 @@ bool CatalogueSearch::Search_Param(const QString& IDPar, QString& Unit, QString&
 {
     return guarded("frmProperty/Search_Param", [&] {
         Recordset& rsParam = session_.rsParam;
-        if (!findFromStart(rsParam, u"[mID] = " % Compose_SqlText(IDPar)))
+        if (!findFromStart(rsParam, IDPar))
             return false;
         KeyType = rsParam.text("KeyType");
         Unit = Null_To_Value(rsParam["mUnit"]);
@@ -60,8 +59,7 @@ int CatalogueSearch::Load_ParamEnum(const QString& IDPar, qint16 Value)
     guarded("frmProperty/Load_ParamEnum", [&] {
         Recordset& rsParamEnum = session_.rsParamEnum;
         controls_.entries.clear();
-        rsParamEnum.Filter({});
-        rsParamEnum.Filter(u"[mKeyParam] = " % Compose_SqlText(IDPar));
+        rsParamEnum.Filter(QStringLiteral("mKeyParam"), IDPar);
         for (; !rsParamEnum.Eof(); rsParamEnum.MoveNext()) {
             controls_.entries.push_back({rsParamEnum.text("mDesc"), rsParamEnum.number("mValue")});
             if (controls_.entries.back().value == Value)
@@ -74,7 +72,7 @@ int CatalogueSearch::Load_ParamEnum(const QString& IDPar, qint16 Value)
 bool CatalogueSearch::Search_InstMem(const QString& MemBank)
 {
     return guarded("frmProperty/Search_InstMem", [&] {
-        if (!findFromStart(session_.rsInstMem, u"[mID] = " % Compose_SqlText(MemBank)))
+        if (!findFromStart(session_.rsInstMem, MemBank))
             return false;
         controls_.lblValMemory.text = session_.rsInstMem.text("mTag");
         return true;

@@ -44,6 +44,8 @@ PlantEditor::PlantEditor(const Surroundings& surroundings)
 void PlantEditor::New_Item()
 {
     guarded("Module/New_Item", [&] {
+        if (!mayModify())
+            return;
         const QString node = with_.structure.selectedNode();
         if (node.isEmpty())
             platform::fail(platform::errors::kObjectNotSet, QStringLiteral("No element is selected."));
@@ -139,7 +141,7 @@ void PlantEditor::Delete_Item()
 {
     guarded("Module/Delete_Item", [&] {
         const QString key = with_.structure.selectedItem();
-        if (key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
             return;
         const int row = with_.structure.list().rowOf(key);
         if (Erase_Item(key))
@@ -154,11 +156,16 @@ void PlantEditor::Delete_Node()
 {
     guarded("frmTreeBus/Delete_Node", [&] {
         const QString key = with_.structure.selectedNode();
-        if (key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
             return;
         Erase_Item(key);
         with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     });
+}
+
+bool PlantEditor::mayModify() const
+{
+    return session::rightOf(with_.session.CurrentUser.Modify);
 }
 
 bool PlantEditor::confirmed(int question, platform::Icon icon)

@@ -43,6 +43,8 @@ private:
     QString chooseType();
     void addParamGroupNodes(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
     bool confirmed(int question, platform::Icon icon);
+    // What the operator may not do is refused here too, not only closed in the menus.
+    bool mayModify() const;
     void selectItemAt(int row);
 
     Surroundings with_;

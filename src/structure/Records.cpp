@@ -60,7 +60,7 @@ TypeAddresses Records::Search_Instrument(const QString& tag)
         if (types.RecordCount() == 0)
             return {};
         types.MoveFirst();
-        types.Find(u"[mTag] = " % Compose_SqlText(tag));
+        types.Find(QStringLiteral("mTag"), tag);
         if (types.Eof())
             return {};
         return {types.text("mBaseAddr"), types.text("mAliveParAddr")};

@@ -137,6 +137,22 @@ void Structure::showItem(const ListItem& item)
     list_.updateItem(item);
 }
 
+void Structure::sortNodes(const QString& key)
+{
+    tree_.sortChildren(key);
+}
+
+void Structure::orderNodes(const QString& key)
+{
+    tree_.orderChildren(key);
+}
+
+void Structure::showCut(const QString& key)
+{
+    tree_.setPaleKey(key);
+    list_.setPaleKey(key);
+}
+
 void Structure::renameNode(const QString& key, const QString& caption)
 {
     if (!tree_.setCaption(key, caption))
@@ -217,6 +233,7 @@ void Structure::clearAll()
     tree_.clear();
     list_.clear();
     newestGroup_.clear();
+    showCut({});
     selectNode({});
     selectItem({});
     setPath({});

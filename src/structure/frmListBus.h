@@ -29,6 +29,8 @@ public:
     void showProgress(bool visible);
     void setProgress(int percent);
 
+    ListBusView& view() const { return *lvwBus_; }
+
     // Opens the filter over the list, or goes to it.
     void showFilter();
 

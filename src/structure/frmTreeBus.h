@@ -17,6 +17,8 @@ class frmTreeBus : public QWidget
 public:
     frmTreeBus(Structure& structure, session::Session& session, QWidget* parent = nullptr);
 
+    NodeView& view() const { return *tvwBus_; }
+
 signals:
     void menuWanted(const QPoint& globalPosition); // the popup mnuBus
     void commandWanted(const QString& command);

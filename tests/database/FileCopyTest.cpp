@@ -111,7 +111,7 @@ TEST_F(FileCopyTest, AnInterruptedCompanyIsWholeBeforeTheCopyTakesItsPlace)
     write("model", "new");
     {
         platform::Connection connection;
-        connection.Open("Data Source = " + path("company"));
+        connection.Open(path("company"));
         connection.Execute("CREATE TABLE t (x); INSERT INTO t VALUES ('kept'); PRAGMA cache_size = 1;");
         connection.BeginTrans();
         connection.Execute("UPDATE t SET x = 'lost';");
@@ -131,7 +131,7 @@ TEST_F(FileCopyTest, AnInterruptedCompanyIsWholeBeforeTheCopyTakesItsPlace)
         EXPECT_THROW(copyDatabaseFile(path("model"), path("killed")), platform::RuntimeError);
     }
     platform::Connection connection;
-    connection.Open("Data Source = " + path("killed"));
+    connection.Open(path("killed"));
     platform::Recordset rows;
     rows.Open("SELECT x FROM t", connection);
     EXPECT_EQ(rows.text("x"), "kept");

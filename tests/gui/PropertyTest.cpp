@@ -542,8 +542,8 @@ TEST_F(Property, TheRootShowsItsTotals)
 
 TEST_F(Property, WithoutTheRightEverythingIsLocked)
 {
+    setRight("Modify", "0");
     start();
-    session.CurrentUser.Modify = "0";
     insideProperty([&](QDialog& dialog) {
         EXPECT_FALSE(field(dialog, "txtVal1")->isEnabled());
         EXPECT_FALSE(dialog.findChild<QWidget*>("updVal1")->isEnabled());

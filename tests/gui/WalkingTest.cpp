@@ -14,13 +14,13 @@ class Walking : public gui::GuiFixture
 TEST_F(Walking, ACompanyOpensOnItsRoot)
 {
     start();
-    EXPECT_EQ(window()->windowTitle(), "Calidora - Database: Plant.mdb");
+    EXPECT_EQ(window()->windowTitle(), "Calidora - Database: Plant.mdb - User: TECHNICIAN");
     EXPECT_EQ(control<QLabel>("lblPath")->text(), "ZEL Bus");
     EXPECT_EQ(listKeys(), QStringList{"Root"});
     EXPECT_EQ(plant().tree().keyOf(tvwBus()->currentIndex()), "Root");
     EXPECT_TRUE(tvwBus()->isExpanded(plant().tree().indexOf("Root")));
     EXPECT_TRUE(tvwBus()->isVisible());
-    EXPECT_TRUE(tvwBus()->hasFocus());
+    EXPECT_TRUE(shownList()->hasFocus()) << "the login brings the list forward";
     EXPECT_FALSE(desktop.form("frmConnection"));
     EXPECT_FALSE(desktop.form("frmPresentation"));
     EXPECT_FALSE(control<QProgressBar>("prgUpdate")->isVisible());

@@ -14,7 +14,6 @@ class PropertyFixture : public CompanyFixture
 protected:
     PropertyFixture()
     {
-        session.CurrentUser.Modify = QStringLiteral("True");
         QObject::connect(&model, &property::PropertyModel::focusWanted,
                          [this](const QString& name) { focus = name; });
     }

@@ -516,7 +516,7 @@ TEST_F(UpdateTest, ACompanyHeldByAnotherProgramIsReported)
     open("1_1");
     model.change("txtValStr1", "NEW");
     platform::Connection other;
-    other.Open("Data Source = " + plantFile());
+    other.Open(plantFile());
     {
         const platform::Transaction held(other);
         EXPECT_FALSE(model.Update_Item());

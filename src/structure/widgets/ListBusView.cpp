@@ -79,6 +79,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     auto* delegate = new widgets::ImageDelegate(view, ListModel::ImageRole);
+    delegate->setPaleRole(ListModel::PaleRole);
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
@@ -219,6 +220,11 @@ void ListBusView::resizeEvent(QResizeEvent* event)
 {
     QStackedWidget::resizeEvent(event);
     empty_->setGeometry(rect().adjusted(24, 40, -24, -24));
+}
+
+QList<QAbstractItemView*> ListBusView::views() const
+{
+    return {report_, icons_};
 }
 
 QAbstractItemView* ListBusView::current() const

@@ -15,6 +15,9 @@ class NodeView : public OneSelected<QTreeView>
 public:
     explicit NodeView(QWidget* parent = nullptr);
 
+    // The node on which something dragged would be dropped, "" for none, and whether it would be taken there.
+    void setDropTarget(const QString& key, bool fits);
+
 signals:
     void nodeTaken(const QModelIndex& index);
     void insertPressed();
@@ -22,6 +25,8 @@ signals:
     void menuWanted(const QPoint& globalPosition);
 
 protected:
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) const override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -29,6 +34,8 @@ protected:
 
 private:
     bool gesture_ = false;
+    QString dropTarget_;
+    bool dropFits_ = false;
 };
 
 } // namespace structure
