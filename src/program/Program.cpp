@@ -27,12 +27,11 @@ Program::Program(const Surroundings& surroundings)
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
-      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
+      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_,
+                                               [this](const QString& key) { property_.open(key); }}),
       clipboard_({with_.session, with_.texts, with_.op, structure_, editor_}),
       states_(with_.session, with_.texts, with_.op, structure_),
       drag_(with_.session, with_.texts, structure_, clipboard_),
-      zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_,
-                                               [this](const QString& key) { property_.open(key); }}),
       property_(with_.session, with_.texts, with_.op, structure_),
       propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
       printing_(with_.session, with_.texts, with_.op, with_.printers),
@@ -102,7 +101,11 @@ dialogs::Settings::Verbs Program::settingsVerbs()
     dialogs::Settings::Verbs verbs;
     verbs.Set_COMPort = [this] { return bus_.Set_COMPort(); };
     verbs.Open_COMConnection = [this] { return bus_.Open_COMConnection(); };
-    verbs.Close_COMConnection = [this] { return bus_.Close_COMConnection(); };
+    // A line that is up is hung up and its events are kept before the port closes under it.
+    verbs.Close_COMConnection = [this] {
+        bus_.cutLine();
+        return bus_.Close_COMConnection();
+    };
     verbs.Write_Configuration = [this] { return Write_Configuration(with_.session); };
     verbs.Delete_Log = [this](bool enabled, bool all) { purge_.Delete_Log(enabled, all); };
     verbs.SetLanguage_AllForms = [this](const QString& identifier) {
@@ -125,8 +128,10 @@ void Program::acknowledgeAlarms()
         alarmCalls_.remove(0, shown);
 }
 
+// A line that is up is not left standing: what it brought goes to its log.
 void Program::endProgram()
 {
+    bus_.cutLine();
     if (QWidget* window = mainWindow())
         window->hide();
     emit left();
