@@ -70,7 +70,7 @@ bool Import::isAgreed(TraceReader& file) const
         return true;
     QStringList lines{with_.texts.own("import.findings")};
     lines << findings.mid(0, kShownFindings);
-    if (findings.size() == ImportCheck::kMostFindings)
+    if (findings.size() >= ImportCheck::kMostFindings)
         lines << with_.texts.own("import.endless");
     else if (findings.size() > kShownFindings)
         lines << with_.texts.own("import.more").arg(findings.size() - kShownFindings);

@@ -41,6 +41,7 @@ protected:
     {
         ASSERT_TRUE(connectPlant());
         structure.clickNode(key);
+        op.forms.clear();
     }
     void exportTo(const QString& path, int filter, const QString& message)
     {
