@@ -1,3 +1,4 @@
+#include "database/DamageAdvice.h"
 #include "events/ErrorReport.h"
 #include "platform/Machine.h"
 #include "platform/QtClock.h"
@@ -39,6 +40,7 @@ int main(int argc, char** argv)
     platform::QtSerialPort port(session.AppPath);
     const platform::Machine machine;
     events::installFailureHook(session, op, clock, machine);
+    database::installDamageAdvice(session, texts);
 
     program::Program program({session, texts, op, clock, port});
     // The window goes before the loop ends, and what it shows after it.

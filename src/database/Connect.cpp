@@ -92,6 +92,7 @@ bool Database::Connect_Database(const QString& path)
         fillTree();
         structure_.selectNode(structure::kRootKey);
         emit captionChanged(session_.AppTitle % u" - " % texts_(156) % u' ' % session_.DbName);
+        emit opened();
         return true;
     });
 }
@@ -201,13 +202,34 @@ void Database::Disconnect_Database()
     guarded("Module/Disconnect_Database", [&] {
         if (session_.DbName.isEmpty())
             return;
-        structure_.clearAll();
-        enablePlantWindows(operator_, false);
+        clearPlant();
         closeAll(session_);
         session_.DbName.clear();
         session_.DbVersion.clear();
         emit captionChanged(session_.AppTitle);
     });
+}
+
+void Database::clearPlant()
+{
+    structure_.clearAll();
+    enablePlantWindows(operator_, false);
+}
+
+bool Database::reconnect()
+{
+    if (!Connect_Database(session_.dbFile())) {
+        // Without a name a disconnect has nothing to do; what the connect had shown goes all the same.
+        if (session_.DbName.isEmpty())
+            clearPlant();
+        Disconnect_Database();
+        emit connectionLost();
+        return false;
+    }
+    emit reconnected();
+    emit captionChanged(session_.AppTitle % u" - " % texts_(156) % u' ' % session_.DbName % u" - " %
+                        texts_(59) % u' ' % session_.CurrentUser.Name);
+    return true;
 }
 
 } // namespace database

@@ -17,8 +17,10 @@ using namespace session;
 Program::Program(const Surroundings& surroundings)
     : with_(surroundings), structure_(with_.session, with_.texts, with_.op),
       database_(with_.session, with_.texts, with_.op, structure_),
-      events_(with_.session, with_.op, with_.clock), purge_(with_.session, with_.op, with_.clock),
-      consoleModel_(with_.clock),
+      safekeeping_({with_.session, with_.texts, with_.op, with_.clock, database_}),
+      upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
+      safetyCopies_(with_.session, with_.clock), events_(with_.session, with_.op, with_.clock),
+      purge_(with_.session, with_.op, with_.clock), consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
@@ -72,6 +74,11 @@ void Program::listen()
     connect(&structure_, &Structure::viewChanged, this, [this] { commands_.refreshMarks(); });
     connect(&structure_, &Structure::propertyWanted, this, [this] { handlers_.run("Property"); });
 
+    connect(&database_, &database::Database::opened, &safetyCopies_, &database::SafetyCopies::companyOpened);
+    connect(&database_, &database::Database::reconnected, this, [this] {
+        commands_.EnableDisable_TlbMainButtons(session::kNoSelection);
+        commands_.EnableDisable_MainMenu(session::kNoSelection);
+    });
     connect(&database_, &database::Database::connected, this, [this] { main_.companyConnected(); });
     // What stands in the two windows is of the company that was open.
     connect(&database_, &database::Database::captionChanged, this, [this] {

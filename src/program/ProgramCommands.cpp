@@ -12,6 +12,9 @@ void Program::registerCommands()
     handlers_.set("NewDb", [this] { database_.New_Database(); });
     handlers_.set("OpenDb", [this] { database_.Open_Database(); });
     handlers_.set("CloseDb", [this] { main_.Close_Database(); });
+    handlers_.set("BackupDb", [this] { safekeeping_.Backup_Database(); });
+    handlers_.set("RestoreDb", [this] { safekeeping_.Restore_Database(); });
+    handlers_.set("UpgradeDb", [this] { upgrade_.Upgrade_Database(); });
     handlers_.set("Exit", [this] { main_.leave(); });
 
     handlers_.set("Tree", [this] { structure_.Hide_TreeBus(); });
