@@ -57,7 +57,7 @@ std::optional<ChosenPath> Safekeeping::askBackupTarget()
     const session::Session& session = with_.session;
     const QString proposal = baseName(session.DbName) + QStringLiteral(".bak");
     auto target = chooseFile(session, with_.texts, with_.op, [&] {
-        return with_.op.saveFile({with_.texts(186), kFilter, proposal, session.DirBackup});
+        return with_.op.saveFile({with_.texts(186), kFilter, proposal, session.DirBackup}).name;
     });
     if (!target)
         return std::nullopt;

@@ -47,8 +47,9 @@ void Database::New_Database()
             return;
         session_.DbPath = startFolder();
         const auto file = chooseFile(session_, texts_, operator_, [&] {
-            return operator_.saveFile(
-                {texts_(187), kFilter, session_.AppTitle + QStringLiteral(".mdb"), session_.DbPath});
+            return operator_
+                .saveFile({texts_(187), kFilter, session_.AppTitle + QStringLiteral(".mdb"), session_.DbPath})
+                .name;
         });
         if (!file || !takeName(*file))
             return;

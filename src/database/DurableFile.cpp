@@ -19,8 +19,7 @@ namespace database {
 
 namespace {
 
-constexpr QFile::Permissions kRights =
-    QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup;
+constexpr QFile::Permissions kRights = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
 
 [[noreturn]] void failOnName(const QString& path, const std::error_code& error)
 {

@@ -24,7 +24,7 @@ void takePlace(const QString& part, const QString& target);
 // Brings a folder's entries to the disk: from here on a name stands for the file that took its place.
 void flushFolderOf(const QString& file);
 
-// The rights of a company file: its owner's and group's.
+// The rights of a company file: its owner writes it, its group may read it.
 void restrictRights(const QString& file);
 
 } // namespace database

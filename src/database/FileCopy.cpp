@@ -138,7 +138,6 @@ bool hasSideFiles(const QString& file)
 void copyDatabaseFile(const QString& source, const QString& target, const CopyOptions& options)
 {
     const QString place = placeOf(target);
-    const QFileInfo replaced(place);
     refuseUnwritable(place);
     QFile from(source);
     if (!from.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
@@ -146,14 +145,11 @@ void copyDatabaseFile(const QString& source, const QString& target, const CopyOp
     Part to(place);
     pump(from, to, options);
     to.complete();
-    if (replaced.exists())
-        QFile::setPermissions(to.name(), replaced.permissions());
-    else
-        restrictRights(to.name());
+    restrictRights(to.name());
     if (options.check)
         options.check(to.name());
     settle(place);
-    if (!options.keepAs.isEmpty() && replaced.exists())
+    if (!options.keepAs.isEmpty() && QFileInfo::exists(place))
         keep(place, options.keepAs);
     to.take(place);
     removeSideFiles(place);

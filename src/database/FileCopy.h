@@ -21,8 +21,8 @@ struct CopyOptions
 // power cut leaves an existing target as it was. Behind a link the file it leads to is replaced.
 //
 // What an interrupted program left in the target is undone first, so that its journal can't be played into
-// the new file; a target that another program is writing is refused. A new file is its owner's and group's,
-// a replaced one keeps its rights. Fails with file and reason.
+// the new file; a target that another program is writing is refused. Owner and group may read
+// the copy, whatever the source's rights. Fails with file and reason.
 void copyDatabaseFile(const QString& source, const QString& target, const CopyOptions& options = {});
 
 // Whether anything stands beside a database file that belongs to it: what a killed program left behind.

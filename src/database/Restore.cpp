@@ -54,8 +54,10 @@ std::optional<ChosenPath> Safekeeping::askRestoreTarget(const QString& sourceNam
     const qsizetype ending = sourceName.indexOf(QLatin1String(".BAK"), 0, Qt::CaseInsensitive);
     const QString proposal = ending < 0 ? sourceName : sourceName.left(ending);
     auto target = chooseFile(with_.session, with_.texts, with_.op, [&] {
-        return with_.op.saveFile({with_.texts(189), QStringLiteral("Access (*.mdb)|*.mdb"), proposal,
-                                  with_.database.startFolder()});
+        return with_.op
+            .saveFile({with_.texts(189), QStringLiteral("Access (*.mdb)|*.mdb"), proposal,
+                       with_.database.startFolder()})
+            .name;
     });
     if (!target || !isModelName(target->name))
         return target;

@@ -1,5 +1,6 @@
 #include "events/Purge.h"
 
+#include "events/LogFiles.h"
 #include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
@@ -36,15 +37,6 @@ private:
     const QString kForm = QStringLiteral("frmReadLogFiles");
     Operator& operator_;
 };
-
-QStringList logFilesIn(const QString& folder)
-{
-    const QDir dir(folder);
-    if (!dir.exists())
-        fail(errors::kPathNotFound,
-             QStringLiteral("Path not found: '%1'.").arg(QDir::toNativeSeparators(folder)));
-    return dir.entryList({QStringLiteral("*.log")}, QDir::Files, QDir::Name | QDir::IgnoreCase);
-}
 
 QDate dateIn(const QString& name)
 {
@@ -93,7 +85,7 @@ void LogPurge::visit(const QStringList& names, bool All)
         if (onFile)
             onFile(int((index + 1) * 100 / count),
                    QStringLiteral("(%1/%2) ").arg(index + 1).arg(count) + name);
-        if (!name.contains(session_.ExeName + QLatin1Char('_')))
+        if (!isOwnLog(name, session_.ExeName))
             continue;
         if (All || (hasExpired(name) && wanted(name)))
             deleteFile(session_.appFile(QStringLiteral("Log/") + name));

@@ -40,6 +40,13 @@ struct FileRequest
     QString filter; // "Access (*.mdb)|*.mdb"
     QString fileName;
     QString folder;
+    int filterIndex = 1; // the filter that is chosen at first, counted from 1
+};
+
+struct ChosenFile
+{
+    QString name;
+    int filterIndex = 1; // the filter that was chosen with it
 };
 
 // The person at the machine: asked, shown things, kept waiting. The one door from the logic to the windows.
@@ -52,10 +59,15 @@ public:
     virtual int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) = 0;
     // The whole name of the chosen file; a cancel is RuntimeError 32755.
     virtual QString openFile(const FileRequest& request) = 0;
-    virtual QString saveFile(const FileRequest& request) = 0;
+    // The same for a file to be written. A name typed without its ending has that of the chosen filter, and
+    // the operator has agreed to replace a file that exists.
+    virtual ChosenFile saveFile(const FileRequest& request) = 0;
     // A line of text that the operator types; none when the box is cancelled.
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
-    virtual void setPointer(Pointer pointer) = 0;
+    // Has the desktop open an address: "mailto:help@example.org", "www.example.org". No program for it fails.
+    virtual void openAddress(const QString& address) = 0;
+    // The pointer between the jobs; a job's hourglass covers it.
+    void setPointer(Pointer pointer);
     virtual void beep() = 0;
 
     // Windows by name ("frmReadWrite"). A modal one returns when it has closed.
@@ -68,19 +80,47 @@ public:
     virtual void enableForm(const QString& name, bool enabled) = 0;
     // Paints what is due before a long job holds the thread.
     virtual void repaint() = 0;
+
+protected:
+    // The shape that the operator sees from now on; called when it changes.
+    virtual void showPointer(Pointer pointer) = 0;
+
+private:
+    friend class BusyPointer;
+    friend class DialogPointer;
+    void setJobs(int jobs);
+
+    Pointer resting_ = Pointer::Default;
+    Pointer shown_ = Pointer::Default;
+    int jobs_ = 0; // that run at this moment, one inside the other
 };
 
-// The pointer shape of a long job; the default comes back on every way out.
+// The hourglass of a long job. Jobs nest: it stands until the outermost has ended.
 class BusyPointer
 {
 public:
-    explicit BusyPointer(Operator& op) : operator_(op) { operator_.setPointer(Pointer::Hourglass); }
-    ~BusyPointer() { operator_.setPointer(Pointer::Default); }
+    explicit BusyPointer(Operator& op) : operator_(op) { operator_.setJobs(operator_.jobs_ + 1); }
+    ~BusyPointer() { operator_.setJobs(operator_.jobs_ - 1); }
     BusyPointer(const BusyPointer&) = delete;
     BusyPointer& operator=(const BusyPointer&) = delete;
 
 private:
     Operator& operator_;
+};
+
+// A dialog stands over the jobs that called it up: it takes the pointer that is shown between them, and gives
+// theirs back when it has closed.
+class DialogPointer
+{
+public:
+    explicit DialogPointer(Operator& op) : operator_(op), jobs_(op.jobs_) { operator_.setJobs(0); }
+    ~DialogPointer() { operator_.setJobs(jobs_); }
+    DialogPointer(const DialogPointer&) = delete;
+    DialogPointer& operator=(const DialogPointer&) = delete;
+
+private:
+    Operator& operator_;
+    const int jobs_;
 };
 
 } // namespace platform

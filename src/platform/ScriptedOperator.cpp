@@ -52,15 +52,15 @@ void ScriptedOperator::enableForm(const QString& name, bool enabled)
     forms << (enabled ? "enable " : "disable ") + name;
 }
 
-QString ScriptedOperator::nextFile(const FileRequest& request)
+ChosenFile ScriptedOperator::nextFile(const FileRequest& request)
 {
     fileRequests.push_back(request);
-    const QString name = files_.empty() ? QString() : files_.front();
+    const ChosenFile file = files_.empty() ? ChosenFile() : files_.front();
     if (!files_.empty())
         files_.pop_front();
-    if (name.isEmpty())
+    if (file.name.isEmpty())
         fail(errors::kCancelled, QStringLiteral("Cancel was selected."));
-    return name;
+    return file;
 }
 
 } // namespace platform

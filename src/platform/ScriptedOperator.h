@@ -25,16 +25,16 @@ public:
     // The next box must show this text and gets this answer.
     void expect(const QString& text, int answer = answers::kOk);
     // The next file dialog gives this name; an empty one is a cancel.
-    void chooseFile(const QString& name) { files_.push_back(name); }
+    void chooseFile(const QString& name, int filterIndex = 1) { files_.push_back({name, filterIndex}); }
     // The next input box is answered with this text; none is a cancel.
     void type(const std::optional<QString>& text) { inputs_.push_back(text); }
     bool done() const { return script_.empty() && files_.empty() && inputs_.empty(); }
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
-    QString openFile(const FileRequest& request) override { return nextFile(request); }
-    QString saveFile(const FileRequest& request) override { return nextFile(request); }
+    QString openFile(const FileRequest& request) override { return nextFile(request).name; }
+    ChosenFile saveFile(const FileRequest& request) override { return nextFile(request); }
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
-    void setPointer(Pointer pointer) override { this->pointer = pointer; }
+    void openAddress(const QString& address) override { addresses << address; }
     void beep() override
     {
         ++beeps;
@@ -53,17 +53,21 @@ public:
     std::vector<std::pair<QString, QString>> inputBoxes; // prompt and title
     QStringList unexpected;                              // texts of boxes that no script expected
     QStringList forms;                                   // what was asked of the windows, in order
+    QStringList addresses;                               // what the desktop was asked to open
     Pointer pointer = Pointer::Default;
     int beeps = 0;
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
     std::function<void()> onBeep;
 
+protected:
+    void showPointer(Pointer shape) override { pointer = shape; }
+
 private:
-    QString nextFile(const FileRequest& request);
+    ChosenFile nextFile(const FileRequest& request);
 
     std::deque<std::pair<QString, int>> script_;
-    std::deque<QString> files_;
+    std::deque<ChosenFile> files_;
     std::deque<std::optional<QString>> inputs_;
 };
 

@@ -55,18 +55,25 @@ TextWriter::TextWriter(const QString& path, int codePage, const char* lineEnd)
     // The engine of safe files has one reason for all that keeps it from opening one.
     if (!file_.open(QIODevice::WriteOnly))
         failWithFile(QFileInfo(path).dir().exists() ? errors::kPermissionDenied : errors::kPathNotFound);
+    if (codePage_ == kUtf8WithMark)
+        write(kUtf8Mark);
 }
 
 void TextWriter::WriteLine(const QString& line)
 {
-    text_ += line + QLatin1String(lineEnd_);
+    write((codePage_ == kUtf8WithMark ? line.toUtf8() : encode(line, codePage_)) + lineEnd_);
 }
 
-void TextWriter::commit(Lacking lacking)
+void TextWriter::write(const QByteArray& bytes)
 {
-    const QByteArray bytes = encoded(lacking);
+    if (file_.write(bytes) != bytes.size())
+        failWithFile(errors::kDiskFull);
+}
+
+void TextWriter::commit()
+{
     // The commit looks at what was written, not at what its own flush couldn't write: a full disk shows here.
-    if (file_.write(bytes) != bytes.size() || !file_.flush()) {
+    if (!file_.flush()) {
         file_.cancelWriting();
         failWithFile(errors::kDiskFull);
     }
@@ -78,13 +85,6 @@ void TextWriter::commit(Lacking lacking)
 void TextWriter::failWithFile(int number) const
 {
     fail(number, described(file_));
-}
-
-QByteArray TextWriter::encoded(Lacking lacking) const
-{
-    const QByteArray bytes = encode(text_, codePage_);
-    const bool whole = lacking == Lacking::QuestionMark || decode(bytes, codePage_) == text_;
-    return whole ? bytes : kUtf8Mark + text_.toUtf8();
 }
 
 } // namespace platform

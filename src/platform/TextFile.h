@@ -36,31 +36,29 @@ private:
     bool utf8_ = false;
 };
 
-// What becomes of a character that the code page lacks.
-enum class Lacking
-{
-    QuestionMark, // it is written as "?"
-    KeptAsUtf8    // the whole file is written as UTF-8 behind its mark, for TextReader alone to read
-};
+// The code page of a file that begins with the mark of UTF-8 and lacks no character; for TextReader alone to
+// read.
+constexpr int kUtf8WithMark = 65001;
 
-// Writes a text file that stands whole or not at all: until commit the former file is untouched.
+// Writes a text file that stands whole or not at all, however long it grows: each line goes to a file beside
+// it, which commit puts in its place. A character that the code page lacks becomes "?".
 class TextWriter
 {
 public:
     TextWriter(const QString& path, int codePage, const char* lineEnd = kSystemLineEnd);
 
+    // A full disk fails at the line that finds it, or at the commit.
     void WriteLine(const QString& line);
     // Puts the file in the place of the former one. Without it nothing is left behind.
-    void commit(Lacking lacking = Lacking::QuestionMark);
+    void commit();
 
 private:
+    void write(const QByteArray& bytes);
     [[noreturn]] void failWithFile(int number) const;
-    QByteArray encoded(Lacking lacking) const;
 
     QSaveFile file_;
     int codePage_;
     const char* lineEnd_;
-    QString text_;
 };
 
 } // namespace platform

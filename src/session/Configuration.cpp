@@ -1,5 +1,6 @@
 #include "session/Configuration.h"
 
+#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/TextFile.h"
 #include "session/Int16.h"
@@ -140,6 +141,26 @@ void readSections(TextReader& reader, Session& session)
     }
 }
 
+QStringList linesOf(const Session& session)
+{
+    QStringList lines;
+    for (const Section& section : layout()) {
+        lines << section.header;
+        for (const Key& key : section.keys)
+            lines << QLatin1String(key.name) + QLatin1Char('=') + key.text(session);
+    }
+    return lines;
+}
+
+// A path may hold what the machine's page lacks, and must come back as it was.
+int codePageFor(const QStringList& lines, int codePage)
+{
+    const bool whole = std::all_of(lines.begin(), lines.end(), [=](const QString& line) {
+        return decode(encode(line, codePage), codePage) == line;
+    });
+    return whole ? codePage : kUtf8WithMark;
+}
+
 void reportUnseen(int number, const QString& description)
 {
     reportFailure({number, description, QStringLiteral("Module/Read_Configuration"), true});
@@ -165,13 +186,11 @@ bool Read_Configuration(Session& session)
 bool Write_Configuration(const Session& session)
 {
     return guarded("Module/Write_Configuration", [&] {
-        TextWriter writer(fileOf(session), session.CodePage);
-        for (const Section& section : layout()) {
-            writer.WriteLine(section.header);
-            for (const Key& key : section.keys)
-                writer.WriteLine(QLatin1String(key.name) + QLatin1Char('=') + key.text(session));
-        }
-        writer.commit(Lacking::KeptAsUtf8);
+        const QStringList lines = linesOf(session);
+        TextWriter writer(fileOf(session), codePageFor(lines, session.CodePage));
+        for (const QString& line : lines)
+            writer.WriteLine(line);
+        writer.commit();
         return true;
     });
 }

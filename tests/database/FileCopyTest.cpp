@@ -1,5 +1,7 @@
 #include "database/FileCopy.h"
 
+#include "platform/Connection.h"
+#include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
 #include "support/CompanyFixture.h"
 #include "support/FullDisk.h"
@@ -58,6 +60,19 @@ TEST_F(FileCopyTest, ACopyOfAReadOnlyModelCanBeWritten)
     EXPECT_TRUE(QFile::permissions(path("company")) & QFile::WriteOwner);
 }
 
+TEST_F(FileCopyTest, OwnerAndGroupAloneReadACompany)
+{
+    write("model", "bytes");
+    write("company", "old");
+    QFile::setPermissions(path("company"), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther);
+    for (const char* target : {"company", "new"}) {
+        copyDatabaseFile(path("model"), path(target));
+        EXPECT_EQ(QFile::permissions(path(target)), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser |
+                                                        QFile::WriteUser | QFile::ReadGroup)
+            << target;
+    }
+}
+
 TEST_F(FileCopyTest, TheOldFilesJournalsGoWithIt)
 {
     write("model", "new");
@@ -79,6 +94,55 @@ TEST_F(FileCopyTest, AFullDiskLeavesTheOldFileAndItsJournal)
     }
     EXPECT_EQ(read("company"), "old");
     EXPECT_EQ(names(), (QStringList{"company", "company-journal", "model"}));
+}
+
+TEST_F(FileCopyTest, ACopyThatCantTakeItsPlaceLeavesTheOldFileAndItsJournal)
+{
+    write("model", "new");
+    write("company", "old");
+    write("company-shm", "old");
+    EXPECT_THROW(copyDatabaseFile(path("model"), path("company"),
+                                  {.check = [](const QString& part) { QFile::remove(part); }}),
+                 platform::RuntimeError);
+    EXPECT_EQ(read("company"), "old");
+    EXPECT_EQ(names(), (QStringList{"company", "company-shm", "model"}));
+}
+
+// A program was killed in the middle of its work: its journal waits beside the company.
+TEST_F(FileCopyTest, AnInterruptedCompanyIsWholeBeforeTheCopyTakesItsPlace)
+{
+    write("company", "");
+    write("model", "new");
+    {
+        platform::Connection connection;
+        connection.Open("Data Source = " + path("company"));
+        connection.Execute("CREATE TABLE t (x); INSERT INTO t VALUES ('kept'); PRAGMA cache_size = 1;");
+        connection.BeginTrans();
+        connection.Execute("UPDATE t SET x = 'lost';");
+        connection.Execute("CREATE TABLE filler (x); INSERT INTO filler SELECT randomblob(500) FROM t, "
+                           "(WITH RECURSIVE n(i) AS (VALUES (1) UNION ALL SELECT i + 1 FROM n WHERE i < 500) "
+                           "SELECT i FROM n);");
+        QFile::copy(path("company"), path("killed"));
+        QFile::copy(path("company-journal"), path("killed-journal"));
+        connection.RollbackTrans();
+    }
+    ASSERT_GT(read("killed-journal").size(), 1000);
+    ASSERT_GT(read("killed").size(), read("company").size());
+    QFile::copy(path("killed"), path("copied"));
+    QFile::copy(path("killed-journal"), path("copied-journal"));
+    {
+        const support::FullDisk disk(1);
+        EXPECT_THROW(copyDatabaseFile(path("model"), path("killed")), platform::RuntimeError);
+    }
+    platform::Connection connection;
+    connection.Open("Data Source = " + path("killed"));
+    platform::Recordset rows;
+    rows.Open("SELECT x FROM t", connection);
+    EXPECT_EQ(rows.text("x"), "kept");
+
+    copyDatabaseFile(path("model"), path("copied"));
+    EXPECT_EQ(read("copied"), "new");
+    EXPECT_FALSE(QFile::exists(path("copied-journal")));
 }
 
 TEST_F(FileCopyTest, AMissingSourceOrFolderFailsWithTheFilesName)
@@ -269,18 +333,6 @@ TEST_F(FileCopyTest, AnotherFileSystemIsAsGoodAsAny)
         EXPECT_EQ(copied.readAll(), expected);
     }
     EXPECT_EQ(read("kept by newer"), "new") << "no second name crosses a border: it was copied";
-}
-
-TEST_F(FileCopyTest, ANewFileIsItsOwnersAndGroups)
-{
-    write("model", "new");
-    copyDatabaseFile(path("model"), path("company"));
-    EXPECT_EQ(QFile::permissions(path("company")) & ~(QFile::ReadUser | QFile::WriteUser),
-              QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::WriteGroup);
-    ASSERT_EQ(chmod(path("company").toLocal8Bit().constData(), 0604), 0);
-    copyDatabaseFile(path("model"), path("company"));
-    EXPECT_TRUE(QFile::permissions(path("company")) & QFile::ReadOther) << "a replaced one keeps its rights";
-    EXPECT_FALSE(QFile::permissions(path("company")) & QFile::ReadGroup);
 }
 
 TEST_F(FileCopyTest, ThePartOfAKilledProgramIsTakenAgain)

@@ -2,12 +2,16 @@
 
 #include "gui/GuiFixture.h"
 
+#include <QComboBox>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTimer>
+#include <QUrl>
 
 namespace {
 
@@ -67,14 +71,24 @@ TEST_F(Desktop, EscapeIsTheSafestAnswer)
 
 TEST_F(Desktop, ABoxShowsThePlainPointerAndGivesTheHourglassBack)
 {
-    op.setPointer(Pointer::Hourglass);
-    inModal([](QWidget* box) {
-        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
-        box->close();
-    });
-    op.messageBox("!", Buttons::Ok, Icon::Exclamation, "Calidora");
+    {
+        const BusyPointer busy(op);
+        inModal([](QWidget* box) {
+            EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+            box->close();
+        });
+        op.messageBox("!", Buttons::Ok, Icon::Exclamation, "Calidora");
+        ASSERT_TRUE(QApplication::overrideCursor());
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    }
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(Desktop, TheBusyLinesPointerStandsBetweenTheJobs)
+{
+    op.setPointer(Pointer::ArrowHourglass);
     ASSERT_TRUE(QApplication::overrideCursor());
-    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
     op.setPointer(Pointer::Default);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
@@ -141,12 +155,7 @@ TEST_F(Desktop, UnloadingAllLeavesTheMainWindowAndItsChildren)
 TEST_F(Desktop, AnUnknownWindowFails)
 {
     EXPECT_THROW(op.showForm("frmNowhere"), RuntimeError);
-}
-
-TEST_F(Desktop, AModalWindowThatTheProgramLacksIsNotShown)
-{
-    op.showFormModal("frmNowhere");
-    EXPECT_FALSE(op.form("frmNowhere"));
+    EXPECT_THROW(op.showFormModal("frmNowhere"), RuntimeError);
 }
 
 TEST_F(Desktop, AnInputBoxGivesTheTypedLineOrNothing)
@@ -174,6 +183,80 @@ TEST_F(Desktop, ACancelledFileDialogIsItsOwnError)
     }
 }
 
+// Two kinds of file: what is chosen in the list of kinds goes with the name.
+class SaveDialog : public Desktop
+{
+protected:
+    ChosenFile save(
+        int filterIndex, const QString& typed, std::function<void(QWidget*)> play = [](QWidget*) {})
+    {
+        inModal([&](QWidget* dialog) {
+            play(dialog);
+            auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+            name->setText(typed);
+            QTest::keyClick(name, Qt::Key_Return);
+        });
+        return op.saveFile({"Save as", "Text (Tab) (*.txt)|*.txt|Text (Comma) (*.csv)|*.csv|All|*.*", "",
+                            folder.path(), filterIndex});
+    }
+    static void chooseKind(QWidget* dialog, Qt::Key key)
+    {
+        QTest::keyClick(dialog->findChild<QComboBox*>("fileTypeCombo"), key);
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(SaveDialog, TellsTheChosenFilterAndItsEnding)
+{
+    const ChosenFile first = save(1, "plant");
+    EXPECT_EQ(first.name, folder.filePath("plant.txt"));
+    EXPECT_EQ(first.filterIndex, 1);
+    const ChosenFile second = save(2, "plant");
+    EXPECT_EQ(second.name, folder.filePath("plant.csv"));
+    EXPECT_EQ(second.filterIndex, 2);
+    const ChosenFile third = save(3, "plant");
+    EXPECT_EQ(third.name, folder.filePath("plant"));
+    EXPECT_EQ(third.filterIndex, 3);
+}
+
+TEST_F(SaveDialog, TheEndingFollowsTheFilter)
+{
+    const ChosenFile down = save(1, "plant", [](QWidget* dialog) { chooseKind(dialog, Qt::Key_Down); });
+    EXPECT_EQ(down.name, folder.filePath("plant.csv"));
+    EXPECT_EQ(down.filterIndex, 2);
+    EXPECT_EQ(save(2, "plant", [](QWidget* dialog) { chooseKind(dialog, Qt::Key_Up); }).filterIndex, 1);
+    EXPECT_EQ(save(1, "plant.dat").name, folder.filePath("plant.dat")) << "a typed ending stays";
+}
+
+// The desktop's own way of opening an address, caught before it leaves the program.
+class AddressTaker : public QObject
+{
+    Q_OBJECT
+
+public:
+    AddressTaker() { QDesktopServices::setUrlHandler("mailto", this, "take"); }
+    ~AddressTaker() override { QDesktopServices::unsetUrlHandler("mailto"); }
+    QStringList taken;
+
+public slots:
+    void take(const QUrl& url) { taken << url.toString(); }
+};
+
+TEST_F(Desktop, AnAddressIsOpenedByTheDesktopOrFails)
+{
+    AddressTaker desktop;
+    op.openAddress("mailto:help@example.org");
+    EXPECT_EQ(desktop.taken, QStringList{"mailto:help@example.org"});
+    try {
+        op.openAddress("nobody-takes-this:x");
+        FAIL() << "no program takes it";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number, errors::kFileNotFound);
+        EXPECT_EQ(error.description, "<address.noprogram>");
+    }
+}
+
 TEST(NameFilters, AreWrittenAsQtWantsThem)
 {
     EXPECT_EQ(nameFilters("Access (*.mdb)|*.mdb"), QStringList{"Access (*.mdb)"});
@@ -182,3 +265,5 @@ TEST(NameFilters, AreWrittenAsQtWantsThem)
 }
 
 } // namespace
+
+#include "DesktopOperatorTest.moc"

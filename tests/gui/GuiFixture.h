@@ -39,7 +39,11 @@ public:
         return script.messageBox(text, buttons, icon, title);
     }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
-    QString saveFile(const platform::FileRequest& request) override { return script.saveFile(request); }
+    platform::ChosenFile saveFile(const platform::FileRequest& request) override
+    {
+        return script.saveFile(request);
+    }
+    void openAddress(const QString& address) override { script.openAddress(address); }
 
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override
     {

@@ -92,8 +92,10 @@ TEST_F(TextFileTest, AFullDiskLeavesTheFormerFile)
         {
             support::FullDisk full(1000);
             TextWriter writer(folder_.file("text"), 1252);
-            writer.WriteLine(QString(size, 'x'));
-            number = errorOf([&] { writer.commit(); });
+            number = errorOf([&] {
+                writer.WriteLine(QString(size, 'x'));
+                writer.commit();
+            });
         }
         EXPECT_EQ(number, errors::kDiskFull) << size;
         EXPECT_EQ(folder_.read("text"), "former") << size;
@@ -101,17 +103,43 @@ TEST_F(TextFileTest, AFullDiskLeavesTheFormerFile)
     }
 }
 
-TEST_F(TextFileTest, ACharacterThatThePageLacksIsAskedForOrKept)
+TEST_F(TextFileTest, ALongFileFailsAtTheLineThatFindsTheDiskFull)
 {
-    const auto written = [&](const QString& text, Lacking lacking) {
-        TextWriter writer(folder_.file("text"), 1252, "\n");
-        writer.WriteLine(text);
-        writer.commit(lacking);
+    support::FullDisk full(100'000);
+    TextWriter writer(folder_.file("text"), 1252);
+    int written = 0;
+    EXPECT_EQ(errorOf([&] {
+                  for (; written < 1000; ++written)
+                      writer.WriteLine(QString(999, 'x'));
+              }),
+              errors::kDiskFull);
+    EXPECT_GE(written, 99);
+    EXPECT_LT(written, 150) << "a full disk isn't kept for the end";
+}
+
+TEST_F(TextFileTest, ALongFileStandsWholeAtTheCommitOnly)
+{
+    folder_.write("text", "former");
+    TextWriter writer(folder_.file("text"), 1252, "\n");
+    for (int line = 0; line < 1000; ++line)
+        writer.WriteLine(QString(99, 'x'));
+    EXPECT_EQ(folder_.read("text"), "former");
+    writer.commit();
+    EXPECT_EQ(folder_.read("text"), (QByteArray(99, 'x') + '\n').repeated(1000));
+    EXPECT_THAT(folder_.names("."), ElementsAre("text"));
+}
+
+TEST_F(TextFileTest, ACharacterThatThePageLacksIsAskedForOrKeptInUtf8)
+{
+    const auto written = [&](int codePage) {
+        TextWriter writer(folder_.file("text"), codePage, "\n");
+        writer.WriteLine("à Ж");
+        writer.WriteLine("x");
+        writer.commit();
         return folder_.read("text");
     };
-    EXPECT_EQ(written("à Ж", Lacking::QuestionMark), "\xE0 ?\n");
-    EXPECT_EQ(written("à Ж", Lacking::KeptAsUtf8), "\xEF\xBB\xBFà Ж\n");
-    EXPECT_EQ(written("à", Lacking::KeptAsUtf8), "\xE0\n");
+    EXPECT_EQ(written(1252), "\xE0 ?\nx\n");
+    EXPECT_EQ(written(kUtf8WithMark), "\xEF\xBB\xBFà Ж\nx\n");
 }
 
 } // namespace

@@ -21,10 +21,10 @@ public:
 class BrokenPointer : public platform::ScriptedOperator
 {
 public:
-    void setPointer(platform::Pointer pointer) override
+    void showPointer(platform::Pointer shape) override
     {
-        ScriptedOperator::setPointer(pointer);
-        if (pointer == platform::Pointer::Hourglass && ++hourglasses == 2)
+        ScriptedOperator::showPointer(shape);
+        if (shape == platform::Pointer::Hourglass && ++hourglasses == 2)
             breakDown();
     }
     int hourglasses = 0;

@@ -4,6 +4,7 @@
 #include "platform/widgets/Icons.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -12,6 +13,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
+#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 
@@ -60,22 +62,12 @@ QString pictureOf(Icon icon)
     }
 }
 
-// A dialog wants the plain pointer while it stands; the hourglass of the job behind it comes back afterwards.
-class PlainPointer
+// "txt" for the first pattern, "*.txt", of a filter as Qt writes it; "" for one that takes every ending.
+QString endingOf(const QString& nameFilter)
 {
-public:
-    explicit PlainPointer(DesktopOperator& op, Pointer former) : operator_(op), former_(former)
-    {
-        operator_.setPointer(Pointer::Default);
-    }
-    ~PlainPointer() { operator_.setPointer(former_); }
-    PlainPointer(const PlainPointer&) = delete;
-    PlainPointer& operator=(const PlainPointer&) = delete;
-
-private:
-    DesktopOperator& operator_;
-    Pointer former_;
-};
+    const QString pattern = nameFilter.section("(*.", -1).section(' ', 0, 0).section(')', 0, 0);
+    return pattern == "*" ? QString() : pattern;
+}
 
 } // namespace
 
@@ -109,7 +101,7 @@ QList<QWidget*> DesktopOperator::loadedForms() const
 
 int DesktopOperator::messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title)
 {
-    const PlainPointer plain(*this, pointer_);
+    const DialogPointer plain(*this);
     QMessageBox box(owner());
     box.setObjectName("messageBox");
     box.setWindowTitle(title);
@@ -135,19 +127,20 @@ int DesktopOperator::messageBox(const QString& text, Buttons buttons, Icon icon,
 
 QString DesktopOperator::openFile(const FileRequest& request)
 {
-    return chooseFile(request, false);
+    return chooseFile(request, false).name;
 }
 
-QString DesktopOperator::saveFile(const FileRequest& request)
+ChosenFile DesktopOperator::saveFile(const FileRequest& request)
 {
     return chooseFile(request, true);
 }
 
-QString DesktopOperator::chooseFile(const FileRequest& request, bool save)
+ChosenFile DesktopOperator::chooseFile(const FileRequest& request, bool save)
 {
-    const PlainPointer plain(*this, pointer_);
+    const DialogPointer plain(*this);
+    const QStringList filters = nameFilters(request.filter);
     QFileDialog dialog(owner(), request.title, request.folder);
-    dialog.setNameFilters(nameFilters(request.filter));
+    dialog.setNameFilters(filters);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setLabelText(QFileDialog::Accept, words_(save ? "file.save" : "file.open"));
@@ -155,19 +148,22 @@ QString DesktopOperator::chooseFile(const FileRequest& request, bool save)
     dialog.setLabelText(QFileDialog::LookIn, words_("file.folder"));
     dialog.setLabelText(QFileDialog::FileName, words_("file.name"));
     dialog.setLabelText(QFileDialog::FileType, words_("file.type"));
-    // A name typed without its ending gets that of the first filter.
-    if (const qsizetype dot = request.filter.lastIndexOf("*."); save && dot >= 0)
-        dialog.setDefaultSuffix(request.filter.section('|', 1, 1).section("*.", 1).section(';', 0, 0));
+    if (save) {
+        const auto takeEnding = [&](const QString& filter) { dialog.setDefaultSuffix(endingOf(filter)); };
+        takeEnding(filters.value(request.filterIndex - 1));
+        QObject::connect(&dialog, &QFileDialog::filterSelected, takeEnding);
+    }
+    dialog.selectNameFilter(filters.value(request.filterIndex - 1));
     if (!request.fileName.isEmpty())
         dialog.selectFile(request.fileName);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         fail(errors::kCancelled, words_("file.cancelled"));
-    return dialog.selectedFiles().constFirst();
+    return {dialog.selectedFiles().constFirst(), int(filters.indexOf(dialog.selectedNameFilter())) + 1};
 }
 
 std::optional<QString> DesktopOperator::inputBox(const QString& prompt, const QString& title)
 {
-    const PlainPointer plain(*this, pointer_);
+    const DialogPointer plain(*this);
     QInputDialog box(owner());
     box.setObjectName("inputBox");
     box.setWindowTitle(title);
@@ -181,15 +177,18 @@ std::optional<QString> DesktopOperator::inputBox(const QString& prompt, const QS
     return box.textValue();
 }
 
-void DesktopOperator::setPointer(Pointer pointer)
+void DesktopOperator::openAddress(const QString& address)
 {
-    if (pointer == pointer_)
-        return;
-    if (pointer_ != Pointer::Default)
+    if (!QDesktopServices::openUrl(QUrl::fromUserInput(address)))
+        fail(errors::kFileNotFound, words_("address.noprogram").arg(address));
+}
+
+void DesktopOperator::showPointer(Pointer pointer)
+{
+    if (std::exchange(pointer_, pointer) != Pointer::Default)
         QApplication::restoreOverrideCursor();
     if (pointer != Pointer::Default)
         QApplication::setOverrideCursor(pointer == Pointer::Hourglass ? Qt::WaitCursor : Qt::BusyCursor);
-    pointer_ = pointer;
 }
 
 void DesktopOperator::beep()
@@ -207,9 +206,7 @@ void DesktopOperator::showForm(const QString& name)
 
 void DesktopOperator::showFormModal(const QString& name)
 {
-    if (!form(name) && !factories_.contains(name))
-        return;
-    const PlainPointer plain(*this, pointer_);
+    const DialogPointer plain(*this);
     QPointer<QWidget> window = load(name);
     if (auto* dialog = qobject_cast<QDialog*>(window)) {
         dialog->exec();

@@ -35,23 +35,26 @@ public:
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
     QString openFile(const FileRequest& request) override;
-    QString saveFile(const FileRequest& request) override;
+    ChosenFile saveFile(const FileRequest& request) override;
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
-    void setPointer(Pointer pointer) override;
+    void openAddress(const QString& address) override;
     void beep() override;
+    // A window that has no factory fails.
     void showForm(const QString& name) override;
-    // A window without a factory is not part of the program: nothing is shown.
     void showFormModal(const QString& name) override;
     void unloadForm(const QString& name) override;
     void unloadAllForms() override;
     void enableForm(const QString& name, bool enabled) override;
     void repaint() override;
 
+protected:
+    void showPointer(Pointer pointer) override;
+
 private:
     QWidget* load(const QString& name);
     bool awaitsItsScreen() const;
     QWidget* owner() const;
-    QString chooseFile(const FileRequest& request, bool save);
+    ChosenFile chooseFile(const FileRequest& request, bool save);
 
     Words words_;
     std::map<QString, Factory> factories_;

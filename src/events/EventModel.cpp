@@ -1,0 +1,255 @@
+#include "events/EventModel.h"
+
+#include "events/EventSort.h"
+#include "events/Narrowing.h"
+#include "platform/CodePage.h"
+
+#include <numeric>
+
+namespace events {
+
+void EventModel::clear(int codePage)
+{
+    beginResetModel();
+    codePage_ = codePage;
+    fold_ = CaseFold(codePage);
+    store_.clear();
+    order_ = {};
+    shown_ = {};
+    passes_ = {};
+    checked_ = {};
+    endResetModel();
+    emit rowsChanged();
+}
+
+void EventModel::grow()
+{
+    if (store_.size() >= 2 * order_.size())
+        take();
+}
+
+void EventModel::finish()
+{
+    take();
+    if (sortColumn_)
+        sort();
+}
+
+void EventModel::take()
+{
+    const auto known = quint32(order_.size());
+    if (known == store_.size())
+        return;
+    order_.resize(store_.size());
+    std::iota(order_.begin() + known, order_.end(), known);
+    checked_.resize(store_.size());
+    passes_.resize(store_.size());
+    judge(known);
+    const auto count =
+        std::count_if(order_.begin() + known, order_.end(), [this](quint32 event) { return isShown(event); });
+    if (count > 0) {
+        beginInsertRows({}, rowCount(), rowCount() + int(count) - 1);
+        std::copy_if(order_.begin() + known, order_.end(), std::back_inserter(shown_),
+                     [this](quint32 event) { return isShown(event); });
+        endInsertRows();
+    }
+    emit rowsChanged();
+}
+
+void EventModel::judge(quint32 from)
+{
+    const Narrowing narrowing(needle_, words_, fold_, codePage_);
+    for (quint32 event = from; event < passes_.size(); ++event) {
+        passes_[event].words = needle_.isEmpty() || narrowing.shows(store_.at(event));
+        judgeSpan(event);
+    }
+}
+
+void EventModel::judgeSpan(quint32 event)
+{
+    const Stamp when = store_.when(event);
+    passes_[event].span = !span_ || (when >= span_->from && when <= span_->to);
+}
+
+void EventModel::setWords(const EventWords& words)
+{
+    words_ = words;
+    judge(0);
+    showAgain();
+    emit headerDataChanged(Qt::Horizontal, 0, kEventColumns - 1);
+}
+
+void EventModel::clickColumn(EventColumn column)
+{
+    ascending_ = column != sortColumn_ || !ascending_;
+    sortColumn_ = column;
+    sort();
+}
+
+void EventModel::resetSort()
+{
+    sortColumn_.reset();
+    ascending_ = true;
+}
+
+void EventModel::sort()
+{
+    emit layoutAboutToBeChanged();
+    const QModelIndexList before = persistentIndexList();
+    std::vector<quint32> events;
+    for (const QModelIndex& index : before)
+        events.push_back(eventAt(index.row()));
+
+    sortEvents(order_, store_, words_, fold_, *sortColumn_, ascending_);
+    shown_ = shownOf(order_);
+
+    if (!before.isEmpty()) {
+        std::vector<int> rows(store_.size(), -1);
+        for (std::size_t row = 0; row < shown_.size(); ++row)
+            rows[shown_[row]] = int(row);
+        QModelIndexList after;
+        for (qsizetype i = 0; i < before.size(); ++i)
+            after << index(rows[events[std::size_t(i)]], before[i].column());
+        changePersistentIndexList(before, after);
+    }
+    emit layoutChanged();
+}
+
+std::vector<quint32> EventModel::shownOf(const std::vector<quint32>& order) const
+{
+    std::vector<quint32> shown;
+    shown.reserve(order.size());
+    std::copy_if(order.begin(), order.end(), std::back_inserter(shown),
+                 [this](quint32 event) { return isShown(event); });
+    return shown;
+}
+
+void EventModel::setNeedle(const QString& text)
+{
+    if (text == needle_)
+        return;
+    needle_ = text;
+    judge(0);
+    showAgain();
+}
+
+void EventModel::setSpan(const std::optional<Span>& span)
+{
+    if (span == span_)
+        return;
+    span_ = span;
+    for (quint32 event = 0; event < passes_.size(); ++event)
+        judgeSpan(event);
+    showAgain();
+}
+
+void EventModel::showAgain()
+{
+    beginResetModel();
+    shown_ = shownOf(order_);
+    endResetModel();
+    emit rowsChanged();
+}
+
+Timeline EventModel::timeline() const
+{
+    return Timeline::of([this](auto&& take) {
+        for (quint32 event = 0; event < passes_.size(); ++event) {
+            if (passes_[event].words)
+                take(store_.when(event), store_.type(event));
+        }
+    });
+}
+
+void EventModel::setAllChecked(bool checked)
+{
+    for (const quint32 event : shown_)
+        checked_[event] = checked;
+    if (!shown_.empty())
+        emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
+}
+
+int EventModel::checkedCount() const
+{
+    return int(
+        std::count_if(shown_.begin(), shown_.end(), [this](quint32 event) { return checked_[event]; }));
+}
+
+QString EventModel::text(int row, EventColumn column) const
+{
+    const StoredEvent event = store_.at(eventAt(row));
+    switch (column) {
+    case EventColumn::Type:
+        return words_.types[std::size_t(event.type)];
+    case EventColumn::Date:
+        return event.when == kNoStamp ? decoded(event.dateText)
+                                      : QString::fromLatin1(sortableText(event.when));
+    case EventColumn::Source:
+        return words_.sources[std::size_t(event.source)];
+    case EventColumn::Equipment:
+        return decoded(event.equipment);
+    case EventColumn::Instrument:
+        return decoded(event.instrument);
+    case EventColumn::Description:
+        return decoded(event.description);
+    }
+    return {};
+}
+
+QString EventModel::decoded(QByteArrayView bytes) const
+{
+    return platform::decode(bytes.toByteArray(), codePage_);
+}
+
+int EventModel::rowOf(quint32 event) const
+{
+    const auto found = std::find(shown_.begin(), shown_.end(), event);
+    return found == shown_.end() ? -1 : int(found - shown_.begin());
+}
+
+int EventModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : int(shown_.size());
+}
+
+int EventModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : kEventColumns;
+}
+
+Qt::ItemFlags EventModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
+    return index.column() == 0 ? flags | Qt::ItemIsUserCheckable : flags;
+}
+
+QVariant EventModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    if (role == Qt::DisplayRole)
+        return text(index.row(), EventColumn(index.column()));
+    if (index.column() != 0)
+        return {};
+    if (role == Qt::CheckStateRole)
+        return isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    return role == ImageRole ? QVariant(typeAt(index.row())) : QVariant();
+}
+
+bool EventModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (!index.isValid() || index.column() != 0 || role != Qt::CheckStateRole)
+        return false;
+    checked_[eventAt(index.row())] = value.toInt() == Qt::Checked;
+    emit dataChanged(index, index, {role});
+    return true;
+}
+
+QVariant EventModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= kEventColumns)
+        return {};
+    return words_.headings[std::size_t(section)];
+}
+
+} // namespace events

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "events/Stamp.h"
+
+#include <array>
+#include <vector>
+
+namespace events {
+
+// How many events fell into each day, or each hour where all lie within a few days.
+//
+// Units are counted through: days by their Julian number, hours by that number times 24.
+class Timeline
+{
+public:
+    struct Bar
+    {
+        qint64 unit = 0;
+        std::array<int, 4> counts{}; // by type: 1 information, 2 warning, 3 error
+
+        int total() const { return counts[1] + counts[2] + counts[3]; }
+    };
+
+    // `visit` calls its argument with stamp and type of every event; those without a stamp don't count.
+    template <class Visit>
+    static Timeline of(Visit&& visit)
+    {
+        Timeline timeline;
+        Stamp oldest = kNoStamp, newest = kNoStamp;
+        visit([&](Stamp when, int) {
+            if (when == kNoStamp)
+                return;
+            oldest = oldest == kNoStamp ? when : std::min(oldest, when);
+            newest = std::max(newest, when);
+        });
+        timeline.choose(oldest, newest);
+        visit([&](Stamp when, int type) {
+            if (when != kNoStamp)
+                timeline.count(when, type);
+        });
+        timeline.arrange();
+        return timeline;
+    }
+
+    bool byHour() const { return byHour_; }
+    bool isEmpty() const { return bars_.empty(); }
+    // In the order of time; units without an event have no bar.
+    const std::vector<Bar>& bars() const { return bars_; }
+    qint64 first() const { return bars_.front().unit; }
+    qint64 last() const { return bars_.back().unit; }
+    // The bar of a unit; one without events where there is none.
+    Bar bar(qint64 unit) const;
+    // What happened from one unit to another, both included.
+    Bar sum(qint64 from, qint64 to) const;
+
+    qint64 unitOf(Stamp when) const;
+    // The first and the last second of a unit.
+    Stamp begin(qint64 unit) const;
+    Stamp end(qint64 unit) const;
+
+private:
+    void choose(Stamp oldest, Stamp newest);
+    void count(Stamp when, int type);
+    void arrange();
+
+    bool byHour_ = false;
+    std::vector<Bar> bars_;
+};
+
+} // namespace events
