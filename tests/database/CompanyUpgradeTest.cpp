@@ -264,9 +264,10 @@ TEST_F(CompanyUpgradeTest, ADiskThatFillsUpAtEachStepCostsNothing)
         const auto reported = failures.take();
         ASSERT_FALSE(reported.empty());
         EXPECT_EQ(reported[0].procedure, "frmUpgrade/Upgrade");
-        if (step != 40) // the engine has a number of its own for a file that may not grow
+        if (step != 40) { // the engine has a number of its own for a file that may not grow
             EXPECT_EQ(reported[0].number, platform::errors::kDiskFull)
                 << reported[0].description.toStdString();
+        }
         EXPECT_EQ(bytesOf("Data/Plant.mdb"), former);
         EXPECT_FALSE(QFile::exists(plantFile() + ".part"));
     }
