@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "session/Forward.h"
 
-namespace session {
-class Texts;
-}
+#include <QString>
 
 namespace database {
 

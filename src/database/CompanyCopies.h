@@ -1,13 +1,10 @@
 #pragma once
 
+#include "session/Forward.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
-
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace database {
 

@@ -55,8 +55,6 @@ void removeFile(const QString& path)
 
 } // namespace
 
-CompanyUpgrade::CompanyUpgrade(const Surroundings& surroundings) : with_(surroundings) {}
-
 void CompanyUpgrade::Upgrade_Database()
 {
     guarded("Module/Upgrade_Database", [&] {

@@ -1,20 +1,11 @@
 #pragma once
 
+#include "database/FileCommands.h"
+
 #include <QObject>
 #include <QString>
 
-namespace platform {
-class Clock;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-
 namespace database {
-
-class Database;
 
 // Carries the open company to the catalogue of the present model: its tables go into a copy of the model,
 // which takes its place. Its window is frmUpgrade.
@@ -23,16 +14,7 @@ class CompanyUpgrade : public QObject
     Q_OBJECT
 
 public:
-    struct Surroundings
-    {
-        session::Session& session;
-        const session::Texts& texts;
-        platform::Operator& op;
-        const platform::Clock& clock;
-        Database& database;
-    };
-
-    explicit CompanyUpgrade(const Surroundings& surroundings);
+    explicit CompanyUpgrade(const FileCommands& with) : with_(with) {}
 
     void Upgrade_Database();
 
@@ -59,7 +41,7 @@ private:
     QString copyOfModel() const;
     bool isAllowed();
 
-    Surroundings with_;
+    const FileCommands with_;
     bool dialogOk_ = false; // the window was left by its upgrade
 };
 

@@ -11,7 +11,9 @@ void installDamageAdvice(const session::Session& session, const session::Texts& 
 {
     const platform::FailureHook former = platform::setFailureHook({});
     platform::setFailureHook([&session, &texts, former](platform::Failure failure) {
-        if (failure.number == platform::errors::kDamaged && !session.DbName.isEmpty())
+        // A file that has no copy may never have been a company.
+        if (failure.number == platform::errors::kDamaged && !session.DbName.isEmpty() &&
+            !newestCopy(session.dbFile(), session).isEmpty())
             failure.description += "\r\n" + adviceFor(session.dbFile(), session, texts);
         if (former)
             former(failure);

@@ -1,9 +1,6 @@
 #pragma once
 
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include "session/Forward.h"
 
 namespace database {
 

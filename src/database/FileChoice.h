@@ -1,16 +1,11 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QString>
 #include <functional>
 #include <optional>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace database {
 

@@ -39,7 +39,7 @@ void Safekeeping::Restore_Database()
             with_.op.messageBox(with_.texts(515), platform::Buttons::Ok, platform::Icon::Information,
                                 session.AppTitle);
         } else {
-            forget(options.keepAs);
+            QFile::remove(options.keepAs);
             if (former.isEmpty())
                 return;
             session.DbName = former;
@@ -82,7 +82,7 @@ bool Safekeeping::isCompany(const ChosenPath& file)
 void Safekeeping::connectRestored(const QString& kept)
 {
     if (with_.database.Connect_Database(with_.session.dbFile())) {
-        forget(kept);
+        QFile::remove(kept);
         emit with_.database.connected();
         return;
     }
@@ -90,13 +90,6 @@ void Safekeeping::connectRestored(const QString& kept)
     emit with_.database.connectionLost();
     if (QFile::exists(kept))
         refuse(with_.texts.own(QStringLiteral("restore.kept")).arg(QDir::toNativeSeparators(kept)));
-}
-
-void Safekeeping::forget(const QString& kept) const
-{
-    QFile file(kept);
-    if (!kept.isEmpty() && file.exists() && !file.remove())
-        platform::fail(platform::errors::kPermissionDenied, file.errorString());
 }
 
 // One of its own for each restore: none takes the place of an earlier one that still stands.

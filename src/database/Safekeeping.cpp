@@ -14,8 +14,6 @@ namespace database {
 
 using platform::guarded;
 
-Safekeeping::Safekeeping(const Surroundings& surroundings) : with_(surroundings) {}
-
 bool Safekeeping::Copy_Database(const QString& sourceFolder, const QString& sourceName,
                                 const QString& targetFolder, const QString& targetName,
                                 const CopyOptions& options)

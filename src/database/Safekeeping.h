@@ -1,23 +1,14 @@
 #pragma once
 
+#include "database/FileCommands.h"
 #include "database/FileCopy.h"
 
 #include <QObject>
 #include <QString>
 #include <optional>
 
-namespace platform {
-class Clock;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-
 namespace database {
 
-class Database;
 struct ChosenPath;
 
 // The commands that keep a company safe as one file: a backup is a copy of it with the connection closed, a
@@ -27,16 +18,7 @@ class Safekeeping : public QObject
     Q_OBJECT
 
 public:
-    struct Surroundings
-    {
-        session::Session& session;
-        const session::Texts& texts;
-        platform::Operator& op;
-        const platform::Clock& clock;
-        Database& database;
-    };
-
-    explicit Safekeeping(const Surroundings& surroundings);
+    explicit Safekeeping(const FileCommands& with) : with_(with) {}
 
     void Backup_Database();
     void Restore_Database();
@@ -54,11 +36,10 @@ private:
     bool isCompany(const ChosenPath& file);
     void checkBackup(const QString& file, const ChosenPath& target, const QString& company) const;
     void connectRestored(const QString& kept);
-    void forget(const QString& kept) const;
     QString keptName(const ChosenPath& target) const;
     void refuse(const QString& words);
 
-    Surroundings with_;
+    const FileCommands with_;
 };
 
 // The folder of backups; the data folder when it is gone.

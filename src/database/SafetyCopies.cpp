@@ -43,11 +43,14 @@ bool isUnchangedSince(const QString& copy, const QString& company)
 }
 
 // Parts that a killed program left behind.
-void removeParts(const QString& folder)
+void removeParts(const QString& company)
 {
-    const QDir files(folder);
-    for (const QString& part : files.entryList({QStringLiteral("*.bak.part")}, QDir::Files))
-        QFile::remove(files.filePath(part));
+    const QDir files(safetyFolder(company));
+    const QString base = baseName(QFileInfo(company).fileName());
+    for (const QString& part : files.entryList({QStringLiteral("*.bak.part")}, QDir::Files)) {
+        if (part.startsWith(base + u'_'))
+            QFile::remove(files.filePath(part));
+    }
 }
 
 } // namespace
@@ -70,7 +73,7 @@ void SafetyCopies::companyOpened()
         company_ = session_.dbFile();
         if (!session::Exist_Path(safetyFolder(company_)))
             return;
-        removeParts(safetyFolder(company_));
+        removeParts(company_);
         if (isDue())
             begin();
     });

@@ -1,19 +1,13 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "platform/OnlineBackup.h"
+#include "session/Forward.h"
 
 #include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <memory>
-
-namespace platform {
-class Clock;
-class Timer;
-} // namespace platform
-namespace session {
-struct Session;
-}
 
 namespace database {
 

@@ -1,32 +1,17 @@
 #pragma once
 
-#include <QDialog>
-
-class QProgressBar;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include "database/widgets/ProgressWindow.h"
+#include "session/Forward.h"
 
 namespace database {
 
-// How far the copy of a large database is. The copy holds the thread, so each step paints itself.
-class frmCopy : public QDialog
+// How far the copy of a large database is.
+class frmCopy : public ProgressWindow
 {
     Q_OBJECT
 
 public:
     frmCopy(const session::Session& session, const session::Texts& texts);
-
-public slots:
-    void showProgress(int percent);
-
-private:
-    QProgressBar* prgCopy_;
 };
 
 } // namespace database

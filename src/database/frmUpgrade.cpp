@@ -70,15 +70,15 @@ void frmUpgrade::listen()
     connect(&upgrade_, &CompanyUpgrade::operationChanged, this, [this](const QString& operation) {
         lblOperation_->setText(operation);
         prgFile_->setValue(0);
-        paintNow();
+        repaint();
     });
     connect(&upgrade_, &CompanyUpgrade::tableChanged, this, [this](const QString& table) {
         lblTable_->setText(table);
-        paintNow();
+        repaint();
     });
     connect(&upgrade_, &CompanyUpgrade::progress, this, [this](int percent) {
         prgUpgrade_->setValue(percent);
-        paintNow();
+        repaint();
     });
     connect(&upgrade_, &CompanyUpgrade::copyProgress, this, [this](int percent) {
         prgFile_->setValue(percent);
@@ -92,7 +92,7 @@ void frmUpgrade::start()
     // What is clicked or typed while it works must not begin it again or seem to stop it.
     cmdUpgrade_->setEnabled(false);
     cmdCancel_->setEnabled(false);
-    paintNow();
+    repaint();
     upgrade_.cmdUpgrade_Click();
 }
 
@@ -101,11 +101,6 @@ void frmUpgrade::reject()
 {
     if (cmdCancel_->isEnabled())
         upgrade_.cmdCancel_Click();
-}
-
-void frmUpgrade::paintNow()
-{
-    repaint();
 }
 
 } // namespace database

@@ -1,18 +1,13 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 
 class QLabel;
 class QProgressBar;
 class QPushButton;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace database {
 
@@ -35,7 +30,6 @@ private:
     void layOut();
     void listen();
     void start();
-    void paintNow();
 
     CompanyUpgrade& upgrade_;
     CopyAnimation* anmUpgrade_;

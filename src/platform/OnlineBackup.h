@@ -13,7 +13,8 @@ namespace platform {
 class Connection;
 
 // A copy of the file of an open connection, made in small steps between which the connection is used as
-// ever: what it writes meanwhile is in the copy, too. It ends with the connection at the latest.
+// ever: what it writes meanwhile is in the copy, too. A connection has one at a time; it ends with the
+// connection at the latest.
 class OnlineBackup
 {
 public:

@@ -179,6 +179,12 @@ TEST_F(BackupTest, ADamagedCompanyDoesNotReplaceAGoodBackup)
         << words.toStdString();
     EXPECT_TRUE(words.endsWith("To go back to it: Utility > Database > Restore.")) << words.toStdString();
     EXPECT_EQ(bytesOf("Backup/Plant.bak"), good);
+
+    ASSERT_TRUE(QFile::remove(file("Backup/Plant.bak")));
+    op.chooseFile(file("Backup/Plant.bak"));
+    safekeeping.Backup_Database();
+    EXPECT_TRUE(failures.take().at(0).description.endsWith(
+        "No safety copy and no backup of this company was found."));
 }
 
 TEST_F(BackupTest, ACompanyThatIsGoneAfterwardsLeavesNone)

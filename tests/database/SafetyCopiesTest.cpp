@@ -111,10 +111,12 @@ TEST_F(SafetyCopiesTest, OtherFilesAndOtherCompaniesCopiesStay)
                        "Plant_old_20200101000000.bak", "Plan_20200101000000.bak"};
     for (const QString& name : others)
         write("Data/Safety/" + name, "other");
-    write("Data/Safety/Other_20260314000000.bak.part", "left by a killed program");
+    write("Data/Safety/Plant_20260313000000.bak.part", "left by a killed program");
+    write("Data/Safety/Other_20260313000000.bak.part", "other");
     connectAndWait();
     EXPECT_EQ(made.count(), 1) << "none of them is this company's";
-    others << "Plant_20260314090000.bak";
+    others << "Plant_20260314090000.bak"
+           << "Other_20260313000000.bak.part";
     others.sort();
     EXPECT_EQ(safety(), others);
 }
