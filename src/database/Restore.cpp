@@ -44,7 +44,7 @@ void Safekeeping::Restore_Database()
                 return;
             session.DbName = former;
         }
-        connectRestored(copied ? options.keepAs : QString());
+        connectRestored(options.keepAs);
     });
 }
 
