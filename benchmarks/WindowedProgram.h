@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MemorySerialPort.h"
+#include "platform/RecordingPrinters.h"
 #include "platform/VirtualClock.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
@@ -31,7 +32,8 @@ public:
     platform::DesktopOperator op{[this](const QString& key) { return texts.own(key); }};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};
-    program::Program program{{session, texts, op, clock, port}};
+    platform::RecordingPrinters printers;
+    program::Program program{{session, texts, op, clock, port, printers}};
 
 private:
     QWidget* tree() const;

@@ -5,6 +5,7 @@
 #include "platform/QtSerialPort.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/DesktopOperator.h"
+#include "platform/widgets/DesktopPrinters.h"
 #include "program/Program.h"
 #include "session/Charset.h"
 #include "session/Session.h"
@@ -41,8 +42,9 @@ int main(int argc, char** argv)
     const platform::Machine machine;
     events::installFailureHook(session, op, clock, machine);
     database::installDamageAdvice(session, texts);
+    platform::DesktopPrinters printers([&texts](const QString& key) { return texts.own(key); });
 
-    program::Program program({session, texts, op, clock, port});
+    program::Program program({session, texts, op, clock, port, printers});
     // The window goes before the loop ends, and what it shows after it.
     QObject::connect(&program, &program::Program::left, &application, &QApplication::quit,
                      Qt::QueuedConnection);

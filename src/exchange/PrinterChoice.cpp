@@ -29,6 +29,13 @@ const QString& field(const platform::PrinterInfo& printer, int column)
     }
 }
 
+int placeOf(const QString& name, const std::vector<platform::PrinterInfo>& printers)
+{
+    const auto named = [&name](const platform::PrinterInfo& printer) { return printer.name == name; };
+    const auto found = std::find_if(printers.begin(), printers.end(), named);
+    return found == printers.end() ? PrinterChoice::kNone : int(found - printers.begin());
+}
+
 } // namespace
 
 PrinterChoice::PrinterChoice(const Surroundings& surroundings) : with_(surroundings) {}
@@ -48,12 +55,12 @@ void PrinterChoice::Load()
 
 int PrinterChoice::IndexPrinter(const QString& name) const
 {
-    return guarded("frmPrinters/IndexPrinter", [&] {
-        const std::vector<platform::PrinterInfo> present = with_.printing.printers();
-        const auto named = [&name](const platform::PrinterInfo& printer) { return printer.name == name; };
-        const auto found = std::find_if(present.begin(), present.end(), named);
-        return found == present.end() ? kNone : int(found - present.begin());
-    });
+    return guarded("frmPrinters/IndexPrinter", [&] { return placeOf(name, with_.printing.printers()); });
+}
+
+int PrinterChoice::rowOf(const QString& name) const
+{
+    return placeOf(name, printers_);
 }
 
 void PrinterChoice::ColumnClick(int column)

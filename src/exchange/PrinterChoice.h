@@ -1,19 +1,16 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "platform/Printer.h"
+#include "session/Forward.h"
+
 #include <QAbstractTableModel>
 #include <QString>
 #include <vector>
 
-#include "platform/Printer.h"
-
-namespace platform {
-class Operator;
-}
 namespace session {
 class Printing;
-struct Session;
-class Texts;
-} // namespace session
+}
 
 namespace exchange {
 
@@ -40,7 +37,9 @@ public:
     // frmPrinters.Load: the system's printers, the default one chosen.
     void Load();
     static constexpr int kNone = -1;
-    // Where a printer stands in the system's list as it is now, or kNone.
+    // Where a printer stands in the list shown, or kNone.
+    int rowOf(const QString& name) const;
+    // Where it stands in the system's list as it is now, or kNone.
     int IndexPrinter(const QString& name) const;
     // A click on a column sorts by it, a second one the other way round.
     void ColumnClick(int column);

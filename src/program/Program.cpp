@@ -25,7 +25,8 @@ Program::Program(const Surroundings& surroundings)
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
       property_(with_.session, with_.texts, with_.op, structure_),
-      propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_), commands_(with_.session),
+      propertyCopy_(with_.session, with_.texts, with_.op, structure_, property_),
+      printing_(with_.session, with_.texts, with_.op, with_.printers), commands_(with_.session),
       main_({with_.session, with_.texts, with_.op, with_.clock, commands_, services()}),
       alarmNotice_(with_.session, with_.texts)
 {

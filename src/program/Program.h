@@ -20,6 +20,7 @@
 #include "session/Commands.h"
 #include "session/Forward.h"
 #include "session/Main.h"
+#include "session/Printing.h"
 #include "structure/PlantEditor.h"
 #include "structure/Structure.h"
 
@@ -44,6 +45,7 @@ public:
         platform::DesktopOperator& op;
         platform::Clock& clock;
         platform::SerialPort& port;
+        platform::Printers& printers;
     };
 
     explicit Program(const Surroundings& surroundings);
@@ -57,6 +59,7 @@ public:
     structure::Structure& structure() { return structure_; }
     bus::StatusPanels& panels() { return panels_; }
     database::Database& database() { return database_; }
+    session::Printing& printing() { return printing_; }
     session::Main& main() { return main_; }
 
 signals:
@@ -88,6 +91,7 @@ private:
     structure::PlantEditor editor_;
     property::PropertyModel property_;
     property::PropertyCopy propertyCopy_;
+    session::Printing printing_;
     session::CommandHandlers handlers_;
     session::CommandStates commands_;
     session::Main main_;

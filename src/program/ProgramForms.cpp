@@ -10,6 +10,7 @@
 #include "dialogs/frmZoom.h"
 #include "dialogs/frmZoomDate.h"
 #include "events/frmReadLogFiles.h"
+#include "exchange/frmPrinters.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
 #include "program/frmMain.h"
@@ -26,7 +27,7 @@ namespace program {
 
 void Program::registerForms()
 {
-    const auto& [session, texts, op, clock, port] = with_;
+    const auto& [session, texts, op, clock, port, printers] = with_;
     with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
     with_.op.registerForm("frmVideoProperty", [&] { return new frmVideoProperty(session); });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
@@ -60,6 +61,9 @@ void Program::registerForms()
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
     with_.op.registerForm("frmPending",
                           [&, this] { return new structure::frmPending(structure_, session, texts, op); });
+    with_.op.registerForm("frmPrinters", [&, this] {
+        return new exchange::frmPrinters({session, texts, op, printing_});
+    });
     with_.op.registerForm("frmReadLogFiles", [&] { return new events::frmReadLogFiles(session, texts, op); });
 }
 

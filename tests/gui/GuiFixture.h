@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MemorySerialPort.h"
+#include "platform/RecordingPrinters.h"
 #include "platform/VirtualClock.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
@@ -189,7 +190,8 @@ protected:
     ScriptedDesktop desktop{texts};
     platform::VirtualClock clock;
     platform::MemorySerialPort port{clock};
-    program::Program program{{session, texts, desktop, clock, port}};
+    platform::RecordingPrinters printers;
+    program::Program program{{session, texts, desktop, clock, port, printers}};
 };
 
 } // namespace gui
