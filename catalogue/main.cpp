@@ -12,10 +12,11 @@
 
 namespace {
 
-constexpr const char* kUsage = "usage: calidora-catalogue model  <catalogue folder> <model.mdb>\n"
-                               "       calidora-catalogue page   <catalogue folder> <page.md>\n"
-                               "       calidora-catalogue demo   <demo source> <model.mdb> <company.mdb>\n"
-                               "       calidora-catalogue memory <demo source> <company.mdb> <memory.txt>\n";
+constexpr const char* kUsage =
+    "usage: calidora-catalogue model  <catalogue folder> <model.mdb>\n"
+    "       calidora-catalogue page   <catalogue folder> <page.md>\n"
+    "       calidora-catalogue demo   <catalogue folder> <demo source> <model.mdb> <company.mdb>\n"
+    "       calidora-catalogue memory <catalogue folder> <demo source> <company.mdb> <memory.txt>\n";
 
 // A catalogue that keeps every rule, or the list of what it breaks.
 catalogue::Catalogue checkedCatalogue(const QString& folder)
@@ -43,14 +44,16 @@ const QMap<QString, std::pair<int, Command>>& commands()
               catalogue::writePage(checkedCatalogue(arguments[0]), arguments[1]);
           }}},
         {"demo",
-         {3,
+         {4,
           [](const QStringList& arguments) {
-              catalogue::writeCompany(catalogue::readDemo(arguments[0]), arguments[1], arguments[2]);
+              catalogue::writeCompany(catalogue::readDemo(arguments[1]), checkedCatalogue(arguments[0]),
+                                      arguments[2], arguments[3]);
           }}},
         {"memory",
-         {3,
+         {4,
           [](const QStringList& arguments) {
-              catalogue::writeMemory(catalogue::readDemo(arguments[0]), arguments[1], arguments[2]);
+              catalogue::writeMemory(catalogue::readDemo(arguments[1]), checkedCatalogue(arguments[0]),
+                                     arguments[2], arguments[3]);
           }}},
     };
     return kCommands;

@@ -50,7 +50,7 @@ prepare_application() {
   mkdir -p "$home/Data/Safety" "$home/Data Model" "$home/Log" "$home/ports"
   "$build_folder/catalogue/calidora-catalogue" model catalogue "$home/Data Model/Calidora_Model_Instrument.mdb"
   if [ ! -f "$home/Data/Demo.mdb" ]; then
-    "$build_folder/catalogue/calidora-catalogue" demo "$demo_source" \
+    "$build_folder/catalogue/calidora-catalogue" demo catalogue "$demo_source" \
       "$home/Data Model/Calidora_Model_Instrument.mdb" "$home/Data/Demo.mdb"
   fi
   [ -f "$home/Calidora.ini" ] || write_settings "$home"
@@ -69,11 +69,13 @@ write_settings() {
 }
 
 # The virtual instrument as a process of its own on <home>/ports/COM1, its memory near to the company's but not the same.
-# Its commands go to file descriptor 7, its answers come from 8.
+# Its commands go to file descriptor 7, its answers come from 8. It calls in with the demo's alarms where alarm_calls is
+# set; else nothing comes in between.
 start_instrument() {
   local home=$1
   shift
-  "$build_folder/catalogue/calidora-catalogue" memory "$demo_source" "$home/Data/Demo.mdb" "$home/instrument.txt"
+  "$build_folder/catalogue/calidora-catalogue" memory catalogue "$demo_source" "$home/Data/Demo.mdb" "$home/instrument.txt"
+  [ -n "${alarm_calls:-}" ] || sed -i '/^call /d' "$home/instrument.txt"
   rm -f "$home/ports/COM1"
   coproc INSTRUMENT { bound_to_me "$build_folder/instrument/calidora-instrument" --memory "$home/instrument.txt" --home "$home" "$@"; }
   exec 7>&"${INSTRUMENT[1]}" 8<&"${INSTRUMENT[0]}"

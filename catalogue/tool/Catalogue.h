@@ -24,6 +24,16 @@ struct Bank
     Origin origin;
 };
 
+// A page of the permanent memory: it holds what stands in one bank, each byte so many places before its
+// address as the bank begins behind 0.
+struct Eeprom
+{
+    QString name; // in the sources
+    int writeCmd = 0;
+    int bank = 0; // Bank::id
+    Origin origin;
+};
+
 // A straight line from wire counts (low, high) to engineering values (lowValue, highValue).
 struct Scale
 {
@@ -60,6 +70,10 @@ struct ChoiceSet
     Origin origin;
 };
 
+// Typical texts that no two instruments share.
+inline const QString kItsAddress{"@address"};
+inline const QString kItsSerialNumber{"@serial"};
+
 struct Parameter
 {
     QString id;
@@ -68,8 +82,11 @@ struct Parameter
     QString wire;
     QString mask;
     QString unit;
-    std::optional<QString> standard; // value of a new instrument; none: not known
-    int bank = 0;                    // Bank::id
+    // Of a setting, its value in a new instrument; of a reading, a typical one, which the demo scatters by
+    // `spread` to either side and no new instrument has. None: not known.
+    std::optional<QString> standard;
+    double spread = 0;
+    int bank = 0; // Bank::id
     int address = 0;
     int writeAddress = 0;
     int writeCmd = 0; // 0: lives in RAM only
@@ -121,17 +138,30 @@ struct Term
     Origin origin;
 };
 
+// A word that is not used, though a dictionary offers it.
+struct Avoided
+{
+    size_t language = 0; // of kLanguages
+    QString stem;
+    QString instead;
+    Origin origin;
+};
+
 struct Catalogue
 {
     QString version;
     std::vector<Bank> banks;
+    std::vector<Eeprom> eeproms;
     std::vector<ChoiceSet> choiceSets;
     std::vector<CopyBlock> copyBlocks;
     std::vector<Type> types;
     std::vector<Term> glossary;
+    std::vector<Avoided> avoided;
 
     const Bank* bank(int id) const;                        // null when there is none
+    const Eeprom* eeprom(int writeCmd) const;              // null when there is none
     const ChoiceSet* choiceSet(const QString& name) const; // null when there is none
+    const Type* type(const QString& tag) const;            // null when there is none
 };
 
 } // namespace catalogue

@@ -1,5 +1,6 @@
 #include "catalogue/tool/Checks.h"
 #include "catalogue/tool/Coding.h"
+#include "catalogue/tool/Words.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -34,12 +35,15 @@ public:
         } else if (isLine()) {
             checkLimits();
             checkSteps();
+            checkTyping();
             checkChoices();
             checkStandard();
         }
     }
 
 private:
+    static QString text(double number) { return QString::number(number, 'g', 15); }
+
     void say(const QString& reason) { problems_.push_back({parameter_.origin, reason}); }
 
     bool isTime() const { return parameter_.key.startsWith(QStringLiteral("TIME")); }
@@ -91,6 +95,8 @@ private:
         if (!parameter_.standard)
             return;
         const QString& standard = *parameter_.standard;
+        if (!parameter_.editable && (standard == kItsAddress || standard == kItsSerialNumber))
+            return;
         if (standard.size() > parameter_.size || standard.isEmpty() || standard.endsWith(' '))
             say(QStringLiteral("the standard value \"%1\" does not fit").arg(standard));
         if (std::ranges::any_of(standard, [](QChar sign) { return sign < ' ' || sign > '~'; }))
@@ -122,10 +128,67 @@ private:
             parameter_.wire == "BCD" ? std::min(low, -high) : low; // the sign nibble mirrors it
         if (parameter_.low >= parameter_.high)
             say(QStringLiteral("the limits are the wrong way round"));
-        if (parameter_.low < lowest || parameter_.high > high)
-            say(QStringLiteral("the limits lie outside the scale"));
+        // Those of a bit field with choices are the choices, and told of as such.
+        if (parameter_.choices.isEmpty() && (parameter_.low < lowest || parameter_.high > high))
+            say(QStringLiteral("the limits %1 lie outside the scale %2")
+                    .arg(limits(), rangeText(lowest, high)));
         if (isTime() && parameter_.high >= kSecondsADay)
             say(QStringLiteral("a time stays below 24 hours"));
+    }
+
+    // What the mask and the limits invite an operator to type, an instrument must be able to hold: what it
+    // cannot comes back as another value, and the check behind a write says that the write went wrong.
+    void checkTyping()
+    {
+        if (parameter_.wire == "BIT" || parameter_.key == "ENUM")
+            return;
+        if (isTime() && parameter_.high >= kSecondsADay)
+            return; // told
+        for (const double limit : {parameter_.low, parameter_.high})
+            if (!rawOf(parameter_, valueOf(limit)))
+                say(QStringLiteral("the limit %1 is not on the scale's steps").arg(shown(limit)));
+        if (!parameter_.editable)
+            return;
+        const auto [first, last] = rawRange(parameter_);
+        if (isBetweenLimits(engineering(parameter_, last)))
+            say(QStringLiteral("count %1 stands for \"not known\", so the limits must leave it out")
+                    .arg(last));
+        if (isTime())
+            checkGridIsTold();
+        else
+            checkStepOfMask();
+    }
+
+    // Half degrees do under a mask of tenths, because what is typed in °C is raised to them.
+    void checkStepOfMask()
+    {
+        const qsizetype point = parameter_.mask.indexOf('.');
+        const double invited = point < 0 ? 1 : std::pow(10, -(parameter_.mask.size() - point - 1.0));
+        const double step = stepOfScale();
+        const bool isHalfDegree = parameter_.unit == QStringLiteral("°C") && text(step) == "0.5";
+        if (text(step) != text(invited) && !isHalfDegree)
+            say(QStringLiteral("the mask \"%1\" invites steps of %2, the scale has steps of %3")
+                    .arg(parameter_.mask, text(invited), text(step)));
+    }
+
+    void checkGridIsTold()
+    {
+        const double minutes = stepOfScale() / 60;
+        if (minutes == 1)
+            return;
+        for (size_t language = 0; language < kLanguages.size(); ++language) {
+            const QString grid =
+                text(minutes) + (kLanguages[language] == "RU" ? QStringLiteral(" мин") : " min");
+            if (!parameter_.text[language].contains(grid))
+                say(QStringLiteral("times go in steps of %1, but the text in %2 does not say so")
+                        .arg(grid, kLanguages[language]));
+        }
+    }
+
+    double stepOfScale() const
+    {
+        const Scale& scale = parameter_.scale;
+        return std::abs((scale.highValue - scale.lowValue) / (scale.high - scale.low));
     }
 
     // Every count between the limits must show what it means: no digit behind the mask, no part of a minute.
@@ -133,23 +196,24 @@ private:
     // always 0.
     void checkSteps()
     {
-        static const QRegularExpression kMask(QStringLiteral("^(?:#,##)?0(?:\\.(0+))?$"));
+        // Groups of digits are told apart by "," alone, which is the decimal sign of two of the languages.
+        static const QRegularExpression kMask(QStringLiteral("^0(?:\\.(0+))?$"));
         const QRegularExpressionMatch mask = kMask.match(parameter_.mask);
         if ((parameter_.key == "REAL") != mask.hasMatch())
-            return say(QStringLiteral("a REAL, and nothing else, has a mask such as 0.0"));
+            return say(
+                QStringLiteral("a REAL, and nothing else, has a mask such as 0.0, without groups of digits"));
         const double places = std::pow(10, mask.captured(1).size());
         const double step = parameter_.key == "TIME_H" ? 3600 : 60;
         const auto [first, last] = rawRange(parameter_);
         const int stride = (last - first) / kMostSamples + 1;
         for (int raw = first; raw <= last; raw += stride) {
             const double value = engineering(parameter_, raw);
-            if (value < parameter_.low || value > parameter_.high)
+            if (!isBetweenLimits(value))
                 continue;
             const double shown =
                 isTime() ? std::floor(value / step) * step : std::round(value * places) / places;
-            if (QString::number(shown, 'g', 15) != QString::number(value, 'g', 15))
-                return say(
-                    QStringLiteral("count %1 is %2, which cannot be shown").arg(raw).arg(value, 0, 'g', 15));
+            if (text(shown) != text(value))
+                return say(QStringLiteral("count %1 is %2, which cannot be shown").arg(raw).arg(text(value)));
         }
     }
 
@@ -169,7 +233,12 @@ private:
                 say(QStringLiteral("the choice %1 of \"%2\" is there twice")
                         .arg(choice.value)
                         .arg(set->name));
-            if (choice.value < parameter_.low || choice.value > parameter_.high)
+            if (parameter_.wire == "BIT" && choice.value > rawRange(parameter_).second)
+                say(QStringLiteral("choice %1 does not fit in %2 bit%3")
+                        .arg(choice.value)
+                        .arg(parameter_.bitCount)
+                        .arg(parameter_.bitCount == 1 ? "" : "s"));
+            else if (choice.value < parameter_.low || choice.value > parameter_.high)
                 say(QStringLiteral("the choice %1 of \"%2\" lies outside the limits")
                         .arg(choice.value)
                         .arg(set->name));
@@ -189,13 +258,21 @@ private:
             return say(
                 QStringLiteral("the standard value \"%1\" is not on the scale").arg(*parameter_.standard));
         const double value = engineering(parameter_, *raw);
-        if (value < parameter_.low || value > parameter_.high)
-            return say(QStringLiteral("the standard value \"%1\" lies outside the limits")
-                           .arg(*parameter_.standard));
+        if (!isBetweenLimits(value - parameter_.spread) || !isBetweenLimits(value + parameter_.spread))
+            return say(QStringLiteral("the standard value \"%1\" lies outside the limits %2")
+                           .arg(*parameter_.standard, limits()));
         if (decoded(parameter_, bytesOf(parameter_, *raw)) != parameter_.standard)
             say(QStringLiteral("the standard value \"%1\" does not come back from its bytes")
                     .arg(*parameter_.standard));
     }
+
+    bool isBetweenLimits(double value) const { return value >= parameter_.low && value <= parameter_.high; }
+
+    // A value as the sources write it, and as the database keeps it.
+    QString shown(double value) const { return isTime() ? timeOfDay(static_cast<int>(value)) : text(value); }
+    QString valueOf(double value) const { return isTime() ? shown(value) + ":00" : text(value); }
+    QString rangeText(double low, double high) const { return shown(low) + ".." + shown(high); }
+    QString limits() const { return rangeText(parameter_.low, parameter_.high); }
 
     const Catalogue& catalogue_;
     const Parameter& parameter_;

@@ -15,12 +15,6 @@ enum Language : size_t
     kRussian
 };
 
-bool hasAny(const QString& text, const QStringList& stems)
-{
-    return std::ranges::any_of(stems,
-                               [&](const QString& stem) { return text.contains(stem, Qt::CaseInsensitive); });
-}
-
 // A stem that begins a word: "door" in "door alarm", not in "outdoor air".
 bool beginsWord(const QString& text, const QString& stem)
 {
@@ -30,7 +24,7 @@ bool beginsWord(const QString& text, const QString& stem)
     return false;
 }
 
-bool speaksOf(const QString& text, const QStringList& stems)
+bool hasAny(const QString& text, const QStringList& stems)
 {
     return std::ranges::any_of(stems, [&](const QString& stem) { return beginsWord(text, stem); });
 }
@@ -39,7 +33,7 @@ bool speaksOf(const QString& text, const QStringList& stems)
 void checkTerms(const Text& text, const Origin& origin, const std::vector<Term>& glossary, Problems& problems)
 {
     for (const Term& term : glossary) {
-        if (!speaksOf(text[kEnglish], term.stems[kEnglish]))
+        if (!hasAny(text[kEnglish], term.stems[kEnglish]))
             continue;
         for (const size_t language : {kItalian, kRussian})
             if (!hasAny(text[language], term.stems[language]))
@@ -47,6 +41,31 @@ void checkTerms(const Text& text, const Origin& origin, const std::vector<Term>&
                     {origin, QStringLiteral("\"%1\" is \"%2\" in %3, not \"%4\"")
                                  .arg(term.stems[kEnglish].join('/'), term.stems[language].join('/'),
                                       kLanguages[language], text[language])});
+    }
+}
+
+// A word that the trade doesn't use, in the language that it belongs to.
+void checkAvoided(const Text& text, const Origin& origin, const std::vector<Avoided>& avoided,
+                  Problems& problems)
+{
+    for (const Avoided& word : avoided)
+        if (beginsWord(text[word.language], word.stem))
+            problems.push_back({origin, QStringLiteral("not \"%1\" in %2 but \"%3\"")
+                                            .arg(word.stem, kLanguages[word.language], word.instead)});
+}
+
+// Letters that look alike in the two alphabets hide from every search, and have other codes on the wire.
+void checkAlphabets(const QString& text, const Origin& origin, Problems& problems)
+{
+    static const QRegularExpression kWord(QStringLiteral("[\\p{L}\\p{N}]+"));
+    static const QRegularExpression kLatin(QStringLiteral("\\p{Latin}"));
+    static const QRegularExpression kCyrillic(QStringLiteral("\\p{Cyrillic}"));
+    static const QRegularExpression kLonely(QStringLiteral("^[aceopxykAO]$")); // Latin, for а, с, о, у, к ...
+    for (auto words = kWord.globalMatch(text); words.hasNext();) {
+        const QString word = words.next().captured();
+        if ((word.contains(kLatin) && word.contains(kCyrillic)) || word.contains(kLonely))
+            problems.push_back(
+                {origin, QStringLiteral("Latin letters in the Cyrillic word \"%1\"").arg(word)});
     }
 }
 
@@ -63,7 +82,9 @@ void checkText(const Text& text, const Origin& origin, const Catalogue& catalogu
         if (language != kRussian && text[language].contains(kCyrillic))
             problems.push_back({origin, QStringLiteral("Cyrillic letters in the text in %1").arg(name)});
     }
+    checkAlphabets(text[kRussian], origin, problems);
     checkTerms(text, origin, catalogue.glossary, problems);
+    checkAvoided(text, origin, catalogue.avoided, problems);
 }
 
 } // namespace

@@ -10,7 +10,7 @@ Problems problemsOf(const Catalogue& catalogue)
     checkParameters(catalogue, problems);
     checkMemory(catalogue, problems);
     checkCopies(catalogue, problems);
-    return problems;
+    return sorted(std::move(problems));
 }
 
 } // namespace catalogue

@@ -13,10 +13,11 @@ const QStringList kCompanyColumns{"Company", "Address", "Postcode", "Locality", 
 class DemoParser
 {
 public:
-    Demo parse(const std::vector<Line>& lines)
+    Demo parse(const std::vector<Line>& lines, Problems& problems)
     {
         for (const Line& line : lines)
-            line.indented ? readDescription(line) : readStatement(line);
+            if (!line.unreadable)
+                gather(problems, [&] { line.indented ? readDescription(line) : readStatement(line); });
         return std::move(demo_);
     }
 
@@ -36,8 +37,12 @@ private:
             instrument(line).values.push_back(value(columns, verb == "changed" ? 1 : 0, line));
         else if (verb == "unknown")
             instrument(line).values.push_back({column(columns, 1, 2, line), std::nullopt, 0, line.origin});
+        else if (verb == "added")
+            instrument(line).values.push_back({column(columns, 1, 2, line), "0", 2, line.origin});
         else if (verb == "holds")
             instrument(line).holds.push_back(value(columns, 0, line));
+        else if (verb == "call")
+            readCall(columns, line);
         else
             refuse(line.origin, QStringLiteral("\"%1\" means nothing here").arg(verb));
     }
@@ -65,8 +70,16 @@ private:
             refuse(line.origin, QStringLiteral("an instrument without a plant above it"));
         const QString name = column(columns, 3, 4, line);
         auto& instruments = demo_.plants.back().instruments;
-        instruments.push_back({columns[1], columns[2], name, {}, {}, {}, line.origin});
+        instruments.push_back({columns[1], columns[2], name, {}, {}, {}, {}, line.origin});
         description_ = &instruments.back().description;
+    }
+
+    // call 60 "HIGH TEMPERATURE" "DOOR OPEN"
+    void readCall(const QStringList& columns, const Line& line)
+    {
+        if (columns.size() < 3)
+            refuse(line.origin, QStringLiteral("\"call\" takes the seconds and at least one alarm"));
+        instrument(line).calls.push_back({wholeNumber(columns[1], line.origin), columns.mid(2)});
     }
 
     void readDescription(const Line& line)
@@ -105,7 +118,11 @@ private:
 Demo readDemo(const QString& file)
 {
     const QFileInfo info(file);
-    return DemoParser().parse(readSource(info.path(), info.fileName()));
+    Problems problems;
+    Demo demo = DemoParser().parse(readSource(info.path(), info.fileName(), problems), problems);
+    if (!problems.empty())
+        throw Refused(std::move(problems));
+    return demo;
 }
 
 } // namespace catalogue

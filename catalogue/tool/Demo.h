@@ -12,8 +12,15 @@ struct DemoValue
 {
     QString parameter;
     std::optional<QString> value; // none: not known
-    int state = 0;                // 1: changed here and not yet written
+    int state = 0;                // 1: changed here and not yet written; 2: added by a synchronisation
     Origin origin;
+};
+
+// An instrument calls in, so long after the start of the line.
+struct DemoCall
+{
+    int seconds = 0;
+    QStringList alarms;
 };
 
 struct DemoInstrument
@@ -24,6 +31,7 @@ struct DemoInstrument
     QString description;
     std::vector<DemoValue> values; // in the company
     std::vector<DemoValue> holds;  // in the instrument's own memory, where that matters
+    std::vector<DemoCall> calls;
     Origin origin;
 };
 
@@ -43,7 +51,8 @@ struct Demo
     std::vector<DemoPlant> plants;
 };
 
-// Reads a plant description; the forms are told in catalogue/README.md. Refuses a line that has no meaning.
+// Reads a plant description; the forms are told in catalogue/README.md. Refuses the
+// lines that have no meaning, all of them at once.
 Demo readDemo(const QString& file);
 
 } // namespace catalogue

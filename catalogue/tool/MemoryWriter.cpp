@@ -1,9 +1,13 @@
 #include "catalogue/tool/MemoryWriter.h"
 #include "catalogue/tool/Coding.h"
 #include "catalogue/tool/Database.h"
+#include "catalogue/tool/HeldValue.h"
+#include "catalogue/tool/InstrumentText.h"
 #include "catalogue/tool/ModelReader.h"
 #include "catalogue/tool/TextOutput.h"
 
+#include <QFile>
+#include <QSet>
 #include <algorithm>
 #include <map>
 
@@ -29,16 +33,6 @@ void lay(QByteArray& image, int at, const Parameter& parameter, const QByteArray
     } else {
         image.replace(at, bytes.size(), bytes);
     }
-}
-
-// A number that is always the same for the same parameter of the same instrument, and has no pattern to the
-// eye.
-unsigned scatter(int plant, int instrument, const QString& parameter)
-{
-    unsigned number = static_cast<unsigned>(plant * 31 + instrument);
-    for (const QChar sign : parameter)
-        number = number * 33 + sign.unicode();
-    return number ^ number >> 7;
 }
 
 // A few counts away, inside the limits.
@@ -67,12 +61,23 @@ int lowestAllowed(const Parameter& parameter)
     return last;
 }
 
+// What a probe that isn't there gives: a count that the limits reject, where there is one.
+int missing(const Parameter& parameter)
+{
+    const int last = rawRange(parameter).second;
+    return decoded(parameter, bytesOf(parameter, last)) ? lowestAllowed(parameter) : last;
+}
+
 class MemoryWriter
 {
 public:
-    MemoryWriter(const Demo& demo, SQLite::Database& company)
+    MemoryWriter(const Demo& demo, const Catalogue& catalogue, SQLite::Database& company)
         : demo_(demo), company_(company), banks_(banksOf(company))
     {
+        for (const Type& type : catalogue.types)
+            for (const Group& group : type.groups)
+                for (const Parameter& parameter : group.parameters)
+                    catalogue_[parameter.id] = parameter;
     }
 
     QString text()
@@ -90,24 +95,42 @@ private:
         QString result = QStringLiteral("\n[plant %1]\n").arg(plant);
         if (!phone.isEmpty())
             result += QStringLiteral("phone %1\n").arg(phone);
+        if (const DemoPlant* told = plantOfDemo(plant))
+            result += callsText(*told);
         SQLite::Statement instruments(
             company_,
             "SELECT IDInst, IDItem, Address FROM tbInstrumentsUser WHERE IDGrp = ? ORDER BY IDInst");
         instruments.bind(1, plant);
+        QSet<QString> taken;
         while (instruments.executeStep()) {
-            result += QStringLiteral("[instrument %1]\n").arg(textOf(instruments.getColumn(2)));
-            result += memoryText(
-                memoryOf(plant, instruments.getColumn(0).getInt(), textOf(instruments.getColumn(1))));
+            const Place place{plant, instruments.getColumn(0).getInt(), textOf(instruments.getColumn(2))};
+            if (place.address.size() != 2 || taken.contains(place.address))
+                continue; // nothing answers there, or another one does
+            taken.insert(place.address);
+            result += QStringLiteral("[instrument %1]\n").arg(place.address);
+            result += memoryText(memoryOf(place, textOf(instruments.getColumn(1))));
         }
         return result;
     }
 
-    Memory memoryOf(int plant, int instrument, const QString& type)
+    static QString callsText(const DemoPlant& plant)
+    {
+        QString result;
+        for (const DemoInstrument& instrument : plant.instruments)
+            for (const DemoCall& call : instrument.calls)
+                result += QStringLiteral("call %1 : <%2><%3><%4>\n")
+                              .arg(QString::number(call.seconds), plant.name, instrument.name,
+                                   call.alarms.join(QStringLiteral("><")));
+        return result;
+    }
+
+    // As the company's own copy of the catalogue has it, which may be older than the sources.
+    Memory memoryOf(const Place& place, const QString& type)
     {
         Memory memory;
         for (const Parameter& parameter : parametersOf(company_, type)) {
-            const QByteArray bytes = bytesHeld(plant, instrument, parameter);
-            const Bank& bank = *std::ranges::find(banks_, parameter.bank, &Bank::id);
+            const QByteArray bytes = bytesHeld(place, parameter);
+            const Bank& bank = bankOf(parameter.bank);
             QByteArray& image = memory.banks.try_emplace(bank.id, QByteArray(bank.size, '\0')).first->second;
             lay(image, parameter.address - bank.start, parameter, bytes);
             if (parameter.writeCmd != 0) {
@@ -120,27 +143,41 @@ private:
         return memory;
     }
 
-    QByteArray bytesHeld(int plant, int instrument, const Parameter& parameter)
+    const Bank& bankOf(int id) const { return *std::ranges::find(banks_, id, &Bank::id); }
+
+    QByteArray bytesHeld(const Place& place, const Parameter& parameter)
     {
-        if (const std::optional<QString> held = heldByDemo(plant, instrument, parameter.id))
-            return bytesOfText(parameter, *held, 0);
+        if (const DemoValue* held = heldByDemo(place, parameter.id))
+            return bytesOfText(parameter, storedValue(parameter, *held), 0);
         SQLite::Statement row(company_, "SELECT Value, State FROM tbParametersUser "
                                         "WHERE IDGrp = ? AND IDInst = ? AND IDPar = ?");
-        row.bind(1, plant);
-        row.bind(2, instrument);
+        row.bind(1, place.plant);
+        row.bind(2, place.instrument);
         bindText(row, 3, parameter.id);
-        std::optional<QString> value = parameter.standard;
+        const auto known = catalogue_.find(parameter.id);
+        std::optional<QString> value =
+            valueHeld(known == catalogue_.end() ? parameter : known->second, place);
         if (row.executeStep() && row.getColumn(1).getInt() == 0 && !row.getColumn(0).isNull())
             value = textOf(row.getColumn(0));
-        return bytesOfText(parameter, value, scatter(plant, instrument, parameter.id));
+        return bytesOfText(parameter, value, scatter(place, parameter.id));
     }
 
-    std::optional<QString> heldByDemo(int plant, int instrument, const QString& parameter) const
+    // Null for what the operator has added since the demo was made.
+    const DemoPlant* plantOfDemo(int plant) const
     {
-        const auto& instruments = demo_.plants.at(static_cast<size_t>(plant - 1)).instruments;
-        const auto& holds = instruments.at(static_cast<size_t>(instrument - 1)).holds;
+        const auto at = static_cast<size_t>(plant - 1);
+        return at < demo_.plants.size() ? &demo_.plants[at] : nullptr;
+    }
+
+    const DemoValue* heldByDemo(const Place& place, const QString& parameter) const
+    {
+        const DemoPlant* plant = plantOfDemo(place.plant);
+        const auto at = static_cast<size_t>(place.instrument - 1);
+        if (plant == nullptr || at >= plant->instruments.size())
+            return nullptr;
+        const auto& holds = plant->instruments[at].holds;
         const auto found = std::ranges::find(holds, parameter, &DemoValue::parameter);
-        return found == holds.end() ? std::nullopt : found->value;
+        return found == holds.end() ? nullptr : &*found;
     }
 
     // Zero as number leaves the value as it is. Every reading moves, of the settings every eighth.
@@ -148,9 +185,12 @@ private:
                                   unsigned number)
     {
         if (parameter.wire == "STRING")
-            return value.value_or(QStringLiteral("NN")).toLatin1().leftJustified(parameter.size, ' ', true);
-        const int raw =
-            value ? rawOf(parameter, *value).value_or(lowestAllowed(parameter)) : lowestAllowed(parameter);
+            return instrumentText(value.value_or(QString()))
+                .value_or(QByteArray("?"))
+                .leftJustified(parameter.size, ' ', true);
+        if (!value)
+            return bytesOf(parameter, parameter.editable ? lowestAllowed(parameter) : missing(parameter));
+        const int raw = rawOf(parameter, *value).value_or(lowestAllowed(parameter));
         const bool moves = number != 0 && parameter.key != "ENUM" && (!parameter.editable || number % 8 == 0);
         return bytesOf(parameter, moves ? near(parameter, raw, number) : raw);
     }
@@ -159,7 +199,7 @@ private:
     {
         QString result;
         for (const auto& [id, image] : memory.banks) {
-            const Bank& bank = *std::ranges::find(banks_, id, &Bank::id);
+            const Bank& bank = bankOf(id);
             result += QStringLiteral("bank %1 %2 %3 %4 :")
                           .arg(bank.readCmd)
                           .arg(bank.writeCmd)
@@ -183,14 +223,17 @@ private:
     const Demo& demo_;
     SQLite::Database& company_;
     std::vector<Bank> banks_;
+    std::map<QString, Parameter> catalogue_; // by id
 };
 
 } // namespace
 
-void writeMemory(const Demo& demo, const QString& company, const QString& target)
+void writeMemory(const Demo& demo, const Catalogue& catalogue, const QString& company, const QString& target)
 {
+    if (!QFile::exists(company))
+        refuse({company}, QStringLiteral("there is no such company"));
     SQLite::Database database(company.toStdString(), SQLite::OPEN_READONLY);
-    writeText(target, MemoryWriter(demo, database).text());
+    writeText(target, MemoryWriter(demo, catalogue, database).text());
 }
 
 } // namespace catalogue

@@ -69,12 +69,4 @@ std::vector<Bank> banksOf(SQLite::Database& database)
     return banks;
 }
 
-bool hasChoice(SQLite::Database& database, const QString& parameter, const QString& value)
-{
-    SQLite::Statement statement(database, "SELECT 1 FROM tbParamEnum WHERE mKeyParam = ? AND mValue = ?");
-    bindText(statement, 1, parameter);
-    bindText(statement, 2, value);
-    return statement.executeStep();
-}
-
 } // namespace catalogue

@@ -51,11 +51,11 @@ private:
             "mIDCopy, "
             "mEnable) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)",
             parameter.id, group.id, static_cast<int>(kKeyTypes.indexOf(parameter.key) + 1), parameter.tag,
-            parameter.mask, orNull(parameter.unit), parameter.standard.value_or(QString()), parameter.bank,
-            parameter.address, parameter.writeAddress, QString::number(parameter.writeCmd), parameter.wire,
-            parameter.size, parameter.bitFirst, parameter.bitCount, static_cast<int>(scale.low),
-            static_cast<int>(scale.high), scale.lowValue, scale.highValue, parameter.low, parameter.high,
-            orNull(parameter.copy), parameter.editable ? -1 : 0);
+            parameter.mask, orNull(parameter.unit), standardOf(parameter), parameter.bank, parameter.address,
+            parameter.writeAddress, QString::number(parameter.writeCmd), parameter.wire, parameter.size,
+            parameter.bitFirst, parameter.bitCount, static_cast<int>(scale.low), static_cast<int>(scale.high),
+            scale.lowValue, scale.highValue, parameter.low, parameter.high, orNull(parameter.copy),
+            parameter.editable ? -1 : 0);
         texts("INSERT INTO tbParamLanguage VALUES (?, ?, ?)", parameter.id, parameter.text);
         if (parameter.key == "ENUM")
             writeChoices(*catalogue.choiceSet(parameter.choices), parameter);
@@ -96,6 +96,12 @@ private:
     static void bind(SQLite::Statement& statement, int index, double number)
     {
         statement.bind(index, number);
+    }
+
+    // Nobody has read a new instrument yet: a default reading would be a lie.
+    static QString standardOf(const Parameter& parameter)
+    {
+        return parameter.editable ? parameter.standard.value_or(QString()) : QString();
     }
 
     static QString orNull(const QString& text) { return text.isEmpty() ? QString() : text; }

@@ -1,15 +1,31 @@
 #include "catalogue/tool/Page.h"
 #include "catalogue/tool/TextOutput.h"
+#include "catalogue/tool/Words.h"
 
 namespace catalogue {
 
 namespace {
 
+constexpr size_t kItalian = 0;
 constexpr size_t kEnglish = 1;
+constexpr size_t kRussian = 2;
 
 QString numberText(double number)
 {
     return QString::number(number, 'g', 15);
+}
+
+bool isTime(const Parameter& parameter)
+{
+    return parameter.key.startsWith(QStringLiteral("TIME"));
+}
+
+// One below the other in a cell, English first.
+QString inAllLanguages(const Text& text)
+{
+    QStringList lines{text[kEnglish], text[kItalian], text[kRussian]};
+    lines.removeDuplicates();
+    return lines.join(QStringLiteral("<br>"));
 }
 
 QString place(const Catalogue& catalogue, const Parameter& parameter)
@@ -22,11 +38,13 @@ QString place(const Catalogue& catalogue, const Parameter& parameter)
     return text;
 }
 
-QString eeprom(const Parameter& parameter)
+QString eeprom(const Catalogue& catalogue, const Parameter& parameter)
 {
     if (parameter.writeCmd == 0)
         return QStringLiteral("-");
-    return QStringLiteral("%1: %2").arg(parameter.writeCmd).arg(parameter.writeAddress);
+    return QStringLiteral("%1 %2")
+        .arg(catalogue.eeprom(parameter.writeCmd)->name)
+        .arg(parameter.writeAddress);
 }
 
 QString scale(const Parameter& parameter)
@@ -36,37 +54,60 @@ QString scale(const Parameter& parameter)
     if (parameter.wire == "BIT")
         return QStringLiteral("-");
     const Scale& line = parameter.scale;
+    if (isTime(parameter))
+        return QStringLiteral("steps of %1 min")
+            .arg(numberText((line.highValue - line.lowValue) / (line.high - line.low) / 60));
     return QStringLiteral("%1..%2 = %3..%4")
         .arg(numberText(line.low), numberText(line.high), numberText(line.lowValue),
              numberText(line.highValue));
+}
+
+QString choices(const ChoiceSet& set)
+{
+    Text lists;
+    for (size_t language = 0; language < kLanguages.size(); ++language) {
+        QStringList choices;
+        for (const Choice& choice : set.choices)
+            choices << QStringLiteral("%1 %2").arg(choice.value).arg(choice.text[language]);
+        lists[language] = choices.join(QStringLiteral(", "));
+    }
+    return inAllLanguages(lists);
 }
 
 QString limits(const Catalogue& catalogue, const Parameter& parameter)
 {
     if (parameter.wire == "STRING")
         return QStringLiteral("-");
-    if (parameter.key == "ENUM") {
-        QStringList choices;
-        for (const Choice& choice : catalogue.choiceSet(parameter.choices)->choices)
-            choices << QStringLiteral("%1 %2").arg(choice.value).arg(choice.text[kEnglish]);
-        return choices.join(QStringLiteral(", "));
-    }
+    if (parameter.key == "ENUM")
+        return choices(*catalogue.choiceSet(parameter.choices));
+    const auto shown = [&](double value) {
+        return isTime(parameter) ? timeOfDay(static_cast<int>(value)) : numberText(value);
+    };
     const QString unit = parameter.unit.isEmpty() ? QString() : ' ' + parameter.unit;
-    return QStringLiteral("%1..%2%3").arg(numberText(parameter.low), numberText(parameter.high), unit);
+    return QStringLiteral("%1..%2%3").arg(shown(parameter.low), shown(parameter.high), unit);
+}
+
+// A new instrument knows no reading.
+QString standard(const Parameter& parameter)
+{
+    if (!parameter.editable || !parameter.standard)
+        return QStringLiteral("-");
+    return isTime(parameter) ? parameter.standard->left(5) : *parameter.standard;
 }
 
 QString row(const Catalogue& catalogue, const Parameter& parameter)
 {
     const QStringList cells{parameter.id,
                             parameter.tag,
-                            parameter.text[kEnglish],
+                            inAllLanguages(parameter.text),
                             parameter.key,
                             parameter.wire,
                             place(catalogue, parameter),
-                            eeprom(parameter),
+                            QString::number(parameter.size),
+                            eeprom(catalogue, parameter),
                             scale(parameter),
                             limits(catalogue, parameter),
-                            parameter.standard.value_or(QStringLiteral("-")),
+                            standard(parameter),
                             parameter.editable ? QStringLiteral("yes") : QStringLiteral("no")};
     return "| " + cells.join(QStringLiteral(" | ")) + " |\n";
 }
@@ -113,12 +154,14 @@ QString summary(const Catalogue& catalogue)
 QString section(const Catalogue& catalogue, const Type& type)
 {
     QString text = QStringLiteral("\n## %1: %2\n\n%3 / %4\n")
-                       .arg(type.tag, type.text[kEnglish], type.text[0], type.text[2]);
+                       .arg(type.tag, type.text[kEnglish], type.text[kItalian], type.text[kRussian]);
     for (const Group& group : type.groups) {
-        text += QStringLiteral("\n### %1 %2\n\n").arg(group.id, group.text[kEnglish]);
-        text += "| Id | Tag | Description | Key | Wire | Place | EEPROM | Scale | Limits or choices | "
-                "Standard | Edit |\n"
-                "|---|---|---|---|---|---|---|---|---|---|---|\n";
+        text += QStringLiteral("\n### %1 %2\n\n%3 / %4\n\n")
+                    .arg(group.id, group.text[kEnglish], group.text[kItalian], group.text[kRussian]);
+        text +=
+            "| Id | Tag | Description | Key | Wire | Place | Bytes | EEPROM | Scale | Limits or choices | "
+            "Standard | Edit |\n"
+            "|---|---|---|---|---|---|---|---|---|---|---|---|\n";
         for (const Parameter& parameter : group.parameters)
             text += row(catalogue, parameter);
     }

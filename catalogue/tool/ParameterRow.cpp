@@ -8,7 +8,31 @@ namespace catalogue {
 
 namespace {
 
-constexpr int kColumns = 8; // and the copy class behind them
+// And the copy class behind them.
+const QStringList kColumns{"id", "tag", "kind", "place", "eeprom", "limits", "standard", "edit or read"};
+
+QString asTaken(const QStringList& columns)
+{
+    QStringList taken;
+    for (qsizetype at = 0; at < columns.size(); ++at)
+        taken << kColumns.value(at, QStringLiteral("copy class")) + ' ' + columns[at];
+    return taken.join(QStringLiteral(", "));
+}
+
+bool isTime(const Parameter& parameter)
+{
+    return parameter.key.startsWith(QStringLiteral("TIME"));
+}
+
+// "there are k01, k1w": the kinds that begin alike.
+QString kindsLike(const QString& name, const Vocabulary& words)
+{
+    QStringList alike;
+    for (const QString& kind : words.kinds.keys())
+        if (kind.left(1) == name.left(1))
+            alike << kind;
+    return alike.isEmpty() ? QString() : QStringLiteral("; there are ") + alike.join(QStringLiteral(", "));
+}
 
 // "name(argument)", the brackets being optional.
 std::pair<QString, QString> nameAndArgument(const QString& text)
@@ -23,7 +47,8 @@ void takeKind(Parameter& parameter, const QString& column, const Vocabulary& wor
 {
     const auto [name, argument] = nameAndArgument(column);
     if (!words.kinds.contains(name))
-        refuse(parameter.origin, QStringLiteral("\"%1\" is no kind of parameter").arg(name));
+        refuse(parameter.origin,
+               QStringLiteral("\"%1\" is no kind of parameter%2").arg(name, kindsLike(name, words)));
     const Kind& kind = words.kinds[name];
     parameter.key = kind.key;
     parameter.wire = kind.wire;
@@ -83,8 +108,28 @@ void takeLimits(Parameter& parameter, const QString& column, const Vocabulary& w
         parameter.low = std::min(parameter.scale.lowValue, parameter.scale.highValue);
         parameter.high = std::max(parameter.scale.lowValue, parameter.scale.highValue);
     } else {
-        std::tie(parameter.low, parameter.high) = range(column, parameter.origin);
+        std::tie(parameter.low, parameter.high) =
+            isTime(parameter) ? timeRange(column, parameter.origin) : range(column, parameter.origin);
     }
+}
+
+// "2.8", or "2.8~0.5" for what strays so far to either side.
+void takeStandard(Parameter& parameter, const QString& column)
+{
+    if (column == "-")
+        return;
+    if (parameter.wire == "STRING") {
+        parameter.standard = column;
+        return;
+    }
+    const QString value = column.section('~', 0, 0);
+    parameter.standard = isTime(parameter) ? storedTime(value, parameter.origin) : value;
+    if (!column.contains('~'))
+        return;
+    parameter.spread = number(column.section('~', 1), parameter.origin);
+    if (parameter.key != "REAL" || parameter.editable)
+        refuse(parameter.origin,
+               QStringLiteral("only a number that can only be read strays, not \"%1\"").arg(column));
 }
 
 void takeMode(Parameter& parameter, const QString& column)
@@ -98,8 +143,10 @@ void takeMode(Parameter& parameter, const QString& column)
 
 Parameter parameterFromRow(const QStringList& columns, const Vocabulary& words, const Origin& origin)
 {
-    if (columns.size() < kColumns || columns.size() > kColumns + 1)
-        refuse(origin, QStringLiteral("a parameter's row has 8 columns, or 9 with a copy class"));
+    if (columns.size() < kColumns.size() || columns.size() > kColumns.size() + 1)
+        refuse(origin,
+               QStringLiteral("a parameter's row has 8 columns, or 9 with a copy class; this one has %1: %2")
+                   .arg(QString::number(columns.size()), asTaken(columns)));
     Parameter parameter;
     parameter.origin = origin;
     parameter.id = columns[0];
@@ -108,11 +155,10 @@ Parameter parameterFromRow(const QStringList& columns, const Vocabulary& words, 
     takePlace(parameter, columns[3], words);
     takeEeprom(parameter, columns[4], words);
     takeLimits(parameter, columns[5], words);
-    if (columns[6] != "-")
-        parameter.standard = columns[6];
     takeMode(parameter, columns[7]);
-    if (columns.size() > kColumns)
-        parameter.copy = columns[kColumns];
+    takeStandard(parameter, columns[6]);
+    if (columns.size() > kColumns.size())
+        parameter.copy = columns.back();
     return parameter;
 }
 

@@ -4,31 +4,58 @@
 
 #include <QDir>
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace catalogue {
 
 namespace {
 
+const QStringList kWordVerbs{"bank", "eeprom", "kind"};
+const QStringList kVerbs =
+    kWordVerbs + QStringList{"version", "choices", "block", "term", "avoid", "type", "group"};
+
 class Parser
 {
 public:
+    explicit Parser(Problems& problems) : problems_(problems) {}
+
     Catalogue parse(const std::vector<Line>& lines)
     {
         for (const Line& line : lines) {
             if (line.indented)
-                readTexts(line);
+                readIndented(line);
             else
-                readStatement(line);
+                begin(line);
         }
         expectNoTexts();
         return std::move(catalogue_);
     }
 
 private:
-    void readStatement(const Line& line)
+    // What stands below a statement that cannot be read is passed over with it.
+    void begin(const Line& line)
     {
         expectNoTexts();
         choiceSet_ = false;
+        Problems found;
+        passesOver_ = line.unreadable || !gather(found, [&] { readStatement(line); });
+        // Without all banks and kinds a parameter's row fails for no fault of its own.
+        const QString verb = line.text.section(' ', 0, 0);
+        lacksWords_ = lacksWords_ || (!found.empty() && kWordVerbs.contains(verb));
+        if (!lacksWords_ || kVerbs.contains(verb))
+            problems_.insert(problems_.end(), found.begin(), found.end());
+    }
+
+    void readIndented(const Line& line)
+    {
+        if (line.unreadable)
+            awaited_ = nullptr;
+        else if (!passesOver_)
+            gather(problems_, [&] { readTexts(line); });
+    }
+
+    void readStatement(const Line& line)
+    {
         const QStringList columns = columnsOf(line.text, line.origin);
         const QString& verb = columns[0];
         if (verb == "version")
@@ -36,7 +63,7 @@ private:
         else if (verb == "bank")
             readBank(columns, line);
         else if (verb == "eeprom")
-            words_.eepromCommands[column(columns, 1, 3, line)] = wholeNumber(columns[2], line.origin);
+            readEeprom(columns, line);
         else if (verb == "kind")
             readKind(columns, line);
         else if (verb == "choices")
@@ -45,6 +72,8 @@ private:
             readBlock(columns, line);
         else if (verb == "term")
             readTerm(line);
+        else if (verb == "avoid")
+            readAvoided(columns, line);
         else if (verb == "type")
             readType(columns, line);
         else if (verb == "group")
@@ -67,6 +96,18 @@ private:
         bank.origin = line.origin;
         words_.banks[bank.name] = bank.id;
         catalogue_.banks.push_back(bank);
+    }
+
+    // eeprom ee 69 set
+    void readEeprom(const QStringList& columns, const Line& line)
+    {
+        const QString bank = column(columns, 3, 4, line);
+        if (!words_.banks.contains(bank))
+            refuse(line.origin, QStringLiteral("there is no bank \"%1\"").arg(bank));
+        const Eeprom eeprom{columns[1], wholeNumber(columns[2], line.origin), words_.banks[bank],
+                            line.origin};
+        words_.eepromCommands[eeprom.name] = eeprom.writeCmd;
+        catalogue_.eeproms.push_back(eeprom);
     }
 
     // kind t05 REAL BYTE 0..255 -50..77.5 0.0 °C
@@ -110,6 +151,17 @@ private:
         catalogue_.glossary.push_back(term);
     }
 
+    // avoid EN "kind of" "type"
+    void readAvoided(const QStringList& columns, const Line& line)
+    {
+        const QString instead = column(columns, 3, 4, line);
+        const auto language = std::ranges::find(kLanguages, columns[1]);
+        if (language == kLanguages.end())
+            refuse(line.origin, QStringLiteral("there is no language \"%1\"").arg(columns[1]));
+        catalogue_.avoided.push_back(
+            {static_cast<size_t>(language - kLanguages.begin()), columns[2], instead, line.origin});
+    }
+
     // type 2 ZR-210 base 12 alive 0 [master]
     void readType(const QStringList& columns, const Line& line)
     {
@@ -141,7 +193,9 @@ private:
         if (catalogue_.types.empty() || catalogue_.types.back().groups.empty())
             refuse(line.origin, QStringLiteral("\"%1\" means nothing here").arg(columns[0]));
         std::vector<Parameter>& parameters = catalogue_.types.back().groups.back().parameters;
-        parameters.push_back(parameterFromRow(columns, words_, line.origin));
+        Origin origin = line.origin;
+        origin.parameter = columns[0];
+        parameters.push_back(parameterFromRow(columns, words_, origin));
         awaitTexts(parameters.back().text, line);
     }
 
@@ -164,8 +218,9 @@ private:
         if (choiceSet_) {
             readChoice(line);
         } else if (awaited_ != nullptr) {
-            *awaited_ = texts(line.text, line.origin);
+            Text& text = *awaited_;
             awaited_ = nullptr;
+            text = texts(line.text, line.origin);
         } else {
             refuse(line.origin, QStringLiteral("texts that belong to nothing"));
         }
@@ -177,10 +232,11 @@ private:
         awaitedFor_ = line.origin;
     }
 
-    void expectNoTexts() const
+    void expectNoTexts()
     {
         if (awaited_ != nullptr)
-            refuse(awaitedFor_, QStringLiteral("the texts are missing below this line"));
+            problems_.push_back({awaitedFor_, QStringLiteral("the texts are missing below this line")});
+        awaited_ = nullptr;
     }
 
     static QString column(const QStringList& columns, int index, int count, const Line& line)
@@ -192,34 +248,41 @@ private:
 
     static QString orEmpty(const QString& text) { return text == "-" ? QString("") : text; }
 
+    Problems& problems_;
     Catalogue catalogue_;
     Vocabulary words_;
     bool choiceSet_ = false;
+    bool passesOver_ = false;
+    bool lacksWords_ = false;
     Text* awaited_ = nullptr;
     Origin awaitedFor_;
 };
 
 } // namespace
 
-Catalogue parse(const std::vector<Line>& lines)
+Catalogue parse(const std::vector<Line>& lines, Problems& problems)
 {
-    return Parser().parse(lines);
+    return Parser(problems).parse(lines);
 }
 
 Catalogue readCatalogue(const QString& folder)
 {
-    QStringList files;
-    for (const QString& name : QDir(folder + "/common").entryList({"*.txt"}, QDir::Files, QDir::Name))
-        files << "common/" + name;
-    files << QStringLiteral("glossary.txt");
-    for (const QString& name : QDir(folder + "/types").entryList({"*.txt"}, QDir::Files, QDir::Name))
-        files << "types/" + name;
+    const auto sourcesIn = [&](const QString& part) {
+        QStringList files;
+        for (const QString& name : QDir(folder + '/' + part).entryList({"*.txt"}, QDir::Files, QDir::Name))
+            files << part + '/' + name;
+        return files;
+    };
+    Problems problems;
     std::vector<Line> lines;
-    for (const QString& file : files) {
-        const std::vector<Line> more = readSource(folder, file);
+    for (const QString& file : sourcesIn("common") + QStringList{"glossary.txt"} + sourcesIn("types")) {
+        const std::vector<Line> more = readSource(folder, file, problems);
         lines.insert(lines.end(), more.begin(), more.end());
     }
-    return parse(lines);
+    Catalogue catalogue = parse(lines, problems);
+    if (!problems.empty())
+        throw Refused(std::move(problems));
+    return catalogue;
 }
 
 } // namespace catalogue

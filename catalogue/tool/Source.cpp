@@ -3,78 +3,119 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSet>
 
 namespace catalogue {
 
 namespace {
 
-constexpr int kDeepestInclude = 8;
+constexpr qsizetype kDeepestInclude = 8;
 
-std::vector<Line> rawLines(const QString& folder, const QString& name, const Origin& asker)
+// What a line of a file is read with: the names known there and what led there.
+struct Surroundings
 {
-    QFile file(QDir(folder).filePath(name));
-    if (!file.open(QIODevice::ReadOnly))
-        refuse(asker, QStringLiteral("\"%1\" cannot be read: %2").arg(name, file.errorString()));
-    std::vector<Line> lines;
-    int number = 0;
-    for (const QString& text : QString::fromUtf8(file.readAll()).split('\n')) {
-        ++number;
-        const QString trimmed = text.trimmed();
-        if (!trimmed.isEmpty() && !trimmed.startsWith('#'))
-            lines.push_back({{name, number}, trimmed, text.front().isSpace()});
+    Variables& variables;
+    QStringList repeats;
+    QStringList includers;
+
+    Origin at(Origin origin) const
+    {
+        origin.repeats = repeats;
+        origin.includers = includers;
+        return origin;
     }
-    return lines;
-}
+};
 
 class Reader
 {
 public:
-    Reader(QString folder, std::vector<Line>& result) : folder_(std::move(folder)), result_(result) {}
-
-    void readFile(const QString& name, const Origin& asker, Variables& variables, int depth)
+    Reader(QString folder, std::vector<Line>& result, Problems& problems)
+        : folder_(std::move(folder)), result_(result), problems_(problems)
     {
-        if (depth > kDeepestInclude)
+    }
+
+    // shownAs is what a refusal calls the file.
+    void readFile(const QString& name, const QString& shownAs, const Origin& asker,
+                  const Surroundings& surroundings)
+    {
+        if (surroundings.includers.size() > kDeepestInclude)
             refuse(asker, QStringLiteral("\"%1\" includes itself").arg(name));
-        const std::vector<Line> lines = rawLines(folder_, name, asker);
-        readLines(lines, 0, lines.size(), variables, depth);
+        const std::vector<Line> lines = rawLines(name, shownAs, asker);
+        readLines(lines, 0, lines.size(), surroundings);
     }
 
 private:
-    void readLines(const std::vector<Line>& lines, size_t from, size_t to, Variables& variables, int depth)
+    std::vector<Line> rawLines(const QString& name, const QString& shownAs, const Origin& asker) const
+    {
+        QFile file(QDir(folder_).filePath(name));
+        if (!file.open(QIODevice::ReadOnly))
+            refuse(asker, QStringLiteral("\"%1\" cannot be read: %2").arg(shownAs, file.errorString()));
+        std::vector<Line> lines;
+        int number = 0;
+        for (const QString& text : QString::fromUtf8(file.readAll()).split('\n')) {
+            ++number;
+            const QString trimmed = text.trimmed();
+            if (!trimmed.isEmpty() && !trimmed.startsWith('#'))
+                lines.push_back({{name, number}, trimmed, text.front().isSpace()});
+        }
+        return lines;
+    }
+
+    void readLines(const std::vector<Line>& lines, size_t from, size_t to, const Surroundings& surroundings)
     {
         for (size_t at = from; at < to; ++at) {
-            const Line& line = lines[at];
-            const QString text = expand(line.text, variables, line.origin);
-            const QStringList words = text.simplified().split(' ');
-            if (words[0] == "let") {
-                const QString name = nameIn(words, line);
-                variables[name] = numberIn(words[2], line);
-            } else if (words[0] == "include") {
-                readFile(words.value(1), line.origin, variables, depth + 1);
-            } else if (words[0] == "repeat") {
-                const size_t end = endOf(lines, at, to);
-                repeat(words, lines, at, end, variables, depth);
-                at = end;
-            } else if (words[0] == "end") {
-                refuse(line.origin, QStringLiteral("\"end\" without \"repeat\""));
-            } else {
-                result_.push_back({line.origin, text, line.indented});
-            }
+            size_t last = at; // of what is read now: a repeat reaches to its end
+            Problems found;
+            if (lines[at].text.startsWith(QStringLiteral("repeat ")) &&
+                !gather(found, [&] { last = endOf(lines, at, to); }))
+                last = to;
+            if (found.empty())
+                gather(found, [&] { readLine(lines, at, last, surroundings); });
+            if (!found.empty())
+                result_.push_back({surroundings.at(lines[at].origin), {}, lines[at].indented, true});
+            for (const Problem& problem : found)
+                tell(problem, surroundings);
+            at = last;
+        }
+    }
+
+    void readLine(const std::vector<Line>& lines, size_t at, size_t last, const Surroundings& surroundings)
+    {
+        const Line& line = lines[at];
+        const Origin origin = surroundings.at(line.origin);
+        const QString text = expand(line.text, surroundings.variables, origin);
+        const QStringList words = text.simplified().split(' ');
+        if (words[0] == "let") {
+            const QString name = nameIn(words, origin);
+            surroundings.variables[name] = numberIn(words[2], origin);
+        } else if (words[0] == "include") {
+            Surroundings inside{surroundings.variables, surroundings.repeats, surroundings.includers};
+            inside.includers.prepend(QStringLiteral("%1:%2").arg(origin.file).arg(origin.line));
+            readFile(words.value(1), words.value(1), origin, inside);
+        } else if (words[0] == "repeat") {
+            repeat(words, lines, at, last, surroundings);
+        } else if (words[0] == "end") {
+            refuse(origin, QStringLiteral("\"end\" without \"repeat\""));
+        } else {
+            result_.push_back({origin, text, line.indented});
         }
     }
 
     void repeat(const QStringList& words, const std::vector<Line>& lines, size_t begin, size_t end,
-                const Variables& variables, int depth)
+                const Surroundings& surroundings)
     {
-        const QString name = nameIn(words, lines[begin]);
+        const Origin origin = surroundings.at(lines[begin].origin);
+        const QString name = nameIn(words, origin);
         const QStringList range = words.value(2).split(QStringLiteral(".."));
         if (range.size() != 2)
-            refuse(lines[begin].origin, QStringLiteral("a repeat runs over a range such as 1..8"));
-        const int last = numberIn(range[1], lines[begin]);
-        for (int number = numberIn(range[0], lines[begin]); number <= last; ++number) {
-            Variables inside = variables;
-            inside[name] = number;
-            readLines(lines, begin + 1, end, inside, depth);
+            refuse(origin, QStringLiteral("a repeat runs over a range such as 1..8"));
+        const int last = numberIn(range[1], origin);
+        for (int number = numberIn(range[0], origin); number <= last; ++number) {
+            Variables variables = surroundings.variables;
+            variables[name] = number;
+            Surroundings inside{variables, surroundings.repeats, surroundings.includers};
+            inside.repeats << QStringLiteral("%1 = %2").arg(name).arg(number);
+            readLines(lines, begin + 1, end, inside);
         }
     }
 
@@ -90,34 +131,49 @@ private:
         refuse(lines[begin].origin, QStringLiteral("a \"repeat\" that nothing ends"));
     }
 
-    static QString nameIn(const QStringList& words, const Line& line)
+    static QString nameIn(const QStringList& words, const Origin& origin)
     {
         const QString name = words.value(1);
         if (words.size() != 3 || name.isEmpty() || !name.front().isLetter())
-            refuse(line.origin, QStringLiteral("\"%1\" needs a name and a value").arg(words[0]));
+            refuse(origin, QStringLiteral("\"%1\" needs a name and a value").arg(words[0]));
         return name;
     }
 
-    static int numberIn(const QString& text, const Line& line)
+    static int numberIn(const QString& text, const Origin& origin)
     {
         bool isNumber = false;
         const int number = text.toInt(&isNumber);
         if (!isNumber)
-            refuse(line.origin, QStringLiteral("\"%1\" is not a whole number").arg(text));
+            refuse(origin, QStringLiteral("\"%1\" is not a whole number").arg(text));
         return number;
+    }
+
+    // A name that a file needs and nobody gave it fails on every line: it is told once for each that includes
+    // the file.
+    void tell(const Problem& problem, const Surroundings& surroundings)
+    {
+        const QStringList key = QStringList{problem.origin.file, problem.reason} + surroundings.includers;
+        if (!told_.contains(key))
+            problems_.push_back(problem);
+        told_.insert(key);
     }
 
     QString folder_;
     std::vector<Line>& result_;
+    Problems& problems_;
+    QSet<QStringList> told_;
 };
 
 } // namespace
 
-std::vector<Line> readSource(const QString& folder, const QString& file)
+std::vector<Line> readSource(const QString& folder, const QString& file, Problems& problems)
 {
     std::vector<Line> result;
     Variables variables;
-    Reader(folder, result).readFile(file, {file, 0}, variables, 0);
+    gather(problems, [&] {
+        Reader(folder, result, problems)
+            .readFile(file, QDir(folder).filePath(file), {file}, {variables, {}, {}});
+    });
     return result;
 }
 

@@ -1,6 +1,20 @@
 #include "catalogue/tool/Words.h"
 
+#include <QTime>
+
 namespace catalogue {
+
+namespace {
+
+std::pair<QString, QString> endsOf(const QString& range, const QString& example, const Origin& origin)
+{
+    const QStringList ends = range.split(QStringLiteral(".."));
+    if (ends.size() != 2)
+        refuse(origin, QStringLiteral("\"%1\" is not a range such as %2").arg(range, example));
+    return {ends[0], ends[1]};
+}
+
+} // namespace
 
 QStringList columnsOf(const QString& row, const Origin& origin)
 {
@@ -47,10 +61,32 @@ double number(const QString& text, const Origin& origin)
 
 std::pair<double, double> range(const QString& text, const Origin& origin)
 {
-    const QStringList ends = text.split(QStringLiteral(".."));
-    if (ends.size() != 2)
-        refuse(origin, QStringLiteral("\"%1\" is not a range such as 0..255").arg(text));
-    return {number(ends[0], origin), number(ends[1], origin)};
+    const auto [low, high] = endsOf(text, QStringLiteral("0..255"), origin);
+    return {number(low, origin), number(high, origin)};
+}
+
+int secondsOfDay(const QString& text, const Origin& origin)
+{
+    const QTime time = QTime::fromString(text, QStringLiteral("HH:mm"));
+    if (!time.isValid())
+        refuse(origin, QStringLiteral("\"%1\" is no time such as 07:30").arg(text));
+    return QTime(0, 0).secsTo(time);
+}
+
+std::pair<double, double> timeRange(const QString& text, const Origin& origin)
+{
+    const auto [low, high] = endsOf(text, QStringLiteral("00:00..23:50"), origin);
+    return {secondsOfDay(low, origin), secondsOfDay(high, origin)};
+}
+
+QString storedTime(const QString& text, const Origin& origin)
+{
+    return timeOfDay(secondsOfDay(text, origin)) + QStringLiteral(":00");
+}
+
+QString timeOfDay(int seconds)
+{
+    return QTime(0, 0).addSecs(seconds).toString(QStringLiteral("HH:mm"));
 }
 
 Text texts(const QString& text, const Origin& origin)

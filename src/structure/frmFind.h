@@ -24,7 +24,7 @@ namespace structure {
 class ResultView;
 class Structure;
 
-// "Find in plant": what is typed is searched in the whole company while the typing goes on; a result taken is
+// "Find in company": what is typed is searched in the whole company while the typing goes on; a result taken is
 // shown in the main window, and this one stays for the next.
 class frmFind : public QDialog
 {

@@ -14,7 +14,7 @@ class BlockCopyTest : public support::PropertyFixture
 protected:
     BlockCopyTest()
     {
-        writeCompany(published().demo, published().model, demoFile());
+        writeCompany(published().demo, published().catalogue, published().model, demoFile());
         EXPECT_TRUE(connectTo("Demo.mdb"));
         session.cnDatabase.Execute("PRAGMA synchronous=OFF;");
     }

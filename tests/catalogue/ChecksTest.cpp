@@ -10,7 +10,7 @@ namespace {
 const QString kSample = R"(version 1.0
 bank 1 sta 68 77 0 64 "STATUS"
 bank 2 set 82 87 16 64 "SETUP"
-eeprom ee 69
+eeprom ee 69 set
 kind t05 REAL BYTE 0..255 -50..77.5 0.0 °C
 kind k01 REAL BYTE 0..255 0..25.5 0.0 K
 kind ts REAL S_BYTE -128..127 -64..63.5 0.0 °C
@@ -20,30 +20,34 @@ kind th TIME_H BYTE 0..255 0..918000 - -
 kind bit ENUM BIT - - - -
 kind sel ENUM BYTE 0..255 0..255 - -
 kind text STRING STRING - - - -
+choices three
+  1 : b | b | б
+  2 : b | b | б
 choices offon
   0 : Spento | Off | Выкл.
   1 : Acceso | On | Вкл.
 term sonda, sonde | probe | датчик
+avoid EN "kind of" "type"
 type 1 XX-1 base 1A alive 0 master
   Tipo | Type | Тип
-group G1
+group G0101
   Gruppo | Group | Группа
-P1 Sta sel(offon) sta:0 - - 0 read
+P010101 Sta sel(offon) sta:0 - - 0 read
   Stato | State | Состояние
-P2 SP t05 set:16 ee:0 -30..15 2 edit AA.01.01
+P010102 SP t05 set:16 ee:0 -30..15 2 edit AA.01.01
   Uno | One | Один
-P3 SP t05 set:17 ee:1 -30..15 2 edit AA.02.01
+P010103 SQ t05 set:17 ee:1 -30..15 2 edit AA.02.01
   Due | Two | Два
-P4 bt bit(offon) set:18.3 ee:2 - 1 edit
+P010104 bt bit(offon) set:18.3 ee:2 - 1 edit
   Tre | Three | Три
-P5 b2 bit(offon) set:18.4 ee:2 - 1 edit
+P010105 b2 bit(offon) set:18.4 ee:2 - 1 edit
   Quattro | Four | Четыре
-P6 nA text(4) set:19 ee:3 - "AB" edit
+P010106 nA text(4) set:19 ee:3 - "AB" edit
   Cinque | Five | Пять
-P7 tE tb sta:2 - -20..90 -12.3 read
+P010107 tE tb sta:2 - -20..90 -12.3 read
   Sonda | Probe | Датчик
-P8 on hm set:23 ee:7 0..85500 07:15:00 edit
-  Sei | Six | Шесть
+P010108 on hm set:23 ee:7 00:00..23:45 07:15 edit
+  Sei (15 min) | Six (15 min) | Шесть (15 мин)
 block AA.01
   Primo | First | Первый
 block AA.02
@@ -84,37 +88,59 @@ INSTANTIATE_TEST_SUITE_P(
     Names, BrokenRule,
     ::testing::Values(
         Broken{"version 1.0\n", "\n", "no version is told"},
-        Broken{"P3 SP", "p2 SP", "sample.txt:26: the parameter \"p2\" stands already in sample.txt:24"},
-        Broken{"P3 SP", "P_3 SP", "sample.txt:26: the id \"P_3\" may not be empty or contain \"_\""},
-        Broken{"group G1", "group G_1", "sample.txt:20: the id \"G_1\" may not be empty"},
-        Broken{"base 1A", "base 1", "sample.txt:18: the base address \"1\" is not two hexadecimal"},
+        Broken{"P010103 SQ", "p010102 SQ",
+               "sample.txt:30: the parameter \"p010102\" stands already in sample.txt:28"},
+        Broken{"P010103 SQ", "P_010103 SQ",
+               "sample.txt:30: the id \"P_010103\" may not be empty or contain \"_\""},
+        Broken{"group G0101", "group G_0101", "sample.txt:24: the id \"G_0101\" may not be empty"},
+        Broken{"base 1A", "base 1", "sample.txt:22: the base address \"1\" is not two hexadecimal"},
+        Broken{"base 1A", "base 1a",
+               "the base address \"1a\" is not two hexadecimal digits, letters as capitals"},
+        Broken{"block AA.01", "type 2 XX-2 base 1A alive 0\n  b | b | б\nblock AA.01",
+               "the base address \"1A\" stands already in sample.txt:22"},
+        Broken{"P010103 SQ", "P010103 sp",
+               "sample.txt:30: the tag \"sp\" stands already in sample.txt:28 (P010103)"},
+        Broken{"P010103 SQ", "P010103 SЕ", "the tag \"SЕ\" is not in plain letters and digits"},
+        Broken{"P010103 SQ", "P010203 SQ",
+               "sample.txt:30: the id \"P010203\" is not \"P0101\" and two digits"},
+        Broken{"P010103 SQ", "P01010x SQ", "the id \"P01010x\" is not \"P0101\" and two digits"},
+        Broken{"P010103 SQ", "P0101033 SQ", "the id \"P0101033\" is not \"P0101\" and two digits"},
+        Broken{"group G0101", "group G0201",
+               "sample.txt:24: the group \"G0201\" is not \"G01\" and two digits"},
+        Broken{"group G0101", "group X0101", "the group \"X0101\" is not \"G01\" and two digits"},
         Broken{"base 1A", "base 1G", "the base address \"1G\""},
         Broken{"type 1", "type 0", "numbered from 1"},
-        Broken{"block AA.01", "group G2\n  b | b | б\nblock AA.01", "the group \"G2\" has no parameter"},
+        Broken{"block AA.01", "group G0102\n  b | b | б\nblock AA.01",
+               "the group \"G0102\" has no parameter"},
         Broken{"block AA.01", "type 1 XX-2 base 00 alive 0\n  b | b | б\nblock AA.01",
                "the type number \"1\" stands already"},
         Broken{"block AA.01", "type 2 xx-1 base 00 alive 0\n  b | b | б\nblock AA.01",
                "the type code \"xx-1\" stands already"},
-        Broken{"block AA.01", "group g1\n  b | b | б\nblock AA.01", "the group \"g1\" stands already"},
+        Broken{"block AA.01", "group g0101\n  b | b | б\nblock AA.01", "the group \"g0101\" stands already"},
         Broken{"block AA.01", "choices offon\n  0 : b | b | б\nblock AA.01",
                "the choices \"offon\" stands already"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, BrokenRule,
-    ::testing::Values(Broken{"Uno | One | Один", "Uno |  | Один", "sample.txt:24: no text in EN"},
-                      Broken{"Uno | One | Один",
-                             "Uno | 0123456789012345678901234567890123456789012345678901234567890 | Один",
-                             "sample.txt:24: the text in EN is longer than 60"},
-                      Broken{"Uno | One | Один", "Uno | Оne | Один", "Cyrillic letters in the text in EN"},
-                      Broken{"Sonda | Probe", "Sensore | Probe",
-                             "sample.txt:34: \"probe\" is \"sonda/sonde\" in IT, not \"Sensore\""},
-                      Broken{"Probe | Датчик", "Probe | Зонд", "\"probe\" is \"датчик\" in RU"},
-                      Broken{"0 : Spento | Off", "0 : | Off", "sample.txt:15: no text in IT"}));
+    ::testing::Values(
+        Broken{"Uno | One | Один", "Uno |  | Один", "sample.txt:28: no text in EN"},
+        Broken{"Uno | One | Один",
+               "Uno | 0123456789012345678901234567890123456789012345678901234567890 | Один",
+               "sample.txt:28: the text in EN is longer than 60"},
+        Broken{"Uno | One | Один", "Uno | Оne | Один", "Cyrillic letters in the text in EN"},
+        Broken{"Sonda | Probe", "Sensore | Probe",
+               "sample.txt:38: \"probe\" is \"sonda/sonde\" in IT, not \"Sensore\""},
+        Broken{"Probe | Датчик", "Probe | Зонд", "\"probe\" is \"датчик\" in RU"},
+        Broken{"Sonda | Probe", "Ultrasonda | Probe", "\"probe\" is \"sonda/sonde\" in IT"},
+        Broken{"Uno | One", "Uno | Kind of one", "sample.txt:28: not \"kind of\" in EN but \"type\""},
+        Broken{"One | Один", "One | Oдин", "sample.txt:28: Latin letters in the Cyrillic word \"Oдин\""},
+        Broken{"One | Один", "One | Один c двумя", "Latin letters in the Cyrillic word \"c\""},
+        Broken{"0 : Spento | Off", "0 : | Off", "sample.txt:18: no text in IT"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Parameters, BrokenRule,
     ::testing::Values(
-        Broken{"hm TIME_HM BYTE", "hm TIME_HM WORD_L", "sample.txt:36: a time lies in one BYTE"},
+        Broken{"hm TIME_HM BYTE", "hm TIME_HM WORD_L", "sample.txt:40: a time lies in one BYTE"},
         Broken{"sel ENUM BYTE", "sel ENUM WORD_L", "a choice lies in a BYTE or in bits"},
         Broken{"text STRING STRING", "text REAL STRING", "a text is STRING in its key and on the wire"},
         Broken{"t05 REAL BYTE", "t05 REEL BYTE", "\"REEL\" on \"BYTE\" is no kind of value"},
@@ -135,9 +161,28 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"tb REAL BCD 0..999 0..99.9", "tb REAL S_BYTE -100..127 -100..127",
                "the scale of an S_BYTE begins"},
         Broken{"-30..15 2 edit AA.01", "15..-30 2 edit AA.01", "the limits are the wrong way round"},
-        Broken{"-30..15 2 edit AA.01", "-60..15 2 edit AA.01", "the limits lie outside the scale"},
-        Broken{"-30..15 2 edit AA.01", "-30..80 2 edit AA.01", "the limits lie outside the scale"},
-        Broken{"0..85500", "0..90000", "a time stays below 24 hours"},
+        Broken{"-30..15 2 edit AA.01", "-60..15 2 edit AA.01",
+               "the limits -60..15 lie outside the scale -50..77.5"},
+        Broken{"-30..15 2 edit AA.01", "-30..80 2 edit AA.01", "the limits -30..80 lie outside the scale"},
+        Broken{"00:00..23:45", "-", "a time stays below 24 hours"},
+        Broken{"BYTE 0..255 -50..77.5 0.0 °C", "BYTE 0..255 -50..77.5 0.0 K",
+               "sample.txt:28: the mask \"0.0\" invites steps of 0.1, the scale has steps of 0.5 (P010102)"},
+        Broken{"BYTE 0..255 -50..77.5 0.0 °C", "BYTE 0..255 0..255 0.0 °C",
+               "the mask \"0.0\" invites steps of 0.1, the scale has steps of 1"},
+        Broken{"BYTE 0..255 -50..77.5 0.0 °C", "BYTE 0..255 0..2550 0 s",
+               "the mask \"0\" invites steps of 1, the scale has steps of 10"},
+        Broken{"-50..77.5 0.0", "-50..77.5 #,##0.0", "has a mask such as 0.0, without groups of digits"},
+        Broken{"t05 set:16 ee:0 -30..15 2", "k01 set:16 ee:0 0..15.05 2",
+               "the limit 15.05 is not on the scale's steps"},
+        Broken{"t05 set:16 ee:0 -30..15 2", "k01 set:16 ee:0 0.55..15 2",
+               "the limit 0.55 is not on the scale's steps"},
+        Broken{"00:00..23:45", "00:00..23:50", "the limit 23:50 is not on the scale's steps"},
+        Broken{"t05 set:16 ee:0 -30..15 2", "k01 set:16 ee:0 0..25.5 2",
+               "count 255 stands for \"not known\", so the limits must leave it out"},
+        Broken{"Six (15 min)", "Six",
+               "sample.txt:40: times go in steps of 15 min, but the text in EN does not say so"},
+        Broken{"Шесть (15 мин)", "Шесть (15 min)", "times go in steps of 15 мин, but the text in RU"},
+        Broken{"Sei (15 min)", "Sei (5 min)", "times go in steps of 15 min, but the text in IT"},
         Broken{"0..229500", "0..2550", "which cannot be shown"},
         Broken{"hm TIME_HM BYTE 0..255 0..229500", "hm TIME_HMS BYTE 0..255 0..2550",
                "count 1 is 10, which cannot be shown"},
@@ -150,8 +195,11 @@ INSTANTIATE_TEST_SUITE_P(
                "the choice 0 of \"offon\" lies outside the limits"},
         Broken{"1 : Acceso", "2 : Acceso", "the standard value \"1\" is not among the choices"},
         Broken{"2 edit AA.01", "2.2 edit AA.01", "the standard value \"2.2\" is not on the scale"},
-        Broken{"2 edit AA.01", "20 edit AA.01", "the standard value \"20\" lies outside the limits"},
-        Broken{"07:15:00", "07:10:00", "the standard value \"07:10:00\" is not on the scale"}));
+        Broken{"2 edit AA.01", "20 edit AA.01", "the standard value \"20\" lies outside the limits -30..15"},
+        Broken{"-12.3 read", "-12.3~8 read", "the standard value \"-12.3\" lies outside the limits -20..90"},
+        Broken{"bit(offon) set:18.3", "bit(three) set:18.3",
+               "sample.txt:32: choice 2 does not fit in 1 bit (P010104)"},
+        Broken{"07:15", "07:10", "the standard value \"07:10:00\" is not on the scale"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Memory, BrokenRule,
@@ -162,43 +210,57 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"87 16 64", "87 200 64", "a bank has 1 to 255 bytes"},
         Broken{"68 77 0 64", "68 77 0 256", "a bank has 1 to 255 bytes"},
         Broken{"bank 2", "bank 1", "the bank 1 is there twice"},
-        Broken{"t05 set:16", "t05 set:15", "address 15 lies outside its bank"},
-        Broken{"text(4) set:19", "text(4) set:77", "address 77 lies outside its bank"},
-        Broken{"eeprom ee 69", "eeprom ee 300", "command and place in the EEPROM are bytes"},
-        Broken{"ee:3 ", "ee:253 ", "command and place in the EEPROM are bytes"},
-        Broken{"t05 set:17", "t05 set:16", "sample.txt:26: \"P3\" lies on \"P2\" at bank 2:16"},
-        Broken{"text(4) set:19", "text(4) set:20", "\"P8\" lies on \"P6\" at bank 2:23"},
-        Broken{"set:18.4", "set:18.3", "\"P5\" lies on \"P4\" at bank 2:18"},
-        Broken{"set:17 ee:1", "set:17 ee:0", "\"P3\" lies on \"P2\" at eeprom 69:0"},
-        Broken{"set:18.4 ee:2", "set:18.4 ee:9", "bit fields of one byte share their place in the EEPROM"},
-        Broken{"alive 0", "alive 1", "sample.txt:18: no parameter stands at the alive address 1"}));
+        Broken{"t05 set:16", "t05 set:15", "address 15 lies outside the bank \"set\", which has 16 to 79"},
+        Broken{"text(4) set:19", "text(4) set:77",
+               "address 77 lies outside the bank \"set\", which has 16 to 79"},
+        Broken{"eeprom ee 69", "eeprom ee 300", "sample.txt:4: the command of a page is a byte above 0"},
+        Broken{"eeprom ee 69", "eeprom ee 0", "the command of a page is a byte above 0"},
+        Broken{"ee:3 ", "ee:30 ", "set:19 is kept at ee:3 of the EEPROM, not at 30 (P010106)"},
+        Broken{"eeprom ee 69 set", "eeprom ee 69 sta",
+               "set:16 is not kept in that page of the EEPROM (P010102)"},
+        Broken{"t05 set:17", "t05 set:16", "\"P010103\" lies on \"P010102\" at set:16"},
+        Broken{"text(4) set:19", "text(4) set:20", "\"P010108\" lies on \"P010106\" at set:23"},
+        Broken{"set:18.4", "set:18.3", "\"P010105\" lies on \"P010104\" at set:18"},
+        Broken{"set:18.4 ee:2", "set:18.4 -", "bit fields of one byte share their place in the EEPROM"},
+        Broken{"alive 0", "alive 1", "sample.txt:22: 0 parameters stand at the alive address 1, not one"},
+        Broken{"tb sta:2", "tb sta:0", "2 parameters stand at the alive address 0, not one"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Copies, BrokenRule,
     ::testing::Values(
-        Broken{"AA.01.01", "AA.01.1", "sample.txt:24: the copy class \"AA.01.1\" is not eight characters"},
+        Broken{"AA.01.01", "AA.01.1", "sample.txt:28: the copy class \"AA.01.1\" is not eight characters"},
         Broken{"AA.01.01", "AA.XX.01", "the copy class \"AA.XX.01\" is not eight"},
         Broken{"AA.02.01", "AA.01.01", "the copy class \"AA.01.01\" is there twice"},
         Broken{"AA.02.01", "AA.02.02", "the first block of the family has no place \".02\""},
-        Broken{"-30..15 2 edit AA.02.01", "-20..15 2 edit AA.02.01", "\"P3\" differs from \"P2\""},
+        Broken{"-30..15 2 edit AA.02.01", "-20..15 2 edit AA.02.01", "\"P010103\" differs from \"P010102\""},
         Broken{"block AA.02", "block AA.03", "the block \"AA.02\" has no description"}));
 
 // A poll finds its command through whatever stands at any type's alive address.
-TEST(Checks, refuseAMasterWhosePollFindsTwoCommands)
+TEST(Checks, refuseAnAliveAddressUnlikeThatOfTheRange)
 {
-    QString text = kSample;
-    text.replace("82 87 16 64", "82 87 0 64").replace("set:17 ee:1", "set:0 ee:1");
+    const QString twins = "type 2 XX-2 base 20 alive 0\n  b | b | б\ngroup G0201\n  b | b | б\n"
+                          "P020101 St sel(offon) sta:0 - - 0 read\n  b | b | б\n"
+                          "type 3 XX-3 base 30 alive 1\n  b | b | б\ngroup G0301\n  b | b | б\n"
+                          "P030101 St sel(offon) sta:1 - - 0 read\n  b | b | б\n";
     std::vector<std::string> found;
-    for (const Problem& problem : problemsOf(testing::parsed(text)))
+    for (const Problem& problem : problemsOf(testing::parsed(kSample + twins)))
         found.push_back(problem.text().toStdString());
-    EXPECT_THAT(found,
-                ::testing::ElementsAre("sample.txt:18: the alive poll of a master finds 2 read commands"));
+    EXPECT_THAT(found, ::testing::ElementsAre(
+                           "sample.txt:52: the alive address is 1, but 0 in the rest of the range"));
+}
+
+// What is never offered takes no address from anybody.
+TEST(Checks, letTheForeignInstrumentHaveAnyBaseAddress)
+{
+    const QString alien = "type 99 ALIEN base 1A alive 0\n  b | b | б\ngroup G9901\n  b | b | б\n"
+                          "P990101 St sel(offon) sta:0 - - 0 read\n  b | b | б\n";
+    EXPECT_TRUE(problemsOf(testing::parsed(kSample + alien)).empty());
 }
 
 TEST(Checks, refuseAFamilyInTwoTypes)
 {
-    const QString second = "type 2 XX-2 base 00 alive 0\n  b | b | б\ngroup G2\n  b | b | б\n"
-                           "Q1 SP t05 sta:0 - -30..15 2 edit AA.01.01\n  b | b | б\n";
+    const QString second = "type 2 XX-2 base 00 alive 0\n  b | b | б\ngroup G0201\n  b | b | б\n"
+                           "P020101 SP t05 sta:0 - -30..15 2 edit AA.01.01\n  b | b | б\n";
     std::vector<std::string> found;
     for (const Problem& problem : problemsOf(testing::parsed(kSample + second)))
         found.push_back(problem.text().toStdString());

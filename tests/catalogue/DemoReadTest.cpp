@@ -1,3 +1,4 @@
+#include "catalogue/tool/Checks.h"
 #include "catalogue/tool/MemoryWriter.h"
 #include "tests/catalogue/Published.h"
 
@@ -15,8 +16,8 @@ class DemoReadTest : public support::BusFixture, public ::testing::WithParamInte
 protected:
     DemoReadTest()
     {
-        writeCompany(published().demo, published().model, demoFile());
-        writeMemory(published().demo, demoFile(), file("instrument.txt"));
+        writeCompany(published().demo, published().catalogue, published().model, demoFile());
+        writeMemory(published().demo, published().catalogue, demoFile(), file("instrument.txt"));
         database.Disconnect_Database();
         connectTo("Demo.mdb");
         instrument::Options options;
@@ -34,6 +35,17 @@ protected:
     }
 };
 
+// Texts may be empty, and a probe may be missing.
+QString mayBeUnknown()
+{
+    QStringList ids;
+    forEachParameter(published().catalogue, [&](const Type&, const Group&, const Parameter& parameter) {
+        if (parameter.wire == "STRING" || (!parameter.editable && !parameter.standard))
+            ids << '\'' + parameter.id + '\'';
+    });
+    return ids.join(',');
+}
+
 // Nothing is left unread: each parameter is marked and emptied first, and has a value and no mark afterwards.
 TEST_P(DemoReadTest, readsEveryInstrumentByItsBanks)
 {
@@ -44,12 +56,12 @@ TEST_P(DemoReadTest, readsEveryInstrumentByItsBanks)
     ASSERT_TRUE(waitWhileBusy());
     EXPECT_GT(countInPlant("State = 0"), 300);
     EXPECT_EQ(countInPlant("State <> 0"), 0);
-    EXPECT_EQ(countInPlant("Value IS NULL"), 0);
+    EXPECT_EQ(countInPlant("Value IS NULL AND IDPar NOT IN (" + mayBeUnknown() + ")"), 0);
     console.Disconnect();
     ASSERT_TRUE(waitWhileBusy());
 }
 
-INSTANTIATE_TEST_SUITE_P(Plants, DemoReadTest, ::testing::Range(1, 6));
+INSTANTIATE_TEST_SUITE_P(Plants, DemoReadTest, ::testing::Range(1, 7));
 
 } // namespace
 } // namespace catalogue

@@ -126,6 +126,23 @@ TEST(ModelWriter, writesCommandsAsDecimalTexts)
     EXPECT_GT(count(model, "SELECT Count(*) FROM tbParam WHERE mWriteCmd = '0'"), 0);
 }
 
+// A new instrument shows "--" for what nobody has read.
+TEST(ModelWriter, inventsNoReading)
+{
+    SQLite::Database model = opened(published().model);
+    EXPECT_GT(count(model, "SELECT Count(*) FROM tbParam WHERE mEnable = 0"), 500);
+    EXPECT_EQ(count(model, "SELECT Count(*) FROM tbParam WHERE mEnable = 0 AND mDftValue IS NOT NULL"), 0);
+    EXPECT_GT(count(model, "SELECT Count(*) FROM tbParam WHERE mEnable <> 0 AND mDftValue IS NOT NULL"), 900);
+    EXPECT_EQ(column(model, "SELECT mDftValue FROM tbParam WHERE mID = 'P020106'"), QStringList("21:00:00"));
+}
+
+TEST(ModelWriter, groupsNoDigits)
+{
+    SQLite::Database model = opened(published().model);
+    EXPECT_EQ(column(model, "SELECT DISTINCT mDP FROM tbParam WHERE mDP LIKE '%,%' OR mDP LIKE '%#%'"),
+              QStringList());
+}
+
 TEST(ModelWriter, leavesTheTargetWhenItFails)
 {
     testing::SourceFolder folder;

@@ -1,29 +1,13 @@
+#include "tests/catalogue/ProgramCoding.h"
 #include "catalogue/tool/Checks.h"
 #include "catalogue/tool/Coding.h"
 #include "tests/catalogue/Published.h"
 
-#include "values/Coding.h"
-
 namespace catalogue {
 namespace {
 
+using testing::codingOf;
 using testing::published;
-
-values::ParameterCoding codingOf(const Parameter& parameter)
-{
-    const Scale& scale = parameter.scale;
-    return {parameter.key,
-            parameter.wire,
-            parameter.bitFirst,
-            parameter.bitCount,
-            static_cast<int>(scale.low),
-            static_cast<int>(scale.high),
-            scale.lowValue,
-            scale.highValue,
-            parameter.low,
-            parameter.high,
-            parameter.size};
-}
 
 // The catalogue's own reading of an instrument's memory and the program's are two; they must agree.
 TEST(ProgramCoding, decodesEveryParameterAsTheCatalogueMeansIt)

@@ -22,7 +22,7 @@ struct Published
     Published()
     {
         writeModel(catalogue, kFolder + "/schema.sql", model);
-        writeCompany(demo, model, company);
+        writeCompany(demo, catalogue, model, company);
     }
 };
 

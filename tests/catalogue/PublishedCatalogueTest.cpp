@@ -22,7 +22,7 @@ TEST(PublishedCatalogue, isTheRangeThatWasPromised)
     QSet<QString> tags;
     for (const Type& type : published().catalogue.types)
         tags.insert(type.tag);
-    EXPECT_GE(tags.size(), 12);
+    EXPECT_GE(tags.size(), 13);
     EXPECT_TRUE(tags.contains("ALIEN"));
     size_t parameters = 0;
     forEachParameter(published().catalogue,
@@ -78,7 +78,7 @@ TEST(PublishedCatalogue, encodesItsStandardValuesAndReadsThemBack)
 {
     size_t encoded = 0;
     forEachParameter(published().catalogue, [&](const Type&, const Group&, const Parameter& parameter) {
-        if (!parameter.standard || !hasEncoder(parameter))
+        if (!parameter.standard || !hasEncoder(parameter) || parameter.standard->startsWith('@'))
             return;
         ++encoded;
         if (parameter.wire == "STRING") {

@@ -48,7 +48,11 @@ inline Catalogue parsed(const QString& text)
 {
     SourceFolder folder;
     folder.write(QStringLiteral("sample.txt"), text);
-    return parse(readSource(folder.path(), QStringLiteral("sample.txt")));
+    Problems problems;
+    Catalogue catalogue = parse(readSource(folder.path(), QStringLiteral("sample.txt"), problems), problems);
+    if (!problems.empty())
+        throw Refused(std::move(problems));
+    return catalogue;
 }
 
 } // namespace catalogue::testing

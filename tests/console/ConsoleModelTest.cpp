@@ -17,7 +17,7 @@ TEST_F(ConsoleModelTest, TheLineOfActivityTellsTheNextStep)
     EXPECT_EQ(activity(), "Not connected. Press Connect to reach group GRP1.");
     bus.EnableDisable_RWMenu(2);
     clock.run(7000);
-    EXPECT_EQ(activity(), "raising the connection: 7 s");
+    EXPECT_EQ(activity(), "connecting: 7 s");
     bus.EnableDisable_RWMenu(1);
     EXPECT_EQ(activity(), "Connected. Read or Write the selected item.");
 }

@@ -35,7 +35,7 @@ TEST_F(Find, ListsNameValueAndPathWhileOneTypes)
 {
     start();
     open();
-    EXPECT_EQ(form()->windowTitle(), "Calidora\\Find in plant");
+    EXPECT_EQ(form()->windowTitle(), "Calidora\\Find in company");
     EXPECT_EQ(words(), texts.own("find.hint"));
     QTest::keyClicks(field(), "room 1");
     EXPECT_TRUE(finds(1));
