@@ -63,7 +63,7 @@ void failOnFile(const QString& path, const QFileDevice& file)
 
 void flushToDisk(QFileDevice& file)
 {
-    if (!file.flush())
+    if (!file.isOpen() || !file.flush())
         failOnFile(file.fileName(), file);
     if (!sync(file.handle()))
         failOnName(file.fileName(), {errno, std::generic_category()});

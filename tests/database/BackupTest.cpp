@@ -236,6 +236,10 @@ TEST_F(BackupTest, ALargeFileShowsHowFarItIs)
     large.resize((8 << 20) - 1);
     EXPECT_TRUE(safekeeping.Copy_Database(file("Data"), "Large", file("Backup"), "Large"));
     EXPECT_EQ(op.forms, QStringList());
+    percents.clear();
+    large.resize(0);
+    EXPECT_TRUE(safekeeping.Copy_Database(file("Data"), "Large", file("Backup"), "Large"));
+    EXPECT_EQ(percents, QList<int>{100});
 }
 
 TEST_F(BackupTest, AFailureStandsUnderItsProceduresName)

@@ -238,6 +238,30 @@ TEST_F(FileCopyTest, AnUnfinishedChangeOfTheReplacedFileIsTakenBackBeforeItIsKep
     EXPECT_EQ(names(), (QStringList{"company", "kept", "model", "work"}));
 }
 
+TEST_F(FileCopyTest, WhatWaitsInAWriteAheadLogIsKeptWithTheReplacedFile)
+{
+    support::runSql(path("model"), "CREATE TABLE t (a);");
+    {
+        SQLite::Database engine(path("work").toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        engine.exec("PRAGMA journal_mode=WAL; CREATE TABLE t (a); INSERT INTO t VALUES ('waits');");
+        ASSERT_TRUE(QFile::copy(path("work"), path("company")));
+        ASSERT_TRUE(QFile::copy(path("work-wal"), path("company-wal")));
+    }
+    copyDatabaseFile(path("model"), path("company"), {.keepAs = path("kept")});
+    EXPECT_EQ(support::column(path("kept"), "SELECT a FROM t"), QStringList{"waits"});
+    EXPECT_EQ(support::column(path("company"), "SELECT a FROM t"), QStringList());
+}
+
+TEST_F(FileCopyTest, AnEmptyFileIsCopiedToo)
+{
+    write("model", "");
+    std::vector<std::pair<qint64, qint64>> told;
+    copyDatabaseFile(path("model"), path("company"),
+                     {.progress = [&](qint64 done, qint64 total) { told.emplace_back(done, total); }});
+    EXPECT_EQ(told, (std::vector<std::pair<qint64, qint64>>{{0, 0}}));
+    EXPECT_EQ(names(), (QStringList{"company", "model"}));
+}
+
 TEST_F(FileCopyTest, ATargetThatAnotherProgramWritesIsRefused)
 {
     support::runSql(path("model"), "CREATE TABLE t (a);");
