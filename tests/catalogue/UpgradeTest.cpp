@@ -55,11 +55,12 @@ class UpgradeTest : public support::BusFixture
 protected:
     UpgradeTest()
     {
-        writeModel(olderCatalogue(), kFolder + "/schema.sql", file("older.mdb"));
-        writeCompany(published().demo, file("older.mdb"), companyFile());
+        const Catalogue older = olderCatalogue();
+        writeModel(older, testing::kFolder + "/schema.sql", file("older.mdb"));
+        writeCompany(published().demo, older, file("older.mdb"), companyFile());
         // The instruments are of today.
-        writeCompany(published().demo, published().model, file("today.mdb"));
-        writeMemory(published().demo, file("today.mdb"), file("instrument.txt"));
+        writeCompany(published().demo, published().catalogue, published().model, file("today.mdb"));
+        writeMemory(published().demo, published().catalogue, file("today.mdb"), file("instrument.txt"));
         QFile::remove(modelFile());
         QFile::copy(published().model, modelFile());
         support::runSql(companyFile(),
