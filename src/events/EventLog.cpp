@@ -1,14 +1,12 @@
 #include "events/EventLog.h"
 
+#include "events/LoggedText.h"
 #include "platform/Clock.h"
-#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/TextFile.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
-
-#include <algorithm>
 
 namespace events {
 
@@ -36,21 +34,12 @@ public:
 
     LineWriter& field(const QString& text, int width)
     {
-        line_ += oneByteACharacter(text).leftJustified(width, QLatin1Char(' '), true);
+        line_ += loggedText(text, codePage_).leftJustified(width, QLatin1Char(' '), true);
         return *this;
     }
     const QString& line() const { return line_; }
 
 private:
-    // The width counts what the file will hold; what would end the line gives a blank.
-    QString oneByteACharacter(const QString& text) const
-    {
-        QByteArray bytes = encode(text, codePage_);
-        std::replace_if(
-            bytes.begin(), bytes.end(), [](char c) { return uchar(c) < ' '; }, ' ');
-        return decode(bytes, codePage_);
-    }
-
     int codePage_;
     QString line_;
 };
@@ -62,8 +51,8 @@ QString logLine(const Recordset& event, int codePage)
         .field(event.text("IDType"), 1)
         .field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
         .field(event.text("Source"), 3)
-        .field(event.text("Equipment"), 50)
-        .field(event.text("Instrument"), 50)
+        .field(event.text("Equipment"), kLoggedNameWidth)
+        .field(event.text("Instrument"), kLoggedNameWidth)
         .field(event.text("Description"), 255)
         .line();
 }

@@ -169,6 +169,14 @@ void EventModel::setAllChecked(bool checked)
         emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
 }
 
+void EventModel::setChecked(const std::vector<int>& rows, bool checked)
+{
+    for (const int row : rows)
+        checked_[eventAt(row)] = checked;
+    if (!rows.empty())
+        emit dataChanged(index(rows.front(), 0), index(rows.back(), 0), {Qt::CheckStateRole});
+}
+
 int EventModel::checkedCount() const
 {
     return int(
@@ -194,6 +202,22 @@ QString EventModel::text(int row, EventColumn column) const
         return decoded(event.description);
     }
     return {};
+}
+
+QStringList EventModel::cells(int row) const
+{
+    QStringList cells;
+    for (int column = 0; column < kEventColumns; ++column)
+        cells << text(row, EventColumn(column));
+    return cells;
+}
+
+QString EventModel::rowsText(const std::vector<int>& rows) const
+{
+    QStringList lines;
+    for (const int row : rows)
+        lines << cells(row).join(QLatin1Char('\t'));
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString EventModel::decoded(QByteArrayView bytes) const

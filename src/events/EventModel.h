@@ -6,6 +6,7 @@
 #include "events/Timeline.h"
 
 #include <QAbstractTableModel>
+#include <QStringList>
 #include <optional>
 
 namespace events {
@@ -59,10 +60,14 @@ public:
     // Every row that is shown.
     void setAllChecked(bool checked);
     bool isChecked(int row) const { return checked_[shown_[std::size_t(row)]]; }
+    void setChecked(const std::vector<int>& rows, bool checked);
     // Of the rows that are shown.
     int checkedCount() const;
 
     QString text(int row, EventColumn column) const;
+    QStringList cells(int row) const;
+    // Rows as lines of texts with tabs between them.
+    QString rowsText(const std::vector<int>& rows) const;
     int typeAt(int row) const { return store_.type(shown_[std::size_t(row)]); }
     // An event's place in the store, which sorting and narrowing leave as it is.
     quint32 eventAt(int row) const { return shown_[std::size_t(row)]; }

@@ -1,15 +1,26 @@
 #include "events/EventViewer.h"
 
+#include "events/EventPrint.h"
+#include "events/EventReport.h"
+#include "platform/Clock.h"
 #include "platform/Guard.h"
+#include "platform/TextFile.h"
+#include "session/Printing.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "values/NumberMask.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace events {
 
 using namespace platform;
 
 namespace {
+
+constexpr int kCommaDelimited = 2; // among the forms of the file dialog
+constexpr char kExportLineEnd[] = "\r\n";
 
 QString grouped(qint64 number)
 {
@@ -23,78 +34,96 @@ QDateTime dateTimeOf(Stamp stamp)
 
 } // namespace
 
+// The progress of an export, gone again on every way out.
+class EventViewer::ExportShown
+{
+public:
+    explicit ExportShown(EventViewer& viewer) : viewer_(viewer) { viewer_.showExported(0); }
+    ~ExportShown() { viewer_.showExported({}); }
+    ExportShown(const ExportShown&) = delete;
+    ExportShown& operator=(const ExportShown&) = delete;
+
+private:
+    EventViewer& viewer_;
+};
+
 EventViewer::EventViewer(const Surroundings& with)
-    : session_(with.session), texts_(with.texts), operator_(with.op)
+    : session_(with.session), texts_(with.texts), operator_(with.op), clock_(with.clock),
+      printing_(with.printing)
 {
     nextSlice_.setInterval(0);
-    connect(&nextSlice_, &QTimer::timeout, this,
-            [this] { guarded("Module/Read_Log", [this] { readSlice(); }); });
+    nextSlice_.setSingleShot(true);
+    connect(&nextSlice_, &QTimer::timeout, this, [this] { readOn([] {}); });
 }
 
-void EventViewer::load(const QDateTime& now)
+void EventViewer::load()
 {
     filter_ = {};
     filter_.Active = booleanText(false);
-    txtMinDate_ = txtMaxDate_ = now;
+    // To the second, and free of any time zone, as the files have it.
+    const QDateTime now = clock_.now();
+    txtMinDate_ = txtMaxDate_ = dateTimeOf(stampOf(now.date(), now.time()));
     counts_.reset();
+    info_.clear();
     unread_.clear();
 }
 
 void EventViewer::unload()
 {
+    list_.clear(session_.CodePage);
     endLoad();
     list_.setNeedle({});
     list_.setSpan({});
     list_.resetSort();
-    list_.clear(session_.CodePage);
 }
 
 bool EventViewer::Read_Log()
 {
     endLoad();
-    return guarded("Module/Read_Log", [this] {
+    return readOn([this] {
         busy_.emplace(operator_);
         list_.clear(session_.CodePage);
         unread_.clear();
+        relabel();
+        load_.emplace(
+            LogLoad::Source{session_.appFile(QStringLiteral("Log")), session_.ExeName, session_.CodePage},
+            filter_, list_.store());
+    });
+}
+
+// On a failure the load is over, and the list shows what it has.
+bool EventViewer::readOn(const std::function<void()>& begin)
+{
+    return guarded("Module/Read_Log", [&] {
         try {
-            relabel();
-            load_.emplace(
-                LogLoad::Source{session_.appFile(QStringLiteral("Log")), session_.ExeName, session_.CodePage},
-                filter_, list_.store());
+            begin();
+            readSlice();
         } catch (...) {
             endLoad();
             throw;
         }
-        nextSlice_.start();
-        readSlice();
         return true;
     });
 }
 
-// Reads on for a moment. On a failure the load is over, and the list shows what it has.
-bool EventViewer::readSlice()
+void EventViewer::readSlice()
 {
-    bool more = false;
-    try {
-        more = load_->step();
-    } catch (...) {
-        endLoad();
-        throw;
-    }
+    const bool more = load_->step();
     unread_ = load_->unread();
     if (more) {
         list_.grow();
+        nextSlice_.start();
     } else {
         keepResult();
         endLoad();
     }
     emit changed();
-    return true;
 }
 
 void EventViewer::keepResult()
 {
     counts_ = Counts{isFiltered(), load_->shown(), load_->total()};
+    composeInfo();
     if (load_->oldest() == kNoStamp)
         return;
     txtMinDate_ = dateTimeOf(load_->oldest());
@@ -144,14 +173,107 @@ void EventViewer::All_Events()
     Read_Log();
 }
 
-QString EventViewer::info() const
+void EventViewer::composeInfo()
 {
     if (!counts_)
-        return {};
+        return;
     const QString total = grouped(counts_->total);
-    if (!counts_->filtered)
-        return texts_(247) + QLatin1Char(' ') + total;
-    return QStringList{texts_(245), grouped(counts_->shown), texts_(246), total}.join(QLatin1Char(' '));
+    info_ = counts_->filtered
+                ? QStringList{texts_(245), grouped(counts_->shown), texts_(246), total}.join(QLatin1Char(' '))
+                : texts_(247) + QLatin1Char(' ') + total;
+}
+
+std::optional<int> EventViewer::progress() const
+{
+    return load_ ? load_->percent() : exported_;
+}
+
+bool EventViewer::somethingChecked()
+{
+    if (list_.checkedCount() > 0)
+        return true;
+    operator_.messageBox(texts_(532), Buttons::Ok, Icon::Information, session_.AppTitle);
+    return false;
+}
+
+void EventViewer::Export_List()
+{
+    guarded("frmEventViewer/Export_List", [this] {
+        if (!somethingChecked())
+            return;
+        const std::optional<ChosenFile> file = askFile();
+        if (!file)
+            return;
+        session_.DirExport = QDir::toNativeSeparators(QFileInfo(file->name).path());
+        writeFile(*file);
+        operator_.messageBox(texts_(509), Buttons::Ok, Icon::Information, session_.AppTitle);
+    });
+}
+
+// The chosen file, or none when the operator cancelled.
+std::optional<ChosenFile> EventViewer::askFile()
+{
+    try {
+        return operator_.saveFile({texts_(248), texts_(249), {}, session::exportFolder(session_)});
+    } catch (const RuntimeError& error) {
+        if (error.number != errors::kCancelled)
+            throw;
+        session::tellCancelled(session_, texts_, operator_);
+        return std::nullopt;
+    }
+}
+
+void EventViewer::writeFile(const ChosenFile& file)
+{
+    const BusyPointer busy(operator_);
+    const ExportShown shown(*this);
+    const auto line = file.filterIndex == kCommaDelimited ? commaLine : fixedLine;
+    const EventWords& words = list_.words();
+    TextWriter writer(file.name, session_.CodePage, kExportLineEnd);
+    writer.WriteLine(line({words.headings.begin(), words.headings.end()}));
+    const qint64 count = list_.checkedCount();
+    qint64 done = 0;
+    for (int row = 0; row < list_.rowCount(); ++row) {
+        if (!list_.isChecked(row))
+            continue;
+        writer.WriteLine(line(list_.cells(row)));
+        showExported(int(++done * 100 / count));
+    }
+    writer.commit();
+}
+
+void EventViewer::showExported(const std::optional<int>& percent)
+{
+    if (percent == exported_)
+        return;
+    exported_ = percent;
+    emit changed();
+    operator_.repaint();
+}
+
+void EventViewer::Print_List()
+{
+    guarded("frmEventViewer/Print_List", [this] {
+        if (!somethingChecked())
+            return;
+        const EventPrint pages{texts_(227), session_.CompanySet[session::Company], clock_.now().date(),
+                               texts_(283)};
+        printing_.print(
+            {texts_(227), Orientation::Landscape, [&](Printer& printer) { pages.write(printer, list_); }});
+    });
+}
+
+void EventViewer::Show_Event(int row)
+{
+    if (row < 0 || row >= list_.rowCount())
+        return;
+    guarded("frmEventViewer/Show_Event", [&] {
+        shownEvent_ = list_.cells(row);
+        shownType_ = list_.typeAt(row);
+        place_.clear();
+        emit placeWanted(shownEvent_[int(EventColumn::Equipment)], shownEvent_[int(EventColumn::Instrument)]);
+        operator_.showFormModal(QStringLiteral("frmEventText"));
+    });
 }
 
 QString EventViewer::narrowed() const
@@ -165,10 +287,9 @@ QString EventViewer::unread() const
 {
     if (unread_.isEmpty())
         return {};
-    const QString first = texts_.own("viewer.unread").arg(unread_.first());
-    return unread_.size() == 1
-               ? first
-               : texts_.own("viewer.unread.more").arg(unread_.first()).arg(unread_.size() - 1);
+    if (unread_.size() == 1)
+        return texts_.own("viewer.unread").arg(unread_.first());
+    return texts_.own("viewer.unread.more").arg(unread_.first(), QString::number(unread_.size() - 1));
 }
 
 void EventViewer::relabel()
@@ -176,6 +297,7 @@ void EventViewer::relabel()
     list_.setWords({{texts_(240), texts_(241), texts_(242), texts_(243), texts_(244), texts_(103)},
                     {QString(), texts_(213), texts_(214), texts_(215)},
                     {QString(), texts_(225), texts_(226)}});
+    composeInfo();
 }
 
 } // namespace events

@@ -6,9 +6,14 @@
 #include "platform/Operator.h"
 
 #include <QTimer>
+#include <functional>
 #include <optional>
 
+namespace platform {
+class Clock;
+}
 namespace session {
+class Printing;
 struct Session;
 class Texts;
 } // namespace session
@@ -27,12 +32,14 @@ public:
         session::Session& session;
         const session::Texts& texts;
         platform::Operator& op;
+        const platform::Clock& clock;
+        session::Printing& printing;
     };
 
     explicit EventViewer(const Surroundings& surroundings);
 
     // The window comes: no filter, no bounds but now.
-    void load(const QDateTime& now);
+    void load();
     // The window goes: a load ends at once, and the events' memory is free.
     void unload();
 
@@ -40,12 +47,27 @@ public:
     // return. True unless the load has failed.
     bool Read_Log();
     bool isLoading() const { return load_.has_value(); }
-    int percent() const { return load_ ? load_->percent() : 100; }
+    // Of a load or an export under way; none without one.
+    std::optional<int> progress() const;
 
     void Check_List();
     void UnCheck_List();
     void Filter_Events();
     void All_Events();
+    // Writes the checked rows to a file.
+    void Export_List();
+    // Prints them on the printer that the operator chooses.
+    void Print_List();
+
+    // Shows one event whole, and asks for its place in the plant.
+    void Show_Event(int row);
+    const QStringList& shownEvent() const { return shownEvent_; } // its cells
+    int shownType() const { return shownType_; }
+    // Where the plant was led to; "" when the plant has neither equipment nor instrument of that name.
+    void setPlace(const QString& path) { place_ = path; }
+    const QString& place() const { return place_; }
+    // The operator goes on in the plant.
+    void leave() { emit leaveWanted(); }
 
     EventModel& list() { return list_; }
     EventFilter& filter() { return filter_; }
@@ -56,21 +78,28 @@ public:
     const QDateTime& txtMaxDate() const { return txtMaxDate_; }
 
     // The status bar's panel "Info".
-    QString info() const;
+    const QString& info() const { return info_; }
     // What stands beside it: how many events the list shows when it is narrowed.
     QString narrowed() const;
     // Which files couldn't be read, and the same with every reason; "" when all could.
     QString unread() const;
     QString unreadReasons() const { return unread_.join(QLatin1Char('\n')); }
 
-    // Pulls the list's words in, in the current language.
+    // Pulls the list's words in, in the current language. Fails where it has none.
     void relabel();
 
+    // As the operator has made them, for the next time; 0 before.
+    std::array<int, kEventColumns> columnWidths{};
+
 signals:
-    // A load has begun, gone on or ended; the filter has changed.
+    // A load has begun, gone on or ended; the filter has changed; an export has gone on.
     void changed();
+    // The plant shows this equipment or instrument, when it has one, and tells so by setPlace.
+    void placeWanted(const QString& equipment, const QString& instrument);
+    void leaveWanted();
 
 private:
+    class ExportShown;
     struct Counts
     {
         bool filtered = false;
@@ -78,23 +107,36 @@ private:
         qint64 total = 0;
     };
 
-    bool readSlice();
+    bool readOn(const std::function<void()>& begin);
+    void readSlice();
     void endLoad();
     void keepResult();
     void setAllChecked(bool checked);
+    void composeInfo();
+    bool somethingChecked();
+    std::optional<platform::ChosenFile> askFile();
+    void writeFile(const platform::ChosenFile& file);
+    void showExported(const std::optional<int>& percent);
 
     session::Session& session_;
     const session::Texts& texts_;
     platform::Operator& operator_;
+    const platform::Clock& clock_;
+    session::Printing& printing_;
     EventModel list_;
     EventFilter filter_;
     QDateTime txtMinDate_, txtMaxDate_;
     std::optional<Counts> counts_; // none before the first load has come to its end
+    QString info_;
     QStringList unread_;
+    QStringList shownEvent_;
+    int shownType_ = 0;
+    QString place_;
 
     std::optional<LogLoad> load_;
     std::optional<platform::BusyPointer> busy_;
     QTimer nextSlice_;
+    std::optional<int> exported_; // percent
 };
 
 } // namespace events

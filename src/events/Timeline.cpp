@@ -83,4 +83,10 @@ Stamp Timeline::end(qint64 unit) const
     return stampOf(dateOf(begin(unit)), lastSecond);
 }
 
+QString Timeline::name(qint64 unit) const
+{
+    constexpr int kDayLength = 10, kMinuteLength = 16;
+    return QString::fromLatin1(sortableText(begin(unit)).left(byHour_ ? kMinuteLength : kDayLength));
+}
+
 } // namespace events

@@ -2,6 +2,7 @@
 
 #include "events/Stamp.h"
 
+#include <QString>
 #include <array>
 #include <vector>
 
@@ -57,6 +58,8 @@ public:
     // The first and the last second of a unit.
     Stamp begin(qint64 unit) const;
     Stamp end(qint64 unit) const;
+    // "2026/03/14", "2026/03/14 10:00".
+    QString name(qint64 unit) const;
 
 private:
     void choose(Stamp oldest, Stamp newest);

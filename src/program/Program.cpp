@@ -6,6 +6,8 @@
 #include "session/Configuration.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/Jump.h"
+#include "structure/PlaceByName.h"
 #include "values/Cyrillic.h"
 
 #include <QApplication>
@@ -21,6 +23,9 @@ Program::Program(const Surroundings& surroundings)
       upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
       safetyCopies_(with_.session, with_.clock), events_(with_.session, with_.op, with_.clock),
       purge_(with_.session, with_.op, with_.clock), consoleModel_(with_.clock),
+      events_(with_.session, with_.op, with_.clock), purge_(with_.session, with_.op, with_.clock),
+      eventViewer_({with_.session, with_.texts, with_.op, with_.clock, printing_}),
+      consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
       console_({with_.session, with_.texts, with_.op, with_.clock, structure_, events_, bus_, consoleModel_}),
       zoom_(with_.session, with_.op), editor_({with_.session, with_.texts, with_.op, structure_, zoom_}),
@@ -87,6 +92,13 @@ void Program::listen()
         with_.op.unloadForm("frmPending");
     });
     connect(&database_, &database::Database::connectionLost, this, [this] { main_.companyLost(); });
+
+    connect(&eventViewer_, &events::EventViewer::placeWanted, this,
+            [this](const QString& equipment, const QString& instrument) {
+                const QString key = structure::placeByName(with_.session, equipment, instrument);
+                if (!key.isEmpty() && structure::jumpTo(structure_, key))
+                    eventViewer_.setPlace(structure_.path() + '\\' + structure_.list().item(key)->text);
+            });
 
     purge_.onFile = [this](int percent, const QString& shown) {
         if (auto* window = qobject_cast<events::frmReadLogFiles*>(with_.op.form("frmReadLogFiles")))

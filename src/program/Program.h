@@ -10,6 +10,7 @@
 #include "database/SafetyCopies.h"
 #include "dialogs/Zoom.h"
 #include "events/EventLog.h"
+#include "events/EventViewer.h"
 #include "events/Purge.h"
 #include "platform/Forward.h"
 #include "platform/SingleInstance.h"
@@ -83,6 +84,7 @@ private:
     database::SafetyCopies safetyCopies_;
     events::EventLog events_;
     events::LogPurge purge_;
+    events::EventViewer eventViewer_;
     bus::StatusPanels panels_;
     console::ConsoleModel consoleModel_;
     bus::Bus bus_;

@@ -3,6 +3,7 @@
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
 #include "program/frmMain.h"
+#include "session/Session.h"
 #include "structure/frmListBus.h"
 
 namespace program {
@@ -45,6 +46,10 @@ void Program::registerCommands()
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
+    handlers_.set("EventViewer", [this] {
+        if (session::rightOf(with_.session.CurrentUser.EventViewer))
+            with_.op.showFormModal("frmEventViewer");
+    });
     handlers_.set("Allarms", [this] { bus_.Delete_Allarms(); });
 }
 

@@ -9,6 +9,9 @@
 #include "dialogs/frmMessage.h"
 #include "dialogs/frmZoom.h"
 #include "dialogs/frmZoomDate.h"
+#include "events/frmEventFilter.h"
+#include "events/frmEventText.h"
+#include "events/frmEventViewer.h"
 #include "events/frmReadLogFiles.h"
 #include "exchange/frmPrinters.h"
 #include "platform/widgets/DesktopOperator.h"
@@ -61,6 +64,14 @@ void Program::registerForms()
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
     with_.op.registerForm("frmPending",
                           [&, this] { return new structure::frmPending(structure_, session, texts, op); });
+    with_.op.registerForm("frmEventViewer", [&, this] {
+        return new events::frmEventViewer(
+            {session, texts, op, [this](const QString& command) { handlers_.run(command); }, eventViewer_});
+    });
+    with_.op.registerForm("frmEventFilter",
+                          [&, this] { return new events::frmEventFilter(session, texts, op, eventViewer_); });
+    with_.op.registerForm("frmEventText",
+                          [&, this] { return new events::frmEventText(session, texts, op, eventViewer_); });
     with_.op.registerForm("frmPrinters", [&, this] {
         return new exchange::frmPrinters({session, texts, op, printing_});
     });

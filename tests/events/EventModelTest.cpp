@@ -378,6 +378,33 @@ TEST_F(EventModelTest, ChecksOnlyWhatIsShown)
     EXPECT_EQ(model_.checkedCount(), 0);
 }
 
+TEST_F(EventModelTest, ChecksTheRowsThatAreTold)
+{
+    addThree();
+    model_.clickColumn(EventColumn::Description); // Connected., door, fire
+    QSignalSpy changed(&model_, &QAbstractItemModel::dataChanged);
+    model_.setChecked({0, 2}, true);
+    EXPECT_TRUE(model_.isChecked(0) && model_.isChecked(2));
+    EXPECT_FALSE(model_.isChecked(1));
+    ASSERT_EQ(changed.size(), 1);
+    EXPECT_EQ(changed[0][0].toModelIndex().row(), 0);
+    EXPECT_EQ(changed[0][1].toModelIndex().row(), 2);
+    model_.setChecked({2}, false);
+    model_.setChecked({}, true);
+    EXPECT_EQ(model_.checkedCount(), 1);
+    EXPECT_EQ(changed.size(), 2);
+}
+
+TEST_F(EventModelTest, GivesRowsAsText)
+{
+    addThree();
+    EXPECT_THAT(model_.cells(0),
+                ElementsAre("Error", "2026/03/15 00:00:00", "ALLARMS", "Beta", "zeta", "fire"));
+    EXPECT_EQ(model_.rowsText({2, 1}), "Warning\t2025/03/16 12:00:00\tALLARMS\tALPHA\tEta\tdoor\n"
+                                       "Information\t2026/03/14 23:59:59\tREAD/WRITE\talpha\t\tConnected.");
+    EXPECT_EQ(model_.rowsText({}), "");
+}
+
 TEST_F(EventModelTest, FindsTheRowOfAnEvent)
 {
     addThree();

@@ -2,11 +2,15 @@
 
 #include "LogText.h"
 #include "events/FilterEditor.h"
+#include "platform/RecordingPrinters.h"
 #include "platform/ScriptedOperator.h"
+#include "platform/VirtualClock.h"
+#include "session/Printing.h"
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "support/ApplicationFolder.h"
 #include "support/FailureRecorder.h"
+#include "support/FullDisk.h"
 #include "support/NamedFailure.h"
 
 #include <QCoreApplication>
@@ -29,7 +33,7 @@ protected:
     {
         session_.AppPath = folder_.path();
         session_.Language = session::LanguageSettings::fromIdentifier("EN_English_2000");
-        viewer_.load(kNow);
+        viewer_.load();
     }
     ~EventViewerTest() override { EXPECT_EQ(operator_.pointer, platform::Pointer::Default); }
 
@@ -63,7 +67,10 @@ protected:
     session::Session session_;
     session::Texts texts_{session_.Language};
     platform::ScriptedOperator operator_;
-    EventViewer viewer_{{session_, texts_, operator_}};
+    platform::VirtualClock clock_{kNow};
+    platform::RecordingPrinters printers_;
+    session::Printing printing_{session_, texts_, operator_, printers_};
+    EventViewer viewer_{{session_, texts_, operator_, clock_, printing_}};
 };
 
 TEST_F(EventViewerTest, ReadsTheEventLogsByNameAndNothingElse)
@@ -135,7 +142,7 @@ TEST_F(EventViewerTest, ALineThatIsNoEventEndsTheLoad)
     EXPECT_EQ(viewer_.info(), "Total events: 1");
     EXPECT_EQ(viewer_.txtMaxDate().date(), QDate(2020, 1, 1));
     EXPECT_FALSE(viewer_.isLoading());
-    EXPECT_EQ(viewer_.percent(), 100);
+    EXPECT_FALSE(viewer_.progress());
 }
 
 TEST_F(EventViewerTest, TakesWhatIsReallyFoundOnDisks)
@@ -215,7 +222,7 @@ TEST_F(EventViewerTest, ALongLoadGoesOnSliceBySlice)
     EXPECT_TRUE(viewer_.Read_Log());
     EXPECT_TRUE(viewer_.isLoading());
     EXPECT_EQ(operator_.pointer, platform::Pointer::Hourglass);
-    EXPECT_EQ(viewer_.percent(), 33); // of the files
+    EXPECT_EQ(viewer_.progress(), 33); // of the files
     EXPECT_GT(viewer_.list().rowCount(), 0);
     EXPECT_LT(viewer_.list().rowCount(), 12000);
     EXPECT_EQ(viewer_.info(), ""); // nothing is known yet
@@ -255,7 +262,7 @@ TEST_F(EventViewerTest, TheWindowsEndEndsTheLoad)
     QCoreApplication::processEvents();
     EXPECT_EQ(viewer_.list().rowCount(), 0);
     viewer_.filter().Active = "True";
-    viewer_.load(kNow);
+    viewer_.load();
     EXPECT_FALSE(viewer_.isFiltered());
     EXPECT_EQ(viewer_.info(), "");
 }
@@ -309,6 +316,221 @@ TEST_F(EventViewerTest, TheFiltersWindowIsModal)
     operator_.onModal = [](const QString&) { support::breakDown(); };
     viewer_.Filter_Events();
     recorder_.expectOne(platform::errors::kDeviceIo, "frmEventViewer/Filter_Events");
+}
+
+TEST_F(EventViewerTest, TheBoundsBeginAtThisSecondOfTheWall)
+{
+    clock_.run(5678);
+    viewer_.load();
+    EXPECT_EQ(viewer_.txtMinDate(), QDateTime(QDate(2026, 11, 21), QTime(12, 0, 5), Qt::UTC));
+    EXPECT_EQ(viewer_.txtMaxDate(), viewer_.txtMinDate());
+}
+
+TEST_F(EventViewerTest, TheStatusFollowsTheLanguage)
+{
+    log("Calidora_1.log", logs::event("x"));
+    viewer_.Read_Log();
+    session_.Language = session::LanguageSettings::fromIdentifier("IT_Italiano_1000");
+    viewer_.relabel();
+    EXPECT_EQ(viewer_.info(), texts_(247) + " 1");
+    EXPECT_EQ(viewer_.list().text(0, EventColumn::Type), "Informazione");
+}
+
+TEST_F(EventViewerTest, ShowsOneEventWholeAndAsksForItsPlace)
+{
+    log("Calidora_1.log", logs::event("first") + logs::event("second", "15/03/2026 00:00:00", "2"));
+    viewer_.Read_Log();
+    QStringList asked;
+    QObject::connect(&viewer_, &EventViewer::placeWanted,
+                     [&](const QString& equipment, const QString& instrument) {
+                         asked << equipment << instrument;
+                         viewer_.setPlace("here");
+                     });
+    QString place;
+    operator_.onModal = [&](const QString&) { place = viewer_.place(); };
+    viewer_.Show_Event(1);
+    EXPECT_THAT(asked, ElementsAre("PLANT", "BOILER"));
+    EXPECT_THAT(viewer_.shownEvent(),
+                ElementsAre("Warning", "2026/03/15 00:00:00", "READ/WRITE", "PLANT", "BOILER", "second"));
+    EXPECT_EQ(viewer_.shownType(), 2);
+    EXPECT_EQ(place, "here");
+    EXPECT_THAT(operator_.forms, ElementsAre("modal frmEventText"));
+    for (const int row : {-1, 2})
+        viewer_.Show_Event(row);
+    EXPECT_EQ(operator_.forms.size(), 1);
+    viewer_.disconnect();
+    viewer_.Show_Event(0); // nobody leads the plant there
+    EXPECT_EQ(place, "");
+    operator_.onModal = [](const QString&) { support::breakDown(); };
+    viewer_.Show_Event(0);
+    recorder_.expectOne(platform::errors::kDeviceIo, "frmEventViewer/Show_Event");
+}
+
+// Export
+// ------------------------------------------------------------------------------------------------------------
+
+class EventExportTest : public EventViewerTest
+{
+protected:
+    EventExportTest()
+    {
+        session_.DirExport = folder_.file("Data");
+        log("Calidora_1.log", logs::event("first") + logs::event("sec,ond \"q\" \x07.") +
+                                  logs::event("third", "15/03/2026 00:00:00", "3"));
+        viewer_.Read_Log();
+        viewer_.Check_List();
+    }
+    void exportTo(const QString& name, int form)
+    {
+        operator_.chooseFile(name, form);
+        operator_.expect(texts_(509));
+        viewer_.Export_List();
+        recorder_.expectNone();
+        EXPECT_TRUE(operator_.done());
+        EXPECT_EQ(operator_.unexpected, QStringList());
+    }
+    const QString kFile = folder_.file("Data/events.txt");
+};
+
+TEST_F(EventExportTest, FixedColumnsWithABlankBetweenThem)
+{
+    exportTo(kFile, 1);
+    const QList<QByteArray> lines = folder_.read("Data/events.txt").split('\n');
+    ASSERT_EQ(lines.size(), 5);
+    const QByteArray heading =
+        QByteArray("Type").leftJustified(21) + QByteArray("Date").leftJustified(20) +
+        QByteArray("Source").leftJustified(21) + QByteArray("Equipment").leftJustified(51) +
+        QByteArray("Instrument").leftJustified(51) + QByteArray("Description").leftJustified(255) + '\r';
+    EXPECT_EQ(lines[0], heading);
+    const QByteArray third = QByteArray("Error").leftJustified(21) + "2026/03/15 00:00:00 " +
+                             QByteArray("READ/WRITE").leftJustified(21) +
+                             QByteArray("PLANT").leftJustified(51) + QByteArray("BOILER").leftJustified(51) +
+                             QByteArray("third").leftJustified(255) + '\r';
+    EXPECT_EQ(lines[3], third);
+    EXPECT_EQ(lines[4], "");
+    EXPECT_EQ(operator_.boxes.back().icon, platform::Icon::Information);
+}
+
+TEST_F(EventExportTest, CommasWithoutQuotesInTheListsOrder)
+{
+    viewer_.list().clickColumn(EventColumn::Description);
+    viewer_.list().clickColumn(EventColumn::Description);
+    viewer_.list().setData(viewer_.list().index(2, 0), Qt::Unchecked, Qt::CheckStateRole); // "first"
+    exportTo(folder_.file("Data/events.csv"), 2);
+    EXPECT_EQ(folder_.read("Data/events.csv"),
+              "Type,Date,Source,Equipment,Instrument,Description\r\n"
+              "Error,2026/03/15 00:00:00,READ/WRITE,PLANT,BOILER,third\r\n"
+              "Information,2026/03/14 10:20:30,READ/WRITE,PLANT,BOILER,sec,ond \"q\"  .\r\n");
+}
+
+TEST_F(EventExportTest, OnlyWhatTheListShowsIsExported)
+{
+    viewer_.list().setNeedle("third");
+    exportTo(folder_.file("Data/events.csv"), 2);
+    EXPECT_EQ(folder_.read("Data/events.csv").count('\n'), 2);
+}
+
+TEST_F(EventExportTest, WithNothingCheckedItAsksForRows)
+{
+    viewer_.UnCheck_List();
+    operator_.expect(texts_(532));
+    viewer_.Export_List();
+    EXPECT_EQ(operator_.boxes.back().icon, platform::Icon::Information);
+    EXPECT_TRUE(operator_.fileRequests.empty());
+}
+
+TEST_F(EventExportTest, ACancelIsTold)
+{
+    operator_.chooseFile({});
+    operator_.expect(texts_(502));
+    viewer_.Export_List();
+    ASSERT_EQ(operator_.fileRequests.size(), 1u);
+    EXPECT_EQ(operator_.fileRequests[0].title, "Save as");
+    EXPECT_EQ(operator_.fileRequests[0].filter, texts_(249));
+    EXPECT_EQ(operator_.fileRequests[0].folder, session_.DirExport);
+    EXPECT_EQ(session_.DirExport, folder_.file("Data"));
+    recorder_.expectNone();
+}
+
+TEST_F(EventExportTest, TheFolderIsKeptAndAMissingOneGivesTheLogs)
+{
+    session_.DirExport = folder_.file("gone");
+    exportTo(kFile, 1);
+    EXPECT_EQ(operator_.fileRequests[0].folder, folder_.file("Log"));
+    EXPECT_EQ(session_.DirExport, folder_.file("Data"));
+}
+
+TEST_F(EventExportTest, ShowsItsProgress)
+{
+    log("Calidora_1.log", logs::event("x").repeated(200));
+    viewer_.Read_Log();
+    viewer_.Check_List();
+    QList<int> shown;
+    QObject::connect(&viewer_, &EventViewer::changed, [&] { shown << viewer_.progress().value_or(-1); });
+    exportTo(kFile, 1);
+    ASSERT_EQ(shown.size(), 102); // once each percent
+    EXPECT_EQ(shown.first(), 0);
+    EXPECT_EQ(shown[50], 50);
+    EXPECT_EQ(shown[100], 100);
+    EXPECT_EQ(shown.last(), -1);
+}
+
+TEST_F(EventExportTest, AFolderThatTakesNoFileFailsAndNothingIsLeft)
+{
+    ASSERT_TRUE(QDir(folder_.path()).mkdir("Data/events.txt")); // a folder of that name
+    operator_.chooseFile(kFile);
+    viewer_.Export_List();
+    recorder_.expectUnder("frmEventViewer/Export_List");
+    EXPECT_FALSE(viewer_.progress());
+    EXPECT_EQ(folder_.names("Data"), QStringList());
+}
+
+TEST_F(EventExportTest, AFullDiskLeavesTheFormerFile)
+{
+    log("Calidora_1.log", logs::event("x").repeated(3000));
+    viewer_.Read_Log();
+    viewer_.Check_List();
+    folder_.write("Data/events.txt", "former");
+    operator_.chooseFile(kFile);
+    {
+        const support::FullDisk full(100000);
+        viewer_.Export_List();
+    }
+    recorder_.expectOne(platform::errors::kDiskFull, "frmEventViewer/Export_List");
+    EXPECT_EQ(folder_.read("Data/events.txt"), "former");
+    EXPECT_EQ(folder_.names("Data"), QStringList{"events.txt"});
+    EXPECT_FALSE(viewer_.progress());
+}
+
+// Print
+// ------------------------------------------------------------------------------------------------------------
+
+TEST_F(EventExportTest, PrintsTheCheckedRowsOnTheChosenPrinter)
+{
+    session_.CompanySet[session::Company] = "ACME";
+    operator_.onModal = [this](const QString& form) {
+        EXPECT_EQ(form, "frmPrinters");
+        printing_.choose("Office", 2);
+    };
+    viewer_.Print_List();
+    ASSERT_EQ(printers_.jobs.size(), 1u);
+    EXPECT_EQ(printers_.jobs[0].orientation, platform::Orientation::Landscape);
+    EXPECT_EQ(printers_.jobs[0].title, "Event Viewer");
+    EXPECT_EQ(printers_.jobs[0].order.copies, 2);
+    EXPECT_EQ(printers_.jobs[0].font, "Courier New");
+    EXPECT_EQ(printers_.jobs[0].pages[0][1], "Event Viewer - ACME - 21/11/2026 - Page 1");
+    recorder_.expectNone();
+    operator_.onModal = [](const QString&) { support::breakDown(); };
+    viewer_.Print_List();
+    recorder_.expectOne(platform::errors::kDeviceIo, "frmEventViewer/Print_List");
+}
+
+TEST_F(EventExportTest, WithNothingCheckedNothingIsPrinted)
+{
+    viewer_.UnCheck_List();
+    operator_.expect(texts_(532));
+    viewer_.Print_List();
+    EXPECT_EQ(operator_.forms, QStringList());
 }
 
 class FilterEditorTest : public EventViewerTest

@@ -41,6 +41,7 @@ TEST(Timeline, CountsByDayAndType)
     EXPECT_THAT(timeline.sum(kDay - 1, kDay + 5).counts, ElementsAre(0, 2, 1, 1));
     EXPECT_EQ(timeline.begin(kDay), 20260314000000);
     EXPECT_EQ(timeline.end(kDay), 20260314235959);
+    EXPECT_EQ(timeline.name(kDay), "2026/03/14");
 }
 
 TEST(Timeline, CountsByHourWithinThreeDays)
@@ -53,6 +54,7 @@ TEST(Timeline, CountsByHourWithinThreeDays)
     EXPECT_EQ(timeline.unitOf(20260315133000), kDay * 24 + 37);
     EXPECT_EQ(timeline.begin(kDay * 24 + 37), 20260315130000);
     EXPECT_EQ(timeline.end(kDay * 24 + 37), 20260315135959);
+    EXPECT_EQ(timeline.name(kDay * 24 + 37), "2026/03/15 13:00");
     EXPECT_FALSE(timelineOf({{20260314235959, 1}, {20260317000000, 1}}).byHour());
 }
 
