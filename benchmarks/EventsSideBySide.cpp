@@ -43,7 +43,7 @@ const char* const kMessages[] = {"*** CONNECTION TO: GROUP %1 ***",
 QByteArray line(QRandomGenerator& random, const QDateTime& when)
 {
     const int dice = random.bounded(100);
-    const QString message = QString::fromLatin1(kMessages[random.bounded(std::size(kMessages))])
+    const QString message = QString::fromLatin1(kMessages[random.bounded(int(std::size(kMessages)))])
                                 .replace("%1", QString::number(random.bounded(1000)))
                                 .replace("%2", QString::number(random.bounded(100)));
     return QByteArray::number(dice < 90   ? 1

@@ -2,7 +2,6 @@
 
 #include "LineCompany.h"
 #include "platform/Guard.h"
-#include "values/Cyrillic.h"
 
 #include <QDir>
 
@@ -17,7 +16,6 @@ LineProgram::LineProgram()
     platform::setFailureHook([](const platform::Failure& failure) {
         qFatal("%s: %s", qPrintable(failure.procedure), qPrintable(failure.description));
     });
-    values::Inizialize_RUChr();
     QDir(folder_.path()).mkpath(QStringLiteral("Log"));
     lineCompany::make(companyFile());
     session.AppPath = session.DbPath = folder_.path();
@@ -31,8 +29,7 @@ LineProgram::LineProgram()
 
 void LineProgram::connectOverCable(const QString& key, const QByteArray& answers)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
     if (!model.simulatorPressed())
         console.Set_Simulator(true);
     console.Connect();

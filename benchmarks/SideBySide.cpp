@@ -97,7 +97,7 @@ public:
     explicit Plant(const QString& file)
     {
         session_.Language = session::LanguageSettings::fromIdentifier(QStringLiteral("EN_English_2000"));
-        session_.cnDatabase.Open(QStringLiteral("Data Source = ") + file);
+        session_.cnDatabase.Open(file);
     }
 
     void load(const QStringList& keys)

@@ -73,14 +73,14 @@ void findParameter(benchmark::State& state)
                   std::to_string(state.range(0) - 1) + ") SELECT 'P' || i, 'tag' FROM n");
     }
     platform::Connection connection;
-    connection.Open("Data Source = " + file);
+    connection.Open(file);
     platform::Recordset parameters;
     parameters.Open("SELECT * FROM tbParam", connection);
     int i = 0;
     for (auto _ : state) {
         i = int((i + 7919) % state.range(0));
         parameters.MoveFirst();
-        parameters.Find(QStringLiteral("[mID] = 'p%1'").arg(i));
+        parameters.Find(QStringLiteral("mID"), QStringLiteral("p%1").arg(i));
         if (parameters.Eof())
             state.SkipWithError("not found");
     }

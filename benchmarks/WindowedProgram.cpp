@@ -16,6 +16,10 @@ WindowedProgram::WindowedProgram(const QString& company)
     });
     for (const char* below : {"Data", "Data Model", "Log"})
         QDir(home_.path()).mkpath(QLatin1String(below));
+    op.atTheGate = [this] {
+        program.login().Load();
+        program.login().cmdConnect_Click(1, {});
+    };
     session.AppPath = home_.path();
     session.Language = session::LanguageSettings::fromIdentifier(QStringLiteral("EN_English_2000"));
     session.DbPath = folder_;
@@ -32,6 +36,7 @@ void WindowedProgram::connect()
     } else {
         session.DbName = name_;
         program.database().Connect_Database(session.dbFile());
+        program.main().companyConnected();
     }
     QApplication::processEvents();
     if (session.cnDatabase.State() != platform::Connection::Opened)

@@ -14,7 +14,7 @@ void AlarmCall::receive(char byte, qint64 nowMs)
         return;
     acknowledged_ = true;
     put(report_.secondBlock, nowMs);
-    endMs_ = nowMs + timings_.callBlock + timings_.callEnd;
+    endMs_ = nowMs + blockDelay() + timings_.callEnd;
 }
 
 QList<QByteArray> AlarmCall::advance(qint64 nowMs)
@@ -27,10 +27,15 @@ std::optional<qint64> AlarmCall::nextDue() const
     return earlier(blocks_.nextDue(), endMs_);
 }
 
+qint64 AlarmCall::blockDelay() const
+{
+    return report_.blockDelay.value_or(timings_.callBlock);
+}
+
 void AlarmCall::put(const QByteArray& block, qint64 nowMs)
 {
     if (!block.isEmpty())
-        blocks_.put(nowMs + timings_.callBlock, block);
+        blocks_.put(nowMs + blockDelay(), block);
 }
 
 } // namespace instrument

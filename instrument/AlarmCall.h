@@ -26,6 +26,7 @@ public:
     bool isAcknowledged() const { return acknowledged_; }
 
 private:
+    qint64 blockDelay() const;
     void put(const QByteArray& block, qint64 nowMs);
 
     AlarmReport report_;

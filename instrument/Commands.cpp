@@ -96,8 +96,14 @@ QString Commands::fail(const QStringList& words)
 
 QString Commands::call(const QString& text, qint64 nowMs)
 {
-    const QString report = text.isEmpty() ? QStringLiteral("<Plant 1><Unit 1><High temperature>") : text;
-    instrument_.call(reportFromText(report), nowMs);
+    // A number in front of the blocks is the delay of each.
+    const QString first = text.section(QLatin1Char(' '), 0, 0);
+    const std::optional<int> delay = numberOf(first, 0, 3600000);
+    const QString blocks = delay ? text.mid(first.size()).trimmed() : text;
+    AlarmReport report =
+        reportFromText(blocks.isEmpty() ? QStringLiteral("<Plant 1><Unit 1><High temperature>") : blocks);
+    report.blockDelay = delay;
+    instrument_.call(report, nowMs);
     return ok();
 }
 

@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace instrument {
@@ -16,6 +17,8 @@ struct AlarmReport
 {
     QByteArray firstBlock;
     QByteArray secondBlock;
+    // Milliseconds from "CONNECT" or "OK" to the block behind it; none told: the usual ones.
+    std::optional<qint64> blockDelay = std::nullopt;
 
     bool operator==(const AlarmReport&) const = default;
 };

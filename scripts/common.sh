@@ -6,8 +6,8 @@ export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1 CCACHE_SLOPPINESS=pch_defines,time
 
 build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev qt6-svg-dev libsqlite3-dev
   libsqlitecpp-dev libgtest-dev libgmock-dev libbenchmark-dev)
-run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 libsqlite3-0 fonts-dejavu-core
-  fonts-liberation2 sqlite3)
+run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 qt6-translations-l10n libsqlite3-0
+  fonts-dejavu-core fonts-liberation2 sqlite3)
 screen_packages=(xvfb openbox xdotool imagemagick)
 test_packages=(socat faketime iaxmodem)
 check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)

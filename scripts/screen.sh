@@ -94,6 +94,21 @@ window_gone() { ! window_there "$1"; }
 focus() { xdotool search --onlyvisible --name "$1" windowactivate --sync >/dev/null 2>&1; }
 keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
 
+# The login of the demo company, whose technician may do everything but edit the operators. Behind it the tree has the
+# keyboard.
+type_the_login() {
+  wait_for 60 "the login" window_there 'LogOn-LogOff'
+  at_rest
+  focus 'LogOn-LogOff'
+  keys T Return 1 2 3 4 Return
+  wait_for 20 "the operator's name in the caption" window_there 'User: TECNICO'
+}
+log_in() {
+  type_the_login
+  focus 'User: TECNICO'
+  keys shift+Tab
+}
+
 # Waits until the screen shows the same twice. What never rests, such as a clock, is waited for three seconds.
 at_rest() {
   local before='' now until=$((SECONDS + 3))

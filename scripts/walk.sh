@@ -49,6 +49,8 @@ if [ "$speed" = 1 ]; then
   shown 01-splash
 fi
 wait_for 60 "the main window on the company" window_there "$main: Demo.mdb"
+step "the technician logs in"
+log_in
 shown 02-main
 
 # How many rows of the tree lie before and at this one, among its siblings.

@@ -3,6 +3,7 @@
 #include "platform/Machine.h"
 #include "platform/QtClock.h"
 #include "platform/QtSerialPort.h"
+#include "platform/Words.h"
 #include "platform/widgets/Application.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/DesktopPrinters.h"
@@ -33,10 +34,12 @@ int main(int argc, char** argv)
 
     session::Session session;
     session.AppPath = applicationFolder();
-    session::applyMachineLocale(session, platform::localeIdOfMachine());
+    session::applyMachineLocale(session, platform::localeOfMachine());
 
     const session::Texts texts(session.Language);
-    platform::DesktopOperator op([&texts](const QString& key) { return texts.own(key); });
+    const platform::Words words = [&texts](const QString& key) { return texts.own(key); };
+    platform::setWords(words);
+    platform::DesktopOperator op(words);
     platform::QtClock clock;
     platform::QtSerialPort port(session.AppPath);
     const platform::Machine machine;

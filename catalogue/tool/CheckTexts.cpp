@@ -1,4 +1,5 @@
 #include "catalogue/tool/Checks.h"
+#include "catalogue/tool/Words.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -54,19 +55,10 @@ void checkAvoided(const Text& text, const Origin& origin, const std::vector<Avoi
                                             .arg(word.stem, kLanguages[word.language], word.instead)});
 }
 
-// Letters that look alike in the two alphabets hide from every search, and have other codes on the wire.
 void checkAlphabets(const QString& text, const Origin& origin, Problems& problems)
 {
-    static const QRegularExpression kWord(QStringLiteral("[\\p{L}\\p{N}]+"));
-    static const QRegularExpression kLatin(QStringLiteral("\\p{Latin}"));
-    static const QRegularExpression kCyrillic(QStringLiteral("\\p{Cyrillic}"));
-    static const QRegularExpression kLonely(QStringLiteral("^[aceopxykAO]$")); // Latin, for а, с, о, у, к ...
-    for (auto words = kWord.globalMatch(text); words.hasNext();) {
-        const QString word = words.next().captured();
-        if ((word.contains(kLatin) && word.contains(kCyrillic)) || word.contains(kLonely))
-            problems.push_back(
-                {origin, QStringLiteral("Latin letters in the Cyrillic word \"%1\"").arg(word)});
-    }
+    for (const QString& word : wordsOfTwoAlphabets(text))
+        problems.push_back({origin, QStringLiteral("Latin letters in the Cyrillic word \"%1\"").arg(word)});
 }
 
 void checkText(const Text& text, const Origin& origin, const Catalogue& catalogue, Problems& problems)

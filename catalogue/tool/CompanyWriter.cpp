@@ -35,6 +35,8 @@ public:
     {
         SQLite::Transaction transaction(database_);
         writeSettings();
+        for (const DemoUser& user : demo_.users)
+            writeUser(user);
         int plantNumber = 0;
         for (const DemoPlant& plant : demo_.plants)
             writePlant(++plantNumber, plant);
@@ -54,6 +56,23 @@ private:
                                    "EMail", "WEB", "VATNumber"})
             bindText(row, ++index, demo_.company.value(column));
         row.exec();
+    }
+
+    void writeUser(const DemoUser& user)
+    {
+        SQLite::Statement row(database_,
+                              "INSERT INTO tbUsers (IDUser, Name, State, Password) VALUES (?, ?, 0, ?)");
+        bindText(row, 1, user.number);
+        bindText(row, 2, user.name);
+        bindText(row, 3, orNull(user.password));
+        row.exec();
+        for (const QString& right : user.rights) {
+            SQLite::Statement given(
+                database_,
+                QStringLiteral("UPDATE tbUsers SET %1 = -1 WHERE IDUser = ?").arg(right).toStdString());
+            bindText(given, 1, user.number);
+            given.exec();
+        }
     }
 
     void writePlant(int number, const DemoPlant& plant)

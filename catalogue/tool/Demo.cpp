@@ -10,6 +10,8 @@ namespace {
 const QStringList kCompanyColumns{"Company", "Address", "Postcode", "Locality", "Country",
                                   "Phone",   "Fax",     "EMail",    "WEB",      "VATNumber"};
 
+const QStringList kRights{"UpgradeDb", "Settings", "Modify", "EventViewer", "ReadWrite"};
+
 class DemoParser
 {
 public:
@@ -27,8 +29,12 @@ private:
         const QStringList columns = columnsOf(line.text, line.origin);
         const QString& verb = columns[0];
         description_ = nullptr;
+        for (const QString& column : columns)
+            refuseTwoAlphabets(column, line);
         if (verb == "company")
             readCompany(columns, line);
+        else if (verb == "user")
+            readUser(columns, line);
         else if (verb == "plant")
             readPlant(columns, line);
         else if (verb == "instrument")
@@ -53,6 +59,19 @@ private:
         if (!kCompanyColumns.contains(columns[1]))
             refuse(line.origin, QStringLiteral("a company has no \"%1\"").arg(columns[1]));
         demo_.company[columns[1]] = value;
+    }
+
+    // user 1 "NAME" "password" and any number of rights
+    void readUser(const QStringList& columns, const Line& line)
+    {
+        if (columns.size() < 4)
+            refuse(line.origin, QStringLiteral("\"user\" takes at least 3 columns"));
+        const QStringList rights = columns.mid(4);
+        for (const QString& right : rights) {
+            if (!kRights.contains(right))
+                refuse(line.origin, QStringLiteral("there is no right \"%1\"").arg(right));
+        }
+        demo_.users.push_back({columns[1], columns[2], columns[3], rights});
     }
 
     // plant "NAME" "phone number"
@@ -86,7 +105,15 @@ private:
     {
         if (description_ == nullptr)
             refuse(line.origin, QStringLiteral("a description that belongs to nothing"));
+        refuseTwoAlphabets(line.text, line);
         *description_ = line.text;
+    }
+
+    static void refuseTwoAlphabets(const QString& text, const Line& line)
+    {
+        const QStringList words = wordsOfTwoAlphabets(text);
+        if (!words.isEmpty())
+            refuse(line.origin, QStringLiteral("Latin letters in the Cyrillic word \"%1\"").arg(words[0]));
     }
 
     DemoInstrument& instrument(const Line& line)

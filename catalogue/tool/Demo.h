@@ -44,9 +44,19 @@ struct DemoPlant
     Origin origin;
 };
 
+// Somebody who works with the company.
+struct DemoUser
+{
+    QString number; // "0" is the administrator
+    QString name;
+    QString password;
+    QStringList rights; // columns of tbUsers
+};
+
 // A customer, as catalogue/demo tells it.
 struct Demo
 {
+    std::vector<DemoUser> users;
     QMap<QString, QString> company; // columns of tbCompanySettings
     std::vector<DemoPlant> plants;
 };

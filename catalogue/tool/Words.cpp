@@ -1,5 +1,6 @@
 #include "catalogue/tool/Words.h"
 
+#include <QRegularExpression>
 #include <QTime>
 
 namespace catalogue {
@@ -77,6 +78,23 @@ std::pair<double, double> timeRange(const QString& text, const Origin& origin)
 {
     const auto [low, high] = endsOf(text, QStringLiteral("00:00..23:50"), origin);
     return {secondsOfDay(low, origin), secondsOfDay(high, origin)};
+}
+
+QStringList wordsOfTwoAlphabets(const QString& text)
+{
+    static const QRegularExpression kWord(QStringLiteral("[\\p{L}\\p{N}]+"));
+    static const QRegularExpression kLatin(QStringLiteral("\\p{Latin}"));
+    static const QRegularExpression kCyrillic(QStringLiteral("\\p{Cyrillic}"));
+    static const QRegularExpression kLonely(QStringLiteral("^[aceopxykAO]$")); // for а, с, о, у, к ...
+    QStringList found;
+    if (!text.contains(kCyrillic))
+        return found;
+    for (auto words = kWord.globalMatch(text); words.hasNext();) {
+        const QString word = words.next().captured();
+        if ((word.contains(kLatin) && word.contains(kCyrillic)) || word.contains(kLonely))
+            found << word;
+    }
+    return found;
 }
 
 QString storedTime(const QString& text, const Origin& origin)

@@ -16,6 +16,10 @@ int secondsOfDay(const QString& text, const Origin& origin);                    
 std::pair<double, double> timeRange(const QString& text, const Origin& origin); // "00:00..23:50", in seconds
 Text texts(const QString& text, const Origin& origin); // "Italian | English | Russian"
 
+// Letters that look alike in the two alphabets hide from every search, and have other codes on the wire: the
+// words of a Cyrillic text that hold, or are, a Latin one. A text without a Cyrillic letter has none.
+QStringList wordsOfTwoAlphabets(const QString& text);
+
 // How a value stands in the sources stands in the database as a text of its own for times: "07:30:00".
 QString storedTime(const QString& text, const Origin& origin);
 

@@ -5,9 +5,9 @@
 
 namespace bus {
 
-using namespace platform;
-
 namespace {
+
+namespace errors = platform::errors;
 
 // Walks the fields of a block: each ends at a ">", the next begins two characters behind it.
 class FieldReader
@@ -16,14 +16,14 @@ public:
     explicit FieldReader(const QString& text) : text_(text), begin_(text.indexOf(QLatin1Char('<')) + 1)
     {
         if (begin_ == 0)
-            fail(errors::kInvalidCall, QStringLiteral("The alarm report has no \"<\"."));
+            platform::fail(errors::kInvalidCall, QStringLiteral("The alarm report has no \"<\"."));
     }
 
     QString next()
     {
         const qsizetype end = text_.indexOf(QLatin1Char('>'), begin_);
         if (end < 0)
-            fail(errors::kInvalidCall, QStringLiteral("A field of the alarm report has no end."));
+            platform::fail(errors::kInvalidCall, QStringLiteral("A field of the alarm report has no end."));
         const QString field = text_.mid(begin_, end - begin_);
         begin_ = end + 2;
         return field;
@@ -36,23 +36,52 @@ private:
     qsizetype begin_;
 };
 
+void readRows(const QString& text, AlarmBlock block, std::vector<AlarmRow>& rows)
+{
+    FieldReader fields(text);
+    const QString plant = fields.next();
+    const QString second = fields.next();
+    if (block == AlarmBlock::Second) {
+        rows.push_back({plant, {}, second});
+        return;
+    }
+    do
+        rows.push_back({plant, second, fields.next()});
+    while (fields.hasMore());
+}
+
 } // namespace
 
-void Extract_Event_Allarm(const QString& text, AlarmBlock block, events::EventLog& events,
-                          const QDateTime& when)
+ParsedAlarmBlock parseAlarmBlock(const QString& text, AlarmBlock block)
 {
-    guarded("Module/Extract_Event_Allarm", [&] {
-        FieldReader fields(text);
-        const QString plant = fields.next();
-        const QString second = fields.next();
-        if (block == AlarmBlock::Second) {
-            events.Add_Event_Db(events::kWarning, when, events::kAlarms, plant, {}, second);
-            return;
-        }
-        do
-            events.Add_Event_Db(events::kWarning, when, events::kAlarms, plant, second, fields.next());
-        while (fields.hasMore());
+    ParsedAlarmBlock parsed;
+    try {
+        readRows(text, block, parsed.rows);
+    } catch (const platform::RuntimeError& failure) {
+        parsed.failure = failure;
+    }
+    return parsed;
+}
+
+int storeEvents(const std::vector<AlarmRow>& rows, events::EventLog& events, const QDateTime& when)
+{
+    for (const AlarmRow& row : rows)
+        events.Add_Event_Db(events::kWarning, when, events::kAlarms, row.equipment, row.instrument,
+                            row.description);
+    return int(rows.size());
+}
+
+int Extract_Event_Allarm(const QString& text, AlarmBlock block, events::EventLog& events,
+                         const QDateTime& when)
+{
+    int stored = 0;
+    platform::guarded("Module/Extract_Event_Allarm", [&] {
+        const ParsedAlarmBlock parsed = parseAlarmBlock(text, block);
+        stored = storeEvents(parsed.rows, events, when);
+        if (parsed.failure)
+            throw *parsed.failure;
     });
+    return stored;
 }
 
 } // namespace bus

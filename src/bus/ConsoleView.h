@@ -1,5 +1,7 @@
 #pragma once
 
+#include "session/Session.h"
+
 #include <QString>
 
 namespace bus {
@@ -11,8 +13,9 @@ class ConsoleView
 public:
     virtual ~ConsoleView() = default;
 
-    // Sets commands and pointer for the line's state (see EnableDisable_RWMenu).
-    virtual void applyStatus(int status) = 0;
+    virtual bool isOpen() const = 0;
+    // Sets the commands for the line's state (see EnableDisable_RWMenu).
+    virtual void applyStatus(session::LineStatus status) = 0;
     virtual void showProgress(bool visible) = 0;
     virtual void setProgress(int percent) = 0;
     virtual bool autoDisconnectPressed() const = 0;
@@ -27,6 +30,10 @@ public:
     virtual void operationEnded() = 0;
     // The read-back of a written parameter did not give what was written.
     virtual void checkFailed(const QString& instrument, const QString& group, const QString& parameter) = 0;
+    // So many bytes stood waiting when the request left, and were taken for a part of its answer. Of a bank
+    // the instrument alone is told.
+    virtual void answerDoubtful(const QString& instrument, const QString& group, const QString& parameter,
+                                int bytes) = 0;
 };
 
 } // namespace bus

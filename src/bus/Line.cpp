@@ -1,197 +1,87 @@
-// The port and the link: opening and closing the line, the modem dialogue, the same dialogue reversed on a
-// cable.
+#include "bus/Line.h"
 
-#include "bus/Bus.h"
 #include "bus/ConsoleView.h"
-#include "bus/LineSettings.h"
 #include "bus/StatusPanels.h"
-#include "platform/Clock.h"
-#include "platform/CodePage.h"
+#include "events/EventLog.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/SerialPort.h"
-#include "session/Session.h"
-#include "session/Texts.h"
-
-#include <array>
 
 namespace bus {
 
-using namespace platform;
-
-namespace {
-
-// What follows "ATH", in order; ProgressCount counts the commands sent.
-constexpr std::array kSetUp{"AT", "ATZ", "ATE0", "AT&D0", "AT&K0"};
-
-} // namespace
-
-bool Bus::Set_COMPort()
+Line::Line(const Surroundings& with)
+    : session(with.session), texts(with.texts), comCalidora(with.port), clock(with.clock), op(with.op),
+      events(with.events), staMain(with.panels), console(with.console), tmrAction(clock), tmrTimeOut(clock),
+      tmrConnection(clock), tmrPolling(clock), tmrAllarm(clock)
 {
-    return guarded("Module/Set_COMPort", [&] {
-        const QString settings = settingsText(session_.COMPort);
-        comCalidora_.setCommPort(session_.COMPort.Port + 1);
-        comCalidora_.setSettings(settings);
-        comCalidora_.setHandshaking(session_.COMPort.FlowCtrl);
-        staMain_.setText(Panel::COMSet,
-                         QStringLiteral("COM%1:%2").arg(comCalidora_.CommPort()).arg(settings));
-        return true;
-    });
 }
 
-bool Bus::Open_COMConnection()
+void Line::send(const QByteArray& bytes)
 {
-    return guarded("Module/Open_COMConnection", [&] {
-        if (comCalidora_.PortOpen())
-            return true;
-        try {
-            comCalidora_.setPortOpen(true);
-        } catch (const RuntimeError& error) {
-            return failedToOpen(error);
-        }
-        staMain_.setPicture(Panel::COMSet, images::kPortOpen);
-        session_.COMPort.Status = 0;
-        return true;
-    });
+    comCalidora.Output(bytes);
 }
 
-bool Bus::failedToOpen(const RuntimeError& error)
-{
-    session_.COMPort.Status = -1;
-    staMain_.setPicture(Panel::COMSet, images::kPortClosed);
-    const bool missing = error.number == errors::kPortNumberInvalid;
-    const bool inUse = error.number == errors::kPortOpen || error.number == errors::kPortInUse;
-    if (!missing && !inUse)
-        throw error;
-    session_.strMsg = texts_(577) + QString::number(session_.COMPort.Port + 1) + QLatin1Char(' ') +
-                      texts_(missing ? 578 : 579);
-    operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
-    return false;
-}
-
-bool Bus::Close_COMConnection()
-{
-    return guarded("Module/Close_COMConnection", [&] {
-        if (comCalidora_.PortOpen()) {
-            comCalidora_.setPortOpen(false);
-            staMain_.setPicture(Panel::COMSet, images::kPortClosed);
-            session_.COMPort.Status = -1;
-        }
-        return true;
-    });
-}
-
-void Bus::send(const QByteArray& bytes)
-{
-    comCalidora_.Output(bytes);
-}
-
-void Bus::sendCommand(const QByteArray& command)
+void Line::sendCommand(const QByteArray& command)
 {
     send(command);
     send("\r");
 }
 
-void Bus::Delay(double seconds)
+void Line::Delay(double seconds)
 {
-    waitOnDayClock(clock_, seconds);
+    platform::awaitRoomInTheDay(clock, seconds);
+    platform::waitOnDayClock(clock, seconds);
 }
 
-void Bus::sendEscapeAndHangUp()
+void Line::EnableDisable_RWMenu(session::LineStatus status)
 {
-    send("+++");
-    Delay(kGuardSeconds);
-    sendCommand("ATH");
+    setStatus(status);
+    op.setPointer(status == session::kBusy ? platform::Pointer::ArrowHourglass : platform::Pointer::Default);
+    console.applyStatus(status);
 }
 
-void Bus::raiseLink()
+void Line::setStatus(session::LineStatus status)
 {
-    staMain_.setPicture(Panel::COMSet, images::kPortBusy);
-    connectionSeconds_ = 0;
-    if (console_.simulatorPressed()) {
-        ActionCode_ = ActionCode::SimulatorRaising;
-        send("RING");
-    } else {
-        ActionCode_ = ActionCode::ModemSetup;
-        ProgressCount_ = 1;
-        sendEscapeAndHangUp();
-    }
-    tmrTimeOut_->start(intervals::kTimeOut);
+    session.COMPort.Status = status;
+    ++changes_;
 }
 
-void Bus::receiveModemSetup()
+void Line::leaveBehind()
 {
-    // Behind the last command anything at all is taken for its answer.
-    if (ProgressCount_ > int(kSetUp.size())) {
-        dial();
-    } else if (strReceive_.contains("OK")) {
-        strReceive_.clear();
-        tmrAction_->start(intervals::kModemCommand);
-    }
+    tmrAction.stop();
+    tmrPolling.stop();
 }
 
-void Bus::sendNextModemCommand()
+void Line::comeToRest()
 {
-    // A tick that comes when the dialogue is through finds nothing to send.
-    if (ProgressCount_ < 1 || ProgressCount_ > int(kSetUp.size()))
-        return;
-    sendCommand(kSetUp[std::size_t(ProgressCount_ - 1)]);
-    ++ProgressCount_;
+    leaveBehind();
+    tmrTimeOut.stop();
+    tmrConnection.stop();
+    code = ActionCode::Idle;
+    strReceive.clear();
 }
 
-void Bus::dial()
+void Line::Reset_ParTrasm()
 {
-    ActionCode_ = ActionCode::Dialling;
-    tmrAction_->stop();
-    log(texts_(544) + QLatin1Char(' ') + ParTrasm_.Phone);
-    sendCommand("ATD" + encode(ParTrasm_.Phone, session_.CodePage));
+    const bool kept = !console.isOpen() && parTrasm.Simulator;
+    parTrasm = {};
+    parTrasm.Simulator = kept;
 }
 
-void Bus::connectionUp()
+void Line::log(const QString& text, const QString& instrument)
 {
-    const bool onCable = ActionCode_ == ActionCode::SimulatorRaising;
-    strReceive_.clear();
-    ActionCode_ = ActionCode::Idle;
-    tmrTimeOut_->stop();
-    tmrConnection_->start(intervals::kConnectionClock);
-    if (onCable)
-        send("CONNECT");
-    log(texts_(541));
-    EnableDisable_RWMenu(1);
-    tmrPolling_->start(intervals::kPolling);
+    events.Add_Event(events::kInformation, clock.now(), events::kReadWrite, parTrasm.Name, instrument, text);
 }
 
-void Bus::lowerLink()
+void Line::logError(const QString& text)
 {
-    log(texts_(557) + QLatin1Char(' ') + ParTrasm_.Name + QLatin1Char(' ') + texts_(558));
-    EnableDisable_RWMenu(2);
-    tmrPolling_->stop();
-    staMain_.setPicture(Panel::COMSet, images::kPortOpen);
-    if (console_.simulatorPressed()) {
-        ActionCode_ = ActionCode::SimulatorClosing;
-        send("+++");
-    } else {
-        ActionCode_ = ActionCode::HangingUp;
-        sendEscapeAndHangUp();
-    }
+    events.Add_Event(events::kError, clock.now(), events::kReadWrite, parTrasm.Name, {}, text);
 }
 
-void Bus::endConnectionOnCable()
+void Line::flushEvents(const char* procedure)
 {
-    tmrConnection_->stop();
-    sendCommand("ATH");
-    connectionDown();
-    ActionCode_ = ActionCode::Idle;
-}
-
-void Bus::connectionDown()
-{
-    log(texts_(542));
-    log(staMain_.text(Panel::Info));
-    staMain_.setText(Panel::Info, {});
-    Reset_ParTrasm();
-    flushEvents("frmMain.comCalidora_OnComm");
-    EnableDisable_RWMenu(0);
+    events.CreateLog_App();
+    platform::guarded(procedure, [this] { events.deleteEvents(); });
 }
 
 } // namespace bus

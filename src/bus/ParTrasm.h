@@ -11,9 +11,9 @@ struct ParTrasm
     QString IDGrp;
     QString Name;
     QString Phone;
-    QByteArray AliveFrame; // the alive poll's whole request, checksum included
-    QString Simulator;     // "-1" when the direct cable is chosen, else empty
-    QString ItemKey;       // of the operation that runs
+    QByteArray AliveFrame;  // the alive poll's whole request, checksum included
+    bool Simulator = false; // the direct cable is chosen
+    QString ItemKey;        // of the operation that runs
 };
 
 } // namespace bus

@@ -8,42 +8,55 @@ using session::Compose_SqlText;
 
 namespace {
 
-QString parametersBegin(const QString& writeColumns)
-{
-    return QStringLiteral(
-               "SELECT tbParametersUser.IDGrp, tbGroupsUser.Name AS DesGrp, tbGroupsUser.Phone, "
-               "tbParametersUser.IDInst, tbInstrumentsUser.Name AS DesInst, tbInstrumentsUser.IDItem, "
-               "tbInstrumentsUser.Address, tbParametersUser.IDParGrp, tbParamGroupLanguage.mDesc AS "
-               "DesParGrp, "
-               "tbParametersUser.IDPar, tbParamLanguage.mDesc AS DesPar, tbParametersUser.Value, "
-               "tbParametersUser.State, tbInstMem.mReadCmd, tbInstMem.mWriteCmd, tbParamType.mTag AS "
-               "KeyType, "
-               "tbParam.mAddr, ") +
-           writeColumns +
-           QStringLiteral(
-               "tbParam.mType, tbParam.mSize, tbParam.mBitFirst, tbParam.mBitCount, tbParam.mLW, "
-               "tbParam.mHW, "
-               "tbParam.mLR, tbParam.mHR, tbParam.mLL, tbParam.mHL "
-               "FROM tbParamType INNER JOIN (tbParamLanguage INNER JOIN (tbParamGroupLanguage INNER JOIN "
-               "(tbGroupsUser INNER JOIN (tbInstrumentsUser INNER JOIN ((tbParametersUser INNER JOIN tbParam "
-               "ON "
-               "tbParametersUser.IDPar = tbParam.mID) INNER JOIN tbInstMem ON tbParam.mMemBank = "
-               "tbInstMem.mID) ON "
-               "(tbInstrumentsUser.IDGrp = tbParametersUser.IDGrp) AND (tbInstrumentsUser.IDInst = "
-               "tbParametersUser.IDInst)) ON tbGroupsUser.IDGrp = tbInstrumentsUser.IDGrp) ON "
-               "tbParamGroupLanguage.mID = tbParametersUser.IDParGrp) ON tbParamLanguage.mID = "
-               "tbParametersUser.IDPar) ON tbParamType.mID = tbParam.mKeyType ");
-}
+// %1 further columns, %2 the language, %3 further conditions with the parenthesis that closes them.
+const QString kParameters = QStringLiteral(R"(
+    SELECT tbParametersUser.IDGrp, tbGroupsUser.Name AS DesGrp, tbGroupsUser.Phone,
+        tbParametersUser.IDInst, tbInstrumentsUser.Name AS DesInst, tbInstrumentsUser.IDItem, tbInstrumentsUser.Address,
+        tbParametersUser.IDParGrp, tbParamGroupLanguage.mDesc AS DesParGrp,
+        tbParametersUser.IDPar, tbParamLanguage.mDesc AS DesPar, tbParametersUser.Value, tbParametersUser.State,
+        tbInstMem.mReadCmd, tbInstMem.mWriteCmd, tbParamType.mTag AS KeyType,
+        tbParam.mAddr, %1tbParam.mType, tbParam.mSize, tbParam.mBitFirst, tbParam.mBitCount,
+        tbParam.mLW, tbParam.mHW, tbParam.mLR, tbParam.mHR, tbParam.mLL, tbParam.mHL
+    FROM tbParamType
+        INNER JOIN (tbParamLanguage
+            INNER JOIN (tbParamGroupLanguage
+                INNER JOIN (tbGroupsUser
+                    INNER JOIN (tbInstrumentsUser
+                        INNER JOIN ((tbParametersUser
+                            INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID)
+                            INNER JOIN tbInstMem ON tbParam.mMemBank = tbInstMem.mID)
+                        ON (tbInstrumentsUser.IDGrp = tbParametersUser.IDGrp)
+                            AND (tbInstrumentsUser.IDInst = tbParametersUser.IDInst))
+                    ON tbGroupsUser.IDGrp = tbInstrumentsUser.IDGrp)
+                ON tbParamGroupLanguage.mID = tbParametersUser.IDParGrp)
+            ON tbParamLanguage.mID = tbParametersUser.IDPar)
+        ON tbParamType.mID = tbParam.mKeyType
+    WHERE ((tbParamGroupLanguage.mKeyLang = %2) AND (tbParamLanguage.mKeyLang = %2) %3
+    ORDER BY tbParametersUser.IDInst, tbParametersUser.IDParGrp, tbParametersUser.IDPar;)");
 
-QString parametersWhere(const QString& languageCode)
-{
-    const QString code = Compose_SqlText(languageCode);
-    return QStringLiteral("WHERE ((tbParamGroupLanguage.mKeyLang = ") + code +
-           QStringLiteral(") AND (tbParamLanguage.mKeyLang = ") + code + QStringLiteral(") ");
-}
+// %1 the language, %2 further conditions with the parenthesis that closes them.
+const QString kBanks = QStringLiteral(R"(
+    SELECT tbParametersUser.IDGrp, tbGroupsUser.Name AS DesGrp, tbGroupsUser.Phone,
+        tbParametersUser.IDInst, tbInstrumentsUser.Name AS DesInst, tbInstrumentsUser.IDItem, tbInstrumentsUser.Address,
+        tbParam.mMemBank, tbInstMem.mStartAddr AS mAddr, tbInstMem.mSize, tbInstMem.mReadCmd, tbInstMem.mWriteCmd
+    FROM tbParamLanguage
+        INNER JOIN (tbGroupsUser
+            INNER JOIN (tbInstrumentsUser
+                INNER JOIN ((tbParametersUser
+                    INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID)
+                    INNER JOIN tbInstMem ON tbParam.mMemBank = tbInstMem.mID)
+                ON (tbInstrumentsUser.IDInst = tbParametersUser.IDInst)
+                    AND (tbInstrumentsUser.IDGrp = tbParametersUser.IDGrp))
+            ON tbGroupsUser.IDGrp = tbInstrumentsUser.IDGrp)
+        ON tbParamLanguage.mID = tbParametersUser.IDPar
+    WHERE ((tbParamLanguage.mKeyLang = %1) %2
+    GROUP BY tbParametersUser.IDGrp, tbGroupsUser.Name, tbGroupsUser.Phone,
+        tbParametersUser.IDInst, tbInstrumentsUser.Name, tbInstrumentsUser.IDItem, tbInstrumentsUser.Address,
+        tbParam.mMemBank, tbInstMem.mStartAddr, tbInstMem.mSize, tbInstMem.mReadCmd, tbInstMem.mWriteCmd
+    ORDER BY tbParametersUser.IDInst, tbParam.mMemBank;)");
 
-const QString kParametersOrder =
-    QStringLiteral("ORDER BY tbParametersUser.IDInst, tbParametersUser.IDParGrp, tbParametersUser.IDPar;");
+const QString kWriteColumns = QStringLiteral("tbParam.mWriteCmd AS WriteCmdEE, tbParam.mWriteAddr, ");
+const QString kChangedOnly = QStringLiteral("AND (tbParametersUser.State = 1) ");
 
 } // namespace
 
@@ -71,38 +84,17 @@ QString bankFilter(const QString& IDGrp, const QString& IDInst, const QString& b
 
 QString parameterStatement(const QString& languageCode, const QString& filter)
 {
-    return parametersBegin({}) + parametersWhere(languageCode) + filter + kParametersOrder;
+    return kParameters.arg(QString(), Compose_SqlText(languageCode), filter);
 }
 
 QString writeStatement(const QString& languageCode, const QString& filter)
 {
-    return parametersBegin(QStringLiteral("tbParam.mWriteCmd AS WriteCmdEE, tbParam.mWriteAddr, ")) +
-           parametersWhere(languageCode) + QStringLiteral("AND (tbParametersUser.State = 1) ") + filter +
-           kParametersOrder;
+    return kParameters.arg(kWriteColumns, Compose_SqlText(languageCode), kChangedOnly + filter);
 }
 
 QString bankStatement(const QString& languageCode, const QString& filter)
 {
-    return QStringLiteral(
-               "SELECT tbParametersUser.IDGrp, tbGroupsUser.Name AS DesGrp, tbGroupsUser.Phone, "
-               "tbParametersUser.IDInst, tbInstrumentsUser.Name AS DesInst, tbInstrumentsUser.IDItem, "
-               "tbInstrumentsUser.Address, tbParam.mMemBank, tbInstMem.mStartAddr AS mAddr, tbInstMem.mSize, "
-               "tbInstMem.mReadCmd, tbInstMem.mWriteCmd FROM tbParamLanguage INNER JOIN (tbGroupsUser INNER "
-               "JOIN "
-               "(tbInstrumentsUser INNER JOIN ((tbParametersUser INNER JOIN tbParam ON "
-               "tbParametersUser.IDPar = "
-               "tbParam.mID) INNER JOIN tbInstMem ON tbParam.mMemBank = tbInstMem.mID) ON "
-               "(tbInstrumentsUser.IDInst = tbParametersUser.IDInst) AND (tbInstrumentsUser.IDGrp = "
-               "tbParametersUser.IDGrp)) ON tbGroupsUser.IDGrp = tbInstrumentsUser.IDGrp) ON "
-               "tbParamLanguage.mID = "
-               "tbParametersUser.IDPar WHERE ((tbParamLanguage.mKeyLang = ") +
-           Compose_SqlText(languageCode) + QStringLiteral(") ") + filter +
-           QStringLiteral("GROUP BY tbParametersUser.IDGrp, tbGroupsUser.Name, tbGroupsUser.Phone, "
-                          "tbParametersUser.IDInst, "
-                          "tbInstrumentsUser.Name, tbInstrumentsUser.IDItem, tbInstrumentsUser.Address, "
-                          "tbParam.mMemBank, "
-                          "tbInstMem.mStartAddr, tbInstMem.mSize, tbInstMem.mReadCmd, tbInstMem.mWriteCmd "
-                          "ORDER BY tbParametersUser.IDInst, tbParam.mMemBank;");
+    return kBanks.arg(Compose_SqlText(languageCode), filter);
 }
 
 } // namespace bus

@@ -1,18 +1,13 @@
-// The watchers of the line: the time-out, the connection clock, the alive poll, Escape, a port that vanishes.
+// The watchers of the line: the time-out, the connection clock, the alive poll, Escape, a company that goes,
+// a port that vanishes.
 
 #include "bus/Bus.h"
 #include "bus/ConsoleView.h"
 #include "bus/StatusPanels.h"
-#include "events/EventLog.h"
-#include "platform/Clock.h"
-#include "platform/Guard.h"
 #include "platform/SerialPort.h"
-#include "session/Session.h"
 #include "session/Texts.h"
 
 namespace bus {
-
-using namespace platform;
 
 namespace {
 
@@ -31,86 +26,110 @@ QString clockText(int seconds)
 
 void Bus::tmrTimeOut_Timer()
 {
-    guarded("frmMain.tmrTimeOut_Timer", [&] {
-        tmrTimeOut_->stop();
-        console_.showProgress(false);
-        console_.operationEnded();
-        ActionCode_ = ActionCode::Idle;
-        strReceive_.clear();
-        tmrConnection_->stop();
-        staMain_.setPicture(Panel::COMSet, images::kPortOpen);
-        staMain_.setText(Panel::Info, {});
-        logError(texts_(583));
-        Reset_ParTrasm();
-        flushEvents("frmMain.tmrTimeOut_Timer");
-        EnableDisable_RWMenu(0);
-    });
+    line_.comeToRest();
+    endConnection(line_.texts(583), "frmMain.tmrTimeOut_Timer");
 }
 
 void Bus::tmrConnection_Timer()
 {
-    guarded("frmMain.tmrConnection_Timer", [&] {
-        ++connectionSeconds_;
-        staMain_.setText(Panel::Info, texts_(566) + clockText(connectionSeconds_));
-    });
+    ++connectionSeconds_;
+    line_.staMain.setText(Panel::Info, line_.texts(566) + clockText(connectionSeconds_));
 }
 
 void Bus::tmrPolling_Timer()
 {
-    guarded("frmMain.tmrPolling_Timer", [&] {
-        tmrPolling_->stop();
-        ActionCode_ = ActionCode::Polling;
-        send(ParTrasm_.AliveFrame);
-    });
+    line_.tmrPolling.stop();
+    line_.code = ActionCode::Polling;
+    line_.send(line_.parTrasm.AliveFrame);
+}
+
+void Bus::receivePollAnswer()
+{
+    // The last poll of a connection that was cut has no answer: what comes may be a call.
+    if (line_.session.COMPort.Status == session::kLineIdle)
+        return call_.scan();
+    if (line_.strReceive.size() <= 1)
+        return;
+    line_.strReceive.clear();
+    line_.tmrPolling.start(intervals::kPolling);
 }
 
 void Bus::abandonOperation()
 {
-    console_.showProgress(false);
-    console_.operationEnded();
-    ActionCode_ = ActionCode::Idle;
-    strReceive_.clear();
-    logError(texts_(502));
-    tmrPolling_->start(intervals::kPolling);
-    EnableDisable_RWMenu(1);
+    // A call is nobody's operation, and there is no connection that could stay behind it.
+    if (call_.isTaken())
+        return truncateConnection();
+    transfer_.close();
+    line_.code = ActionCode::Idle;
+    line_.strReceive.clear();
+    line_.logError(line_.texts(502));
+    line_.tmrPolling.start(intervals::kPolling);
+    line_.EnableDisable_RWMenu(session::kConnected);
 }
 
 void Bus::truncateConnection()
 {
-    console_.showProgress(false);
-    console_.operationEnded();
-    ActionCode_ = ActionCode::Idle;
-    strReceive_.clear();
-    send("+++");
-    tmrConnection_->stop();
-    staMain_.setPicture(Panel::COMSet, images::kPortOpen);
-    staMain_.setText(Panel::Info, {});
-    logError(texts_(575));
-    Reset_ParTrasm();
-    flushEvents("frmReadWrite.lvwItems_KeyDown");
-    EnableDisable_RWMenu(0);
+    const bool alarms = call_.save();
+    line_.code = ActionCode::Idle;
+    line_.strReceive.clear();
+    line_.send("+++");
+    endConnection(line_.texts(575), "frmReadWrite.lvwItems_KeyDown");
+    if (alarms)
+        call_.announce();
 }
 
-void Bus::portVanished(const RuntimeError& error)
+void Bus::cutLine()
 {
-    // First everything comes to rest, then the operator is told: the box runs an event loop of its own.
-    for (Timer* timer : {tmrAction_.get(), tmrTimeOut_.get(), tmrConnection_.get(), tmrPolling_.get()})
-        timer->stop();
-    console_.showProgress(false);
-    console_.operationEnded();
-    ActionCode_ = ActionCode::Idle;
-    strReceive_.clear();
-    const bool connected = session_.COMPort.Status > 0;
-    if (connected) {
-        logError(texts_.own(QStringLiteral("port.vanished")));
-        Reset_ParTrasm();
-        flushEvents("frmMain.comCalidora_OnComm");
-    }
-    EnableDisable_RWMenu(0);
-    staMain_.setText(Panel::Info, {});
-    staMain_.setPicture(Panel::COMSet, images::kPortClosed);
-    session_.COMPort.Status = -1;
-    reportFailure({error.number, error.description, QStringLiteral("frmMain.comCalidora_OnComm")});
+    work("Module/Disconnect_Database", [this] {
+        // A call that came with no company open has nothing to do with one that could not be opened.
+        if (call_.isTaken() && line_.session.cnDatabase.State() == platform::Connection::Closed)
+            return;
+        const bool live = line_.session.COMPort.Status > session::kLineIdle;
+        const bool alarms = call_.save();
+        line_.comeToRest();
+        if (!live)
+            return;
+        platform::guarded("Module/Disconnect_Database", [this] { line_.send("+++"); });
+        endConnection(line_.texts(575), "Module/Disconnect_Database");
+        if (alarms)
+            call_.announce();
+    });
+    failures_.tell();
+}
+
+void Bus::endConnection(const QString& event, const char* procedure)
+{
+    transfer_.close();
+    line_.tmrConnection.stop();
+    line_.staMain.setPicture(Panel::COMSet, images::kPortOpen);
+    line_.staMain.setText(Panel::Info, {});
+    line_.logError(event);
+    line_.Reset_ParTrasm();
+    line_.flushEvents(procedure);
+    line_.EnableDisable_RWMenu(session::kLineIdle);
+}
+
+void Bus::portVanished(const platform::RuntimeError& error)
+{
+    work("frmMain.comCalidora_OnComm", [&] {
+        const bool live = line_.session.COMPort.Status > session::kLineIdle;
+        const bool alarms = call_.save();
+        transfer_.close();
+        line_.comeToRest();
+        if (live) {
+            line_.logError(line_.texts.own(QStringLiteral("port.vanished")));
+            line_.Reset_ParTrasm();
+            line_.flushEvents("frmMain.comCalidora_OnComm");
+        }
+        line_.EnableDisable_RWMenu(session::kLineIdle);
+        line_.staMain.setText(Panel::Info, {});
+        line_.staMain.setPicture(Panel::COMSet, images::kPortClosed);
+        line_.setStatus(session::kPortClosed);
+        if (alarms)
+            call_.announce();
+        throw error;
+    });
+    failures_.tell();
 }
 
 } // namespace bus

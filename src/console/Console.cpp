@@ -1,6 +1,7 @@
 #include "console/Console.h"
 
 #include "bus/Bus.h"
+#include "bus/CatalogueNumber.h"
 #include "bus/Frames.h"
 #include "bus/Statements.h"
 #include "bus/StatusPanels.h"
@@ -23,6 +24,24 @@ namespace {
 const QString kLineBreak = QStringLiteral("\r\n");
 const QString kBlank = QStringLiteral(" ");
 
+// The group's master and the parameter of its type that is polled.
+QString aliveStatement(int IDGrp)
+{
+    return QStringLiteral(R"(
+        SELECT DISTINCT tbGroupsUser.IDGrp, tbInstrumentsUser.Address, tbInstrument.mAliveParAddr, tbInstMem.mReadCmd
+        FROM ((tbGroupsUser
+            INNER JOIN tbInstrumentsUser ON tbGroupsUser.IDGrp = tbInstrumentsUser.IDGrp)
+            INNER JOIN tbInstrument ON tbInstrumentsUser.IDItem = tbInstrument.mTag)
+            INNER JOIN (tbParamGroup
+                INNER JOIN (tbInstrument AS tbInstrument_1
+                    INNER JOIN (tbParam INNER JOIN tbInstMem ON tbParam.mMemBank = tbInstMem.mID)
+                    ON tbInstrument_1.mAliveParAddr = tbParam.mAddr)
+                ON tbParamGroup.mID = tbParam.mKeyParGroup)
+            ON tbInstrument.mID = tbParamGroup.mKeyInst
+        WHERE ((tbGroupsUser.IDGrp = %1) AND (tbInstrumentsUser.Address = '00'));)")
+        .arg(IDGrp);
+}
+
 } // namespace
 
 Console::Console(const Surroundings& with)
@@ -32,6 +51,15 @@ Console::Console(const Surroundings& with)
     events_.onLine = [this](const QString& when, const QString& description) {
         model_.addLine(when, description);
     };
+}
+
+void Console::work(const char* procedure, const std::function<void()>& command)
+{
+    {
+        const FailureQueue::Holding holding(failures_);
+        guarded(procedure, command);
+    }
+    failures_.tell();
 }
 
 void Console::ReadWrite_Item()
@@ -47,33 +75,34 @@ void Console::ReadWrite_Node()
 void Console::openOn(const QString& key, const char* procedure)
 {
     guarded(procedure, [&] {
-        const int status = session_.COMPort.Status;
-        if (status == -1 || status == 2) {
-            session_.strMsg = texts_(status == -1 ? 569 : 571) + kLineBreak + texts_(568);
-            operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+        if (!session::rightOf(session_.CurrentUser.ReadWrite))
             return;
-        }
+        const session::LineStatus status = session_.COMPort.Status;
+        if (status == session::kPortClosed || status == session::kBusy)
+            return refuse(texts_(status == session::kPortClosed ? 569 : 571) + kLineBreak + texts_(568));
         if (key.isEmpty())
             return;
-        session_.ClipKey = key;
+        key_ = key;
         operator_.showFormModal(QStringLiteral("frmReadWrite"));
     });
 }
 
-void Console::load()
+void Console::load(const QString& key)
 {
     guarded("frmReadWrite.Load", [&] {
-        item_ = structure::Extract_Key(session_.ClipKey);
+        model_.setOpen(true);
+        key_ = key;
+        item_ = structure::Extract_Key(key);
         model_.log().clear();
         model_.log().setColumnCaptions({texts_(241), texts_(103)});
-        model_.forgetFailedChecks();
+        model_.forgetConcerns();
         model_.setAutoDisconnect(false);
         Set_Simulator(false);
-        if (session_.COMPort.Status == 1) {
-            bus_.EnableDisable_RWMenu(1);
+        if (session_.COMPort.Status == session::kConnected) {
+            bus_.EnableDisable_RWMenu(session::kConnected);
             Read_Events();
         } else {
-            bus_.EnableDisable_RWMenu(0);
+            bus_.EnableDisable_RWMenu(session::kLineIdle);
             events_.deleteEvents();
         }
     });
@@ -82,8 +111,9 @@ void Console::load()
 void Console::unload()
 {
     guarded("frmReadWrite.Form_Unload", [&] {
-        bus_.parTrasm().Simulator = model_.simulatorPressed() ? QStringLiteral("-1") : QString();
-        model_.forgetFailedChecks();
+        model_.setOpen(false);
+        bus_.parTrasm().Simulator = model_.simulatorPressed();
+        model_.forgetConcerns();
         if (!structure_.selectedNode().isEmpty())
             structure_.Load_Items_ListBus(structure_.selectedNode());
     });
@@ -91,30 +121,25 @@ void Console::unload()
 
 bool Console::mayClose() const
 {
-    return session_.COMPort.Status != 2;
+    return session_.COMPort.Status != session::kBusy;
 }
 
 void Console::Connect()
 {
-    guarded("frmReadWrite/Connect", [&] {
-        const int status = session_.COMPort.Status;
-        if (status == 1 || status == 2)
+    work("frmReadWrite/Connect", [&] {
+        const session::LineStatus status = session_.COMPort.Status;
+        if (status == session::kConnected || status == session::kBusy)
             return sayConnected();
-        if (status == -1) {
-            operator_.messageBox(texts_(569), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
-            return;
-        }
+        if (status == session::kPortClosed)
+            return refuse(texts_(569));
         bus::ParTrasm& connection = bus_.parTrasm();
         connection.IDGrp = item_.IDGrp;
         Search_Group(item_.IDGrp.toInt(), connection.Name, connection.Phone);
         connection.AliveFrame = Search_AliveParGrp(item_.IDGrp.toInt());
-        if (connection.AliveFrame.isEmpty()) {
-            session_.strMsg = texts_(537) + kBlank + connection.Name + kLineBreak + texts_(538);
-            operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
-            return;
-        }
+        if (connection.AliveFrame.isEmpty())
+            return refuse(texts_(537) + kBlank + connection.Name + kLineBreak + texts_(538));
         connection.AliveFrame += bus::Calculate_CheckSum(connection.AliveFrame);
-        bus_.EnableDisable_RWMenu(2);
+        bus_.EnableDisable_RWMenu(session::kBusy);
         events_.Add_Event(events::kInformation, clock_.now(), events::kReadWrite, connection.Name, {},
                           texts_(556) + kBlank + connection.Name + kBlank + texts_(558));
         bus_.raiseLink();
@@ -123,19 +148,21 @@ void Console::Connect()
 
 void Console::Disconnect()
 {
-    guarded("frmReadWrite/Disconnect", [&] {
-        if (session_.COMPort.Status == 0) {
-            operator_.messageBox(texts_(539), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
-            return;
-        }
+    work("frmReadWrite/Disconnect", [&] {
+        if (session_.COMPort.Status == session::kLineIdle)
+            return refuse(texts_(539));
         bus_.lowerLink();
     });
 }
 
 void Console::sayConnected()
 {
-    session_.strMsg = texts_(535) + kBlank + bus_.parTrasm().Name + kLineBreak + texts_(536);
-    operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+    refuse(texts_(535) + kBlank + bus_.parTrasm().Name + kLineBreak + texts_(536));
+}
+
+void Console::refuse(const QString& message)
+{
+    operator_.messageBox(message, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
 }
 
 void Console::Search_Group(int IDGrp, QString& Name, QString& Phone)
@@ -157,31 +184,15 @@ QByteArray Console::Search_AliveParGrp(int IDGrp)
 {
     return guarded("frmReadWrite/Search_AliveParGrp", [&]() -> QByteArray {
         BusyPointer busy(operator_);
-        if (session_.rsWork.State() == Recordset::Opened)
-            session_.rsWork.Close();
-        session_.strSQL =
-            QStringLiteral(
-                "SELECT DISTINCT tbGroupsUser.IDGrp, tbInstrumentsUser.Address, tbInstrument.mAliveParAddr, "
-                "tbInstMem.mReadCmd FROM ((tbGroupsUser INNER JOIN tbInstrumentsUser ON tbGroupsUser.IDGrp = "
-                "tbInstrumentsUser.IDGrp) INNER JOIN tbInstrument ON tbInstrumentsUser.IDItem = "
-                "tbInstrument.mTag) "
-                "INNER JOIN (tbParamGroup INNER JOIN (tbInstrument AS tbInstrument_1 INNER JOIN (tbParam "
-                "INNER JOIN "
-                "tbInstMem ON tbParam.mMemBank = tbInstMem.mID) ON tbInstrument_1.mAliveParAddr = "
-                "tbParam.mAddr) ON "
-                "tbParamGroup.mID = tbParam.mKeyParGroup) ON tbInstrument.mID = tbParamGroup.mKeyInst WHERE "
-                "((tbGroupsUser.IDGrp = ") +
-            QString::number(IDGrp) + QStringLiteral(") AND (tbInstrumentsUser.Address = '00'));");
-        Recordset& master = session_.rsWork;
-        master.Open(session_.strSQL, session_.cnDatabase);
-        QByteArray frame;
-        if (!master.Eof()) {
-            // The first five bytes of a one-byte read; the checksum is the caller's.
-            frame = bus::readRequest(encode(master.text("Address"), session_.CodePage),
-                                     master.number("mReadCmd"), master.number("mAliveParAddr"), 1);
-            frame.chop(1);
-        }
-        master.Close();
+        Recordset master;
+        master.Open(aliveStatement(IDGrp), session_.cnDatabase);
+        if (master.Eof())
+            return {};
+        // The first five bytes of a one-byte read; the checksum is the caller's.
+        QByteArray frame = bus::readRequest(encode(master.text("Address"), session_.CodePage),
+                                            bus::catalogueNumber(master, "mReadCmd", texts_),
+                                            bus::catalogueNumber(master, "mAliveParAddr", texts_), 1);
+        frame.chop(1);
         return frame;
     });
 }
@@ -201,7 +212,7 @@ QString Console::itemPath() const
     if (!item_.IDParGrp.isEmpty())
         captions << structure_.tree().captionOf(
             structure::Compose_Key(4, item_.IDGrp, item_.IDInst, item_.IDParGrp));
-    if (const structure::ListItem* parameter = structure_.list().item(session_.ClipKey);
+    if (const structure::ListItem* parameter = structure_.list().item(key_);
         !item_.IDPar.isEmpty() && parameter)
         captions << parameter->text;
     return captions.join(QStringLiteral(" \u203a "));
@@ -209,10 +220,10 @@ QString Console::itemPath() const
 
 void Console::Set_Simulator(bool toggle)
 {
-    QString& chosen = bus_.parTrasm().Simulator;
+    bool& chosen = bus_.parTrasm().Simulator;
     if (toggle)
-        chosen = chosen.isEmpty() ? QStringLiteral("-1") : QString();
-    model_.setSimulator(!chosen.isEmpty());
+        chosen = !chosen;
+    model_.setSimulator(chosen);
 }
 
 void Console::Set_AutoDisconnect()
@@ -228,43 +239,30 @@ bool Console::otherGroupConnected()
     return true;
 }
 
-bool Console::openOperation(const QString& statement)
-{
-    BusyPointer busy(operator_);
-    if (session_.rsWork.State() == Recordset::Opened)
-        session_.rsWork.Close();
-    session_.strSQL = statement;
-    session_.rsWork.Open(session_.strSQL, session_.cnDatabase);
-    return session_.rsWork.RecordCount() > 0;
-}
-
 void Console::Read_Param()
 {
-    guarded("frmReadWrite/Read_Param", [&] {
+    work("frmReadWrite/Read_Param", [&] {
         if (otherGroupConnected())
             return;
         const bool banks = item_.IDParGrp.isEmpty() && item_.IDPar.isEmpty();
         const QString filter = bus::operationFilter(item_.IDGrp, item_.IDInst, item_.IDParGrp, item_.IDPar);
         const QString& language = session_.Language.Code;
-        if (openOperation(banks ? bus::bankStatement(language, filter)
-                                : bus::parameterStatement(language, filter)))
-            bus_.beginRead(banks, session_.ClipKey);
-        else
-            bus_.EnableDisable_RWMenu(1);
+        const QString statement =
+            banks ? bus::bankStatement(language, filter) : bus::parameterStatement(language, filter);
+        if (!bus_.beginRead(statement, banks, key_))
+            bus_.EnableDisable_RWMenu(session::kConnected);
     });
 }
 
 void Console::Write_Param()
 {
-    guarded("frmReadWrite/Write_Param", [&] {
+    work("frmReadWrite/Write_Param", [&] {
         if (otherGroupConnected())
             return;
         const QString filter = bus::operationFilter(item_.IDGrp, item_.IDInst, item_.IDParGrp, item_.IDPar);
-        if (openOperation(bus::writeStatement(session_.Language.Code, filter))) {
-            bus_.beginWrite(session_.ClipKey);
+        if (bus_.beginWrite(bus::writeStatement(session_.Language.Code, filter), key_))
             return;
-        }
-        bus_.EnableDisable_RWMenu(1);
+        bus_.EnableDisable_RWMenu(session::kConnected);
         operator_.messageBox(texts_(540), Buttons::Ok, Icon::Information, session_.AppTitle);
     });
 }
@@ -290,16 +288,26 @@ bool Console::Read_Events()
 void Console::interrupt()
 {
     guarded("frmReadWrite.lvwItems_KeyDown", [&] {
-        if (session_.COMPort.Status != 1 && session_.COMPort.Status != 2)
+        if (session_.COMPort.Status <= session::kLineIdle)
             return;
-        session_.strMsg = texts_(572) + kLineBreak + texts_(573) + kLineBreak + texts_(574);
-        session_.Answer =
-            operator_.messageBox(session_.strMsg, Buttons::YesNoCancel, Icon::Question, session_.AppTitle);
-        if (session_.Answer == answers::kYes)
-            bus_.abandonOperation();
-        else if (session_.Answer == answers::kNo)
-            bus_.truncateConnection();
+        const int state = bus_.changes();
+        const int answer =
+            operator_.messageBox(texts_(572) + kLineBreak + texts_(573) + kLineBreak + texts_(574),
+                                 Buttons::YesNoCancel, Icon::Question, session_.AppTitle);
+        if (answer != answers::kYes && answer != answers::kNo)
+            return;
+        // The line goes on behind the box: an answer about a state that is over does nothing.
+        if (bus_.changes() != state)
+            return sayTooLate();
+        work("frmReadWrite.lvwItems_KeyDown",
+             [&] { answer == answers::kYes ? bus_.abandonOperation() : bus_.truncateConnection(); });
     });
+}
+
+void Console::sayTooLate()
+{
+    QString when = clock_.now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    events_.Add_Event_ReadWrite(when, texts_.own(QStringLiteral("escape.late")));
 }
 
 } // namespace console

@@ -1,17 +1,13 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "platform/Guard.h"
+#include "session/Forward.h"
 #include "structure/NodeKey.h"
 
 #include <QString>
+#include <functional>
 
-namespace platform {
-class Clock;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 namespace structure {
 class Structure;
 }
@@ -49,8 +45,10 @@ public:
     void ReadWrite_Item();
     void ReadWrite_Node();
 
+    // The item that the window is to be opened on.
+    const QString& chosenKey() const { return key_; }
     // The window loads and unloads.
-    void load();
+    void load(const QString& key);
     void unload();
     // Whether the window may be closed by its own close box.
     bool mayClose() const;
@@ -77,10 +75,14 @@ public:
     QString itemPath() const;
 
 private:
+    // Runs a command on the line; what fails in it is told when its work is done, as nothing may come in
+    // between.
+    void work(const char* procedure, const std::function<void()>& command);
     void openOn(const QString& key, const char* procedure);
     bool otherGroupConnected();
     void sayConnected();
-    bool openOperation(const QString& statement);
+    void sayTooLate();
+    void refuse(const QString& message);
 
     session::Session& session_;
     const session::Texts& texts_;
@@ -90,7 +92,9 @@ private:
     events::EventLog& events_;
     bus::Bus& bus_;
     ConsoleModel& model_;
-    structure::KeyParts item_;
+    platform::FailureQueue failures_;
+    QString key_;
+    structure::KeyParts item_; // its parts
 };
 
 } // namespace console

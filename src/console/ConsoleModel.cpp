@@ -12,6 +12,13 @@ QString minutesAndSeconds(int seconds)
     return QStringLiteral("%1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QLatin1Char('0'));
 }
 
+QString placeOf(const QString& instrument, const QString& group, const QString& parameter)
+{
+    QStringList steps{instrument, group, parameter};
+    steps.removeAll(QString());
+    return steps.join(QStringLiteral(" \u203a "));
+}
+
 } // namespace
 
 void ConsoleModel::addLine(const QString& when, const QString& description)
@@ -47,24 +54,25 @@ QString ConsoleModel::activity(const session::Texts& texts, const QString& group
         return parts.join(QStringLiteral("  \u00b7  "));
     }
     switch (status_) {
-    case 1:
+    case session::kConnected:
         return texts.own(QStringLiteral("console.hint.connected"));
-    case 2:
+    case session::kBusy:
         return texts.own(QStringLiteral("progress.dialling")).arg((now - busySince_) / 1000);
     default:
         return texts.own(QStringLiteral("console.hint.connect")).arg(group);
     }
 }
 
-void ConsoleModel::forgetFailedChecks()
+void ConsoleModel::forgetConcerns()
 {
     failedChecks_.clear();
-    emit failedChecksChanged();
+    doubts_.clear();
+    emit concernsChanged();
 }
 
-void ConsoleModel::applyStatus(int status)
+void ConsoleModel::applyStatus(session::LineStatus status)
 {
-    if (status == 2 && status_ != 2)
+    if (status == session::kBusy && status_ != session::kBusy)
         busySince_ = clock_.elapsed();
     status_ = status;
     commands_ = statesFor(status, commands_);
@@ -109,8 +117,15 @@ void ConsoleModel::operationEnded()
 
 void ConsoleModel::checkFailed(const QString& instrument, const QString& group, const QString& parameter)
 {
-    failedChecks_ << instrument + QStringLiteral(" \u203a ") + group + QStringLiteral(" \u203a ") + parameter;
-    emit failedChecksChanged();
+    failedChecks_ << placeOf(instrument, group, parameter);
+    emit concernsChanged();
+}
+
+void ConsoleModel::answerDoubtful(const QString& instrument, const QString& group, const QString& parameter,
+                                  int bytes)
+{
+    doubts_.append({placeOf(instrument, group, parameter), bytes});
+    emit concernsChanged();
 }
 
 } // namespace console

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bus/ConsoleView.h"
-#include "console/CommandStates.h"
+#include "console/ConsoleStates.h"
 #include "console/LogModel.h"
 #include "console/OperationProgress.h"
 
@@ -28,8 +28,8 @@ public:
     LogModel& log() { return log_; }
     void addLine(const QString& when, const QString& description);
 
-    int status() const { return status_; }
-    const CommandStates& commands() const { return commands_; }
+    session::LineStatus status() const { return status_; }
+    const ConsoleStates& commands() const { return commands_; }
     bool progressVisible() const { return progressVisible_; }
     int progress() const { return progress_; }
     void setAutoDisconnect(bool pressed);
@@ -40,9 +40,19 @@ public:
     QString activity(const session::Texts& texts, const QString& group) const;
     // Parameters whose read-back did not give what was written, since the console opened.
     const QStringList& failedChecks() const { return failedChecks_; }
-    void forgetFailedChecks();
+    // A value, or an instrument's bank, that was read behind bytes that stood waiting.
+    struct Doubt
+    {
+        QString item;
+        int bytes;
+        bool operator==(const Doubt&) const = default;
+    };
+    const QList<Doubt>& doubts() const { return doubts_; }
+    void forgetConcerns();
 
-    void applyStatus(int status) override;
+    bool isOpen() const override { return open_; }
+    void setOpen(bool open) { open_ = open; }
+    void applyStatus(session::LineStatus status) override;
     void showProgress(bool visible) override;
     void setProgress(int percent) override;
     bool autoDisconnectPressed() const override { return autoDisconnect_; }
@@ -52,24 +62,28 @@ public:
     void answerAwaited() override;
     void operationEnded() override;
     void checkFailed(const QString& instrument, const QString& group, const QString& parameter) override;
+    void answerDoubtful(const QString& instrument, const QString& group, const QString& parameter,
+                        int bytes) override;
 
 signals:
     void changed();          // commands, toggles, progress, activity
     void lineAdded(int row); // the list selects it
-    void failedChecksChanged();
+    void concernsChanged();
 
 private:
     platform::Clock& clock_;
     LogModel log_;
     OperationProgress operation_;
-    int status_ = 0;
+    bool open_ = false;
+    session::LineStatus status_ = session::kLineIdle;
     qint64 busySince_ = 0;
-    CommandStates commands_;
+    ConsoleStates commands_;
     bool progressVisible_ = false;
     int progress_ = 0;
     bool autoDisconnect_ = false;
     bool simulator_ = false;
     QStringList failedChecks_;
+    QList<Doubt> doubts_;
 };
 
 } // namespace console

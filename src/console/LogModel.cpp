@@ -1,6 +1,7 @@
 #include "console/LogModel.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace console {
 
@@ -31,11 +32,28 @@ void LogModel::clickColumn(int column)
 {
     ascending_ = column != sortColumn_ || !ascending_;
     sortColumn_ = column;
-    emit layoutAboutToBeChanged();
-    std::stable_sort(lines_.begin(), lines_.end(),
-                     [this](const Line& a, const Line& b) { return before(a, b); });
-    emit layoutChanged();
+    sort();
     emit headerDataChanged(Qt::Horizontal, 0, 1);
+}
+
+// What points at a line, the selection for one, goes with it.
+void LogModel::sort()
+{
+    emit layoutAboutToBeChanged();
+    std::vector<int> order(lines_.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [this](int a, int b) { return before(lines_[std::size_t(a)], lines_[std::size_t(b)]); });
+    std::vector<Line> sorted;
+    std::vector<int> placeOf(order.size());
+    for (const int line : order) {
+        placeOf[std::size_t(line)] = int(sorted.size());
+        sorted.push_back(std::move(lines_[std::size_t(line)]));
+    }
+    lines_ = std::move(sorted);
+    for (const QModelIndex& old : persistentIndexList())
+        changePersistentIndex(old, index(placeOf[std::size_t(old.row())], old.column()));
+    emit layoutChanged();
 }
 
 void LogModel::setColumnCaptions(const QStringList& captions)

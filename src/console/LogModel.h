@@ -36,6 +36,7 @@ private:
         QString when;
         QString description;
     };
+    void sort();
     bool before(const Line& a, const Line& b) const;
 
     std::vector<Line> lines_;

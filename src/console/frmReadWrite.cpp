@@ -12,11 +12,13 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPointer>
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QToolBar>
@@ -40,7 +42,7 @@ void setTag(QObject* object, int tag)
 
 } // namespace
 
-frmReadWrite::frmReadWrite(const Surroundings& with, QWidget* parent)
+frmReadWrite::frmReadWrite(const Surroundings& with, const QString& key, QWidget* parent)
     : QDialog(parent), session_(with.session), texts_(with.texts), operator_(with.op), console_(with.console),
       model_(with.model), staMain_(with.panels)
 {
@@ -57,16 +59,16 @@ frmReadWrite::frmReadWrite(const Surroundings& with, QWidget* parent)
     layout->addWidget(makeToolbar());
     layout->addWidget(makeHeading());
     layout->addWidget(makeList(), 1);
-    layout->addWidget(makeFailedChecks());
+    layout->addWidget(makeConcerns());
     layout->addWidget(makeStatusBar());
 
     connect(&model_, &ConsoleModel::changed, this, &frmReadWrite::showCommands);
     connect(&model_, &ConsoleModel::changed, this, &frmReadWrite::showActivity);
     connect(&model_, &ConsoleModel::lineAdded, this, &frmReadWrite::selectLine);
-    connect(&model_, &ConsoleModel::failedChecksChanged, this, &frmReadWrite::showFailedChecks);
+    connect(&model_, &ConsoleModel::concernsChanged, this, &frmReadWrite::showConcerns);
     connect(&tmrRefresh_, &QTimer::timeout, this, &frmReadWrite::tmrRefresh_Timer);
 
-    console_.load();
+    console_.load(key);
     group_ = console_.groupName();
     widgets::Set_Language(*this, session_, texts_, operator_);
     tmrRefresh_Timer();
@@ -82,8 +84,10 @@ QMenuBar* frmReadWrite::makeMenus()
     mnuFile_ = bar->addMenu(QStringLiteral("File"));
     mnuFile_->setObjectName("mnuFile");
     setTag(mnuFile_, 108);
-    mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, &Console::Connect);
-    mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, &Console::Disconnect);
+    mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, nullptr);
+    connect(mnuConnect_, &QAction::triggered, this, [this] { runSettled(&Console::Connect); });
+    mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, nullptr);
+    connect(mnuDisconnect_, &QAction::triggered, this, [this] { runSettled(&Console::Disconnect); });
     mnuFile_->addSeparator();
     mnuAutoDisconnect_ = addCommand(*mnuFile_, "mnuAutoDisconnect", 270, &Console::Set_AutoDisconnect);
     mnuAutoDisconnect_->setCheckable(true);
@@ -110,6 +114,23 @@ QAction* frmReadWrite::addCommand(QMenu& menu, const char* name, int tag, void (
     if (command)
         connect(action, &QAction::triggered, this, [this, command] { (console_.*command)(); });
     return action;
+}
+
+void frmReadWrite::runSettled(void (Console::*command)())
+{
+    if (settling_)
+        return;
+    settling_ = true;
+    const auto run = [this, command] {
+        const QPointer<frmReadWrite> window(this);
+        QGuiApplication::sync();
+        if (!window)
+            return;
+        settling_ = false;
+        if (isVisible())
+            (console_.*command)();
+    };
+    QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
 }
 
 QToolBar* frmReadWrite::makeToolbar()
@@ -208,27 +229,27 @@ QWidget* frmReadWrite::makeList()
     return lvwItems_;
 }
 
-QWidget* frmReadWrite::makeFailedChecks()
+QWidget* frmReadWrite::makeConcerns()
 {
-    failedChecks_ = new QWidget(this);
-    failedChecks_->setObjectName("failedChecks");
-    auto* layout = new QVBoxLayout(failedChecks_);
+    concerns_ = new QWidget(this);
+    concerns_->setObjectName("failedChecks");
+    auto* layout = new QVBoxLayout(concerns_);
     layout->setContentsMargins(10, 6, 10, 6);
     layout->setSpacing(4);
     auto* line = new QHBoxLayout;
-    auto* picture = new QLabel(failedChecks_);
+    auto* picture = new QLabel(concerns_);
     picture->setPixmap(icon("warning").pixmap(kPanelPicture, devicePixelRatio()));
-    lblFailed_ = new QLabel(failedChecks_);
-    lblFailed_->setObjectName("lblFailed");
+    lblConcerns_ = new QLabel(concerns_);
+    lblConcerns_->setObjectName("lblFailed");
     line->addWidget(picture);
-    line->addWidget(lblFailed_, 1);
-    lvwFailed_ = new QListWidget(failedChecks_);
-    lvwFailed_->setObjectName("lvwFailed");
-    lvwFailed_->setMaximumHeight(fontMetrics().lineSpacing() * 5);
+    line->addWidget(lblConcerns_, 1);
+    lvwConcerns_ = new QListWidget(concerns_);
+    lvwConcerns_->setObjectName("lvwFailed");
+    lvwConcerns_->setMaximumHeight(fontMetrics().lineSpacing() * 5);
     layout->addLayout(line);
-    layout->addWidget(lvwFailed_);
-    failedChecks_->hide();
-    return failedChecks_;
+    layout->addWidget(lvwConcerns_);
+    concerns_->hide();
+    return concerns_;
 }
 
 QWidget* frmReadWrite::makeStatusBar()
@@ -236,6 +257,7 @@ QWidget* frmReadWrite::makeStatusBar()
     auto* bar = new QStatusBar(this);
     bar->setObjectName("staReadWrite");
     comSetPicture_ = new QLabel(bar);
+    comSetPicture_->setObjectName("COMSetPicture");
     comSetText_ = new QLabel(bar);
     comSetText_->setObjectName("COMSet");
     info_ = new QLabel(bar);
@@ -248,7 +270,7 @@ QWidget* frmReadWrite::makeStatusBar()
 
 void frmReadWrite::showCommands()
 {
-    const CommandStates& states = model_.commands();
+    const ConsoleStates& states = model_.commands();
     mnuFile_->setEnabled(states.mnuFile);
     mnuConnect_->setEnabled(states.mnuConnect);
     mnuDisconnect_->setEnabled(states.mnuDisconnect);
@@ -275,13 +297,22 @@ void frmReadWrite::showActivity()
     prgLoad_->setValue(model_.progress());
 }
 
-void frmReadWrite::showFailedChecks()
+void frmReadWrite::showConcerns()
 {
     const QStringList& failed = model_.failedChecks();
-    lblFailed_->setText(texts_.own("write.failed.count").arg(failed.size()));
-    lvwFailed_->clear();
-    lvwFailed_->addItems(failed);
-    failedChecks_->setVisible(!failed.isEmpty());
+    const QList<ConsoleModel::Doubt>& doubts = model_.doubts();
+    QStringList headings;
+    if (!failed.isEmpty())
+        headings << texts_.own("write.failed.count").arg(failed.size());
+    if (!doubts.isEmpty())
+        headings << texts_.own("read.doubtful.count").arg(doubts.size());
+    lblConcerns_->setText(headings.join(QStringLiteral("  \u00b7  ")));
+    lvwConcerns_->clear();
+    for (const QString& item : failed)
+        lvwConcerns_->addItem(texts_.own("write.failed").arg(item));
+    for (const ConsoleModel::Doubt& doubt : doubts)
+        lvwConcerns_->addItem(texts_.own("read.doubtful").arg(doubt.item).arg(doubt.bytes));
+    concerns_->setVisible(!headings.isEmpty());
 }
 
 void frmReadWrite::showSortArrows()
@@ -346,7 +377,7 @@ void frmReadWrite::changeEvent(QEvent* event)
         lblItem_->setText(console_.itemPath());
         showCommands();
         showActivity();
-        showFailedChecks();
+        showConcerns();
     }
     QDialog::changeEvent(event);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 #include <QTimer>
 
@@ -15,13 +18,6 @@ class QTreeView;
 namespace bus {
 class StatusPanels;
 }
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace console {
 
@@ -44,7 +40,8 @@ public:
         const bus::StatusPanels& panels;
     };
 
-    explicit frmReadWrite(const Surroundings& surroundings, QWidget* parent = nullptr);
+    // Opens on the item of the key.
+    frmReadWrite(const Surroundings& surroundings, const QString& key, QWidget* parent = nullptr);
     ~frmReadWrite() override;
 
 protected:
@@ -58,14 +55,16 @@ private:
     QToolBar* makeToolbar();
     QWidget* makeHeading();
     QWidget* makeList();
-    QWidget* makeFailedChecks();
+    QWidget* makeConcerns();
     QWidget* makeStatusBar();
     QAction* addCommand(QMenu& menu, const char* name, int tag, void (Console::*command)());
+    // Runs a command that may hold the program for seconds when menus have closed and the window is painted.
+    void runSettled(void (Console::*command)());
     QAction* addButton(QToolBar& toolbar, const char* key, const QString& icon, int tag, QAction* command);
 
     void showCommands();
     void showActivity();
-    void showFailedChecks();
+    void showConcerns();
     void showSortArrows();
     void selectLine(int row);
     void tmrRefresh_Timer();
@@ -85,12 +84,13 @@ private:
     QAction *connect_, *disconnect_, *autoDisconnect_, *simulator_, *read_, *write_, *exit_;
     QLabel *lblGroup_, *lblItem_, *lblActivity_;
     QTreeView* lvwItems_;
-    QWidget* failedChecks_;
-    QLabel* lblFailed_;
-    QListWidget* lvwFailed_;
+    QWidget* concerns_;
+    QLabel* lblConcerns_;
+    QListWidget* lvwConcerns_;
     QProgressBar* prgLoad_;
     QLabel *comSetPicture_, *comSetText_, *info_;
     QTimer tmrRefresh_;
+    bool settling_ = false;
 };
 
 } // namespace console

@@ -61,7 +61,7 @@ std::optional<ChosenPath> Safekeeping::askBackupTarget()
     });
     if (!target)
         return std::nullopt;
-    if (isModelName(target->name))
+    if (isModelName(target->name) || with_.database.isModel(target->path()))
         refuse(with_.texts(501));
     else if (isSameFile(target->path(), session.dbFile()))
         refuse(with_.texts.own(QStringLiteral("backup.itself")));

@@ -2,6 +2,7 @@
 
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "session/Caption.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
@@ -83,15 +84,14 @@ bool Database::Connect_Database(const QString& path)
         const ConnectionWindow window(operator_);
         makeReady();
         emit progress(11);
-        session_.ConnectionString =
-            u"Provider=Microsoft.Jet.OLEDB.4.0;" % QStringLiteral("Data Source = ") % path;
+        session_.ConnectionString = path;
         session_.cnDatabase.Open(session_.ConnectionString);
         openCatalogue();
         readCompany();
         emit progress(100);
         fillTree();
         structure_.selectNode(structure::kRootKey);
-        emit captionChanged(session_.AppTitle % u" - " % texts_(156) % u' ' % session_.DbName);
+        emit captionChanged(session::mainCaption(session_, texts_));
         emit opened();
         return true;
     });
@@ -202,11 +202,12 @@ void Database::Disconnect_Database()
     guarded("Module/Disconnect_Database", [&] {
         if (session_.DbName.isEmpty())
             return;
+        emit aboutToDisconnect();
         clearPlant();
         closeAll(session_);
         session_.DbName.clear();
         session_.DbVersion.clear();
-        emit captionChanged(session_.AppTitle);
+        emit captionChanged(session::mainCaption(session_, texts_));
     });
 }
 
@@ -227,8 +228,6 @@ bool Database::reconnect()
         return false;
     }
     emit reconnected();
-    emit captionChanged(session_.AppTitle % u" - " % texts_(156) % u' ' % session_.DbName % u" - " %
-                        texts_(59) % u' ' % session_.CurrentUser.Name);
     return true;
 }
 

@@ -9,6 +9,7 @@
 #include "session/Texts.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace database {
 
@@ -57,6 +58,12 @@ void Database::New_Database()
             session_.DbName.clear();
             return;
         }
+        if (isModel(session_.dbFile())) {
+            session_.DbName.clear();
+            operator_.messageBox(texts_.own(QStringLiteral("model.protected")), platform::Buttons::Ok,
+                                 platform::Icon::Exclamation, session_.AppTitle);
+            return;
+        }
         makeCompany();
         if (openCompany()) {
             emit companyMade();
@@ -88,9 +95,20 @@ bool Database::takeName(const ChosenPath& file)
     return !session_.DbName.isEmpty();
 }
 
+QString Database::modelFile() const
+{
+    return session_.appFile(QStringLiteral("Data Model/") + kModelName);
+}
+
+bool Database::isModel(const QString& file) const
+{
+    const QString place = QFileInfo(file).canonicalFilePath();
+    return !place.isEmpty() && place == QFileInfo(modelFile()).canonicalFilePath();
+}
+
 void Database::makeCompany()
 {
-    const QString model = session_.appFile(QStringLiteral("Data Model/") + kModelName);
+    const QString model = modelFile();
     try {
         if (!session::Exist_File(model))
             platform::fail(platform::errors::kFileNotFound,

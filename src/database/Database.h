@@ -39,8 +39,11 @@ public:
     bool reconnect();
     // Where the file dialogs open: the last company's folder, or the data folder when that is gone.
     QString startFolder() const;
+    // Whether a file is the model itself, by another name or way.
+    bool isModel(const QString& file) const;
 
 signals:
+    void aboutToDisconnect();                    // the company is still open, for the last time
     void progress(int percent);                  // frmConnection's prgLoad
     void captionChanged(const QString& caption); // of the main window
     void companyMade();    // a new company is connected for the first time: its first user's place
@@ -57,6 +60,7 @@ private:
     void fillTree();
     bool isFree();
     bool takeName(const ChosenPath& file);
+    QString modelFile() const;
     void makeCompany();
     bool openCompany();
 

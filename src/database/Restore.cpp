@@ -59,7 +59,7 @@ std::optional<ChosenPath> Safekeeping::askRestoreTarget(const QString& sourceNam
                        with_.database.startFolder()})
             .name;
     });
-    if (!target || !isModelName(target->name))
+    if (!target || !(isModelName(target->name) || with_.database.isModel(target->path())))
         return target;
     refuse(with_.texts(501));
     return std::nullopt;

@@ -1,17 +1,11 @@
 #pragma once
 
 #include "dialogs/ZoomModel.h"
+#include "platform/Forward.h"
+#include "session/Forward.h"
 #include "session/Lookup.h"
 
 #include <QObject>
-
-namespace platform {
-class Operator;
-class Recordset;
-} // namespace platform
-namespace session {
-struct Session;
-}
 
 namespace dialogs {
 

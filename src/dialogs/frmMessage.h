@@ -1,14 +1,10 @@
 #pragma once
 
-#include <QDialog>
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include <QDialog>
+#include <QStringList>
 
 namespace dialogs {
 
@@ -18,7 +14,9 @@ class frmMessage : public QDialog
     Q_OBJECT
 
 public:
-    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op);
+    // `calls` are the plants that called, each with its time.
+    frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op,
+               const QStringList& calls = {});
 };
 
 } // namespace dialogs

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 
 class QAction;
@@ -9,13 +12,6 @@ class QProgressBar;
 class QStatusBar;
 class QTreeView;
 
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 namespace widgets {
 class SortHeader;
 }

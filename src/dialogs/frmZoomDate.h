@@ -1,15 +1,11 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 
 class QCalendarWidget;
-
-namespace platform {
-class Clock;
-}
-namespace session {
-struct Session;
-}
 
 namespace dialogs {
 

@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QStringList>
+#include <optional>
 
 namespace events {
 
@@ -18,6 +19,8 @@ using namespace platform;
 using namespace session;
 
 namespace {
+
+constexpr double kBytesInKb = 1024;
 
 QString grouped(qint64 number)
 {
@@ -30,11 +33,19 @@ bool liesOnShare(const QString& path)
     return path.startsWith(QLatin1Char('\\')) || path.startsWith(QLatin1String("//"));
 }
 
+// The disk under a folder; none on a network share.
+std::optional<FileSystem> diskOf(const Machine& machine, const QString& folder)
+{
+    if (folder.isEmpty() || liesOnShare(folder))
+        return std::nullopt;
+    return machine.fileSystemOf(folder);
+}
+
 QString diskLine(const FileSystem& disk)
 {
     return QStringLiteral("Spazio disponibile sull'unità %1 %2 KB di %3 KB")
-        .arg(QDir::toNativeSeparators(disk.mountPoint), grouped(disk.free / 1024),
-             grouped(disk.total / 1024));
+        .arg(QDir::toNativeSeparators(disk.mountPoint), grouped(qRound64(disk.free / kBytesInKb)),
+             grouped(qRound64(disk.total / kBytesInKb)));
 }
 
 } // namespace
@@ -106,16 +117,13 @@ void ErrorReport::addSystem(QStringList& lines) const
 void ErrorReport::addDisks(QStringList& lines) const
 {
     QString told;
-    if (!liesOnShare(session_.AppPath)) {
-        const FileSystem disk = machine_.fileSystemOf(session_.AppPath);
-        lines << diskLine(disk);
-        told = disk.mountPoint;
+    for (const QString& folder : {session_.AppPath, session_.DbPath}) {
+        const auto disk = diskOf(machine_, folder);
+        if (!disk || disk->mountPoint == told)
+            continue;
+        lines << diskLine(*disk);
+        told = disk->mountPoint;
     }
-    if (session_.DbPath.isEmpty() || liesOnShare(session_.DbPath))
-        return;
-    const FileSystem disk = machine_.fileSystemOf(session_.DbPath);
-    if (disk.mountPoint != told)
-        lines << diskLine(disk);
 }
 
 void ErrorReport::addCompany(QStringList& lines) const

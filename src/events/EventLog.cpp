@@ -1,9 +1,12 @@
 #include "events/EventLog.h"
 
+#include "events/LogFile.h"
 #include "events/LoggedText.h"
 #include "platform/Clock.h"
+#include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Recordset.h"
 #include "platform/TextFile.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
@@ -44,17 +47,23 @@ private:
     QString line_;
 };
 
+QString logLine(const QString& IDType, const QDateTime& When, const QString& Source, const QString& Equipment,
+                const QString& Instrument, const QString& Description, int codePage)
+{
+    return LineWriter(codePage)
+        .field(IDType, 1)
+        .field(When.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
+        .field(Source, 3)
+        .field(Equipment, kLoggedNameWidth)
+        .field(Instrument, kLoggedNameWidth)
+        .field(Description, 255)
+        .line();
+}
+
 QString logLine(const Recordset& event, int codePage)
 {
-    const QDateTime when = storedDate(event.text("Date_Reg"));
-    return LineWriter(codePage)
-        .field(event.text("IDType"), 1)
-        .field(when.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")), 19)
-        .field(event.text("Source"), 3)
-        .field(event.text("Equipment"), kLoggedNameWidth)
-        .field(event.text("Instrument"), kLoggedNameWidth)
-        .field(event.text("Description"), 255)
-        .line();
+    return logLine(event.text("IDType"), storedDate(event.text("Date_Reg")), event.text("Source"),
+                   event.text("Equipment"), event.text("Instrument"), event.text("Description"), codePage);
 }
 
 } // namespace
@@ -75,7 +84,14 @@ void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QS
 void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                             const QString& Instrument, const QString& Description)
 {
+    if (Source == kAlarms && onAlarm)
+        onAlarm(When, Equipment);
     guarded("Module/Add_Event_Db", [&] {
+        if (!hasCompany()) {
+            kept_ << logLine(QString::number(IDType), When, QString::number(Source), Equipment, Instrument,
+                             Description, session_.CodePage);
+            return;
+        }
         session_.strSQL =
             QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
                            "Description) VALUES(") +
@@ -104,23 +120,69 @@ void EventLog::CreateLog_App()
 {
     guarded("Module/CreateLog_App", [&] {
         BusyPointer busy(operator_);
+        Flushed& flushed = flushedOfCompany();
+        flushed.failed = true;
         Recordset rows;
-        rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
-        if (rows.RecordCount() == 0)
-            return;
-        const QString name =
-            QStringLiteral("Log/%1_%2.log")
-                .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
-        TextWriter file(session_.appFile(name), session_.CodePage);
-        for (; !rows.Eof(); rows.MoveNext())
-            file.WriteLine(logLine(rows, session_.CodePage));
-        file.commit();
+        if (hasCompany())
+            rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
+        for (int onDisk = flushed.rows; onDisk > 0 && !rows.Eof(); --onDisk)
+            rows.MoveNext();
+        if (!rows.Eof() || !kept_.isEmpty())
+            flush(rows, flushed);
+        flushed.failed = false;
     });
+}
+
+// What was kept without a company goes first; on a full disk each side forgets just what is in its place.
+void EventLog::flush(Recordset& rows, Flushed& flushed)
+{
+    const QString name = QStringLiteral("Log/%1_%2.log")
+                             .arg(session_.ExeName, clock_.now().toString(QStringLiteral("yyyyMMddHHmmss")));
+    LogFile file(session_.appFile(name));
+    const auto putInPlace = [&] {
+        const int lines = file.putInPlace();
+        const int ofKept = std::min(lines, int(kept_.size()));
+        kept_.remove(0, ofKept);
+        flushed.rows += lines - ofKept;
+    };
+    try {
+        for (const QString& line : std::as_const(kept_))
+            file.append(encode(line, session_.CodePage) + kSystemLineEnd);
+        for (; !rows.Eof(); rows.MoveNext())
+            file.append(encode(logLine(rows, session_.CodePage), session_.CodePage) + kSystemLineEnd);
+    } catch (...) {
+        putInPlace();
+        throw;
+    }
+    putInPlace();
 }
 
 void EventLog::deleteEvents()
 {
-    session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    if (!hasCompany())
+        return;
+    Flushed& flushed = flushedOfCompany();
+    if (flushed.failed)
+        session_.cnDatabase.Execute(
+            QStringLiteral(
+                "DELETE FROM tbEvent WHERE rowid IN (SELECT rowid FROM tbEvent ORDER BY rowid LIMIT %1)")
+                .arg(flushed.rows));
+    else
+        session_.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    flushed.rows = 0;
+}
+
+bool EventLog::hasCompany() const
+{
+    return session_.cnDatabase.State() == Connection::Opened;
+}
+
+EventLog::Flushed& EventLog::flushedOfCompany()
+{
+    const QString company = session_.dbFile();
+    if (flushed_.company != company)
+        flushed_ = {company, 0, false};
+    return flushed_;
 }
 
 } // namespace events

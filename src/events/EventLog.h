@@ -2,11 +2,13 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace platform {
 class Clock;
 class Operator;
+class Recordset;
 } // namespace platform
 namespace session {
 struct Session;
@@ -35,24 +37,41 @@ public:
     // The one entry of the read/write side: a line on the console's list and a row of tbEvent.
     void Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                    const QString& Instrument, const QString& Description);
-    // The row alone; empty texts are stored as NULL.
+    // The row alone; empty texts are stored as NULL. With no company open it is kept for the next log file.
     void Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                       const QString& Instrument, const QString& Description);
     // The line alone; `When` is rewritten as "yyyy/mm/dd HH:MM:SS".
     bool Add_Event_ReadWrite(QString& When, const QString& Description);
 
-    // Flushes tbEvent into one new log file, which stands whole or not at all. An empty table makes no file.
+    // Flushes what was kept and tbEvent into one new log file. Nothing to flush makes no file. On a full disk
+    // the file holds the lines that still found their place.
     void CreateLog_App();
-    // Empties tbEvent. Fails as any statement does: called inside a procedure.
+    // Empties tbEvent, when a company is open, but for the rows that a failed flush couldn't bring to the
+    // disk: these go out with the next one. Fails as any statement does: called inside a procedure.
     void deleteEvents();
 
+    // Receives each alarm that a plant reports, before it is stored.
+    std::function<void(const QDateTime& when, const QString& plant)> onAlarm;
     // Receives each line of the console's list.
     std::function<void(const QString& when, const QString& description)> onLine;
 
 private:
+    // How far the flush of a company's table has come.
+    struct Flushed
+    {
+        QString company;
+        int rows = 0; // the first of the table, whose lines are on the disk already
+        bool failed = false;
+    };
+    Flushed& flushedOfCompany();
+    void flush(platform::Recordset& rows, Flushed& flushed);
+    bool hasCompany() const;
+
+    Flushed flushed_;
     session::Session& session_;
     platform::Operator& operator_;
     platform::Clock& clock_;
+    QStringList kept_; // lines of events that came with no company open
 };
 
 } // namespace events

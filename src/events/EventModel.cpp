@@ -8,6 +8,19 @@
 
 namespace events {
 
+namespace {
+
+// How many times as long the list has to be before it grows in a view.
+constexpr std::size_t kGrowth = 4;
+
+QString dateText(Stamp stamp)
+{
+    const auto text = sortableText(stamp);
+    return QString::fromLatin1(text.data(), qsizetype(text.size()));
+}
+
+} // namespace
+
 void EventModel::clear(int codePage)
 {
     beginResetModel();
@@ -24,7 +37,7 @@ void EventModel::clear(int codePage)
 
 void EventModel::grow()
 {
-    if (store_.size() >= 2 * order_.size())
+    if (store_.size() >= kGrowth * order_.size())
         take();
 }
 
@@ -58,6 +71,10 @@ void EventModel::take()
 
 void EventModel::judge(quint32 from)
 {
+    if (!isNarrowed()) {
+        std::fill(passes_.begin() + from, passes_.end(), Passes{true, true});
+        return;
+    }
     const Narrowing narrowing(needle_, words_, fold_, codePage_);
     for (quint32 event = from; event < passes_.size(); ++event) {
         passes_[event].words = needle_.isEmpty() || narrowing.shows(store_.at(event));
@@ -190,8 +207,7 @@ QString EventModel::text(int row, EventColumn column) const
     case EventColumn::Type:
         return words_.types[std::size_t(event.type)];
     case EventColumn::Date:
-        return event.when == kNoStamp ? decoded(event.dateText)
-                                      : QString::fromLatin1(sortableText(event.when));
+        return event.when == kNoStamp ? decoded(event.dateText) : dateText(event.when);
     case EventColumn::Source:
         return words_.sources[std::size_t(event.source)];
     case EventColumn::Equipment:
@@ -241,9 +257,16 @@ int EventModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : kEventColumns;
 }
 
+// A view asks for the index and the flags of every row whenever it lays them out.
+QModelIndex EventModel::index(int row, int column, const QModelIndex& parent) const
+{
+    const bool exists = row >= 0 && row < rowCount(parent) && column >= 0 && column < kEventColumns;
+    return exists ? createIndex(row, column) : QModelIndex();
+}
+
 Qt::ItemFlags EventModel::flags(const QModelIndex& index) const
 {
-    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
     return index.column() == 0 ? flags | Qt::ItemIsUserCheckable : flags;
 }
 

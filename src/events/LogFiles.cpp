@@ -1,6 +1,7 @@
 #include "events/LogFiles.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 
@@ -12,8 +13,7 @@ QStringList logFilesIn(const QString& folder)
 {
     const QDir dir(folder);
     if (!dir.exists())
-        fail(errors::kPathNotFound,
-             QStringLiteral("Path not found: '%1'.").arg(QDir::toNativeSeparators(folder)));
+        fail(errors::kPathNotFound, inWords("folder.missing", {QDir::toNativeSeparators(folder)}));
     return dir.entryList({QStringLiteral("*.log")}, QDir::Files, QDir::Name | QDir::IgnoreCase);
 }
 

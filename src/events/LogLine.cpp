@@ -7,16 +7,14 @@ namespace events {
 
 namespace {
 
-// Most of a line is blanks that fill up a field: they go eight at a time.
+// Most of a line is blanks that fill up a field: they go many at a time.
 QByteArrayView trimmed(QByteArrayView text)
 {
-    constexpr quint64 kBlanks = 0x2020202020202020;
+    static constexpr char kBlanks[] = "                                ";
+    constexpr qsizetype kCount = sizeof kBlanks - 1;
     const char *begin = text.begin(), *end = text.end();
-    for (quint64 last; end - begin >= 8; end -= 8) {
-        std::memcpy(&last, end - 8, sizeof last);
-        if (last != kBlanks)
-            break;
-    }
+    while (end - begin >= kCount && std::memcmp(end - kCount, kBlanks, kCount) == 0)
+        end -= kCount;
     while (end != begin && end[-1] == ' ')
         --end;
     while (begin != end && *begin == ' ')

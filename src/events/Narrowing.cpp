@@ -49,7 +49,10 @@ bool Narrowing::isInDate(const StoredEvent& event) const
 {
     if (event.when == kNoStamp)
         return isIn(event.dateText);
-    return mayBeDate_ && sortableText(event.when).contains(bytes_);
+    if (!mayBeDate_)
+        return false;
+    const auto date = sortableText(event.when);
+    return std::search(date.begin(), date.end(), bytes_.begin(), bytes_.end()) != date.end();
 }
 
 } // namespace events

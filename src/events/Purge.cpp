@@ -4,6 +4,7 @@
 #include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Words.h"
 #include "session/Session.h"
 
 #include <QDir>
@@ -47,7 +48,7 @@ QDate dateIn(const QString& name)
         });
     const QDate date = allDigits ? QDate::fromString(digits, QStringLiteral("yyyyMMdd")) : QDate();
     if (!date.isValid())
-        fail(errors::kTypeMismatch, QStringLiteral("The log file name '%1' holds no date.").arg(name));
+        failInWords(errors::kTypeMismatch, "log.nodate", {name});
     return date;
 }
 

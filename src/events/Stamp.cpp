@@ -67,12 +67,13 @@ QTime timeOf(Stamp stamp)
     return {time / 10000, time / 100 % 100, time % 100};
 }
 
-QByteArray sortableText(Stamp stamp)
+std::array<char, 19> sortableText(Stamp stamp)
 {
     // Where each digit stands, from the last one to the first.
-    static constexpr int kPlaces[] = {18, 17, 15, 14, 12, 11, 9, 8, 6, 5, 3, 2, 1, 0};
-    QByteArray text("0000/00/00 00:00:00");
-    for (const int place : kPlaces) {
+    static constexpr std::size_t kPlaces[] = {18, 17, 15, 14, 12, 11, 9, 8, 6, 5, 3, 2, 1, 0};
+    auto text = std::to_array(
+        {'0', '0', '0', '0', '/', '0', '0', '/', '0', '0', ' ', '0', '0', ':', '0', '0', ':', '0', '0'});
+    for (const std::size_t place : kPlaces) {
         text[place] = char('0' + stamp % 10);
         stamp /= 10;
     }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
 #include <QDateTime>
+#include <array>
 
 namespace events {
 
@@ -18,6 +18,6 @@ QDate dateOf(Stamp stamp);
 QTime timeOf(Stamp stamp);
 
 // "yyyy/mm/dd HH:MM:SS", so that a text sort is a time sort.
-QByteArray sortableText(Stamp stamp);
+std::array<char, 19> sortableText(Stamp stamp);
 
 } // namespace events

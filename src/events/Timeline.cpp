@@ -23,21 +23,20 @@ void add(Timeline::Bar& bar, const Timeline::Bar& other)
 
 } // namespace
 
-void Timeline::choose(Stamp oldest, Stamp newest)
-{
-    byHour_ = oldest != kNoStamp && dateOf(oldest).daysTo(dateOf(newest)) < kDaysByHour;
-}
-
-void Timeline::count(Stamp when, int type)
-{
-    // Files hold their events in the order of time, nearly always.
-    const qint64 unit = unitOf(when);
-    if (bars_.empty() || bars_.back().unit != unit)
-        bars_.push_back({unit, {}});
-    ++bars_.back().counts[std::size_t(type)];
-}
-
 void Timeline::arrange()
+{
+    merge();
+    if (bars_.empty())
+        return;
+    const auto day = [](const Bar& bar) { return dateOf(bar.unit * kHour); };
+    byHour_ = day(bars_.front()).daysTo(day(bars_.back())) < kDaysByHour;
+    for (Bar& bar : bars_)
+        bar.unit = unitOf(bar.unit * kHour);
+    merge();
+}
+
+// Puts the bars in order, those of one unit together.
+void Timeline::merge()
 {
     std::stable_sort(bars_.begin(), bars_.end(), earlier);
     std::vector<Bar> merged;
@@ -86,7 +85,7 @@ Stamp Timeline::end(qint64 unit) const
 QString Timeline::name(qint64 unit) const
 {
     constexpr int kDayLength = 10, kMinuteLength = 16;
-    return QString::fromLatin1(sortableText(begin(unit)).left(byHour_ ? kMinuteLength : kDayLength));
+    return QString::fromLatin1(sortableText(begin(unit)).data(), byHour_ ? kMinuteLength : kDayLength);
 }
 
 } // namespace events

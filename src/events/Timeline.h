@@ -27,14 +27,6 @@ public:
     static Timeline of(Visit&& visit)
     {
         Timeline timeline;
-        Stamp oldest = kNoStamp, newest = kNoStamp;
-        visit([&](Stamp when, int) {
-            if (when == kNoStamp)
-                return;
-            oldest = oldest == kNoStamp ? when : std::min(oldest, when);
-            newest = std::max(newest, when);
-        });
-        timeline.choose(oldest, newest);
         visit([&](Stamp when, int type) {
             if (when != kNoStamp)
                 timeline.count(when, type);
@@ -62,9 +54,19 @@ public:
     QString name(qint64 unit) const;
 
 private:
-    void choose(Stamp oldest, Stamp newest);
-    void count(Stamp when, int type);
+    // Files hold their events in the order of time, nearly always: what falls into one hour comes together.
+    // Until all are counted a bar's unit is its hour as a number yyyymmddhh.
+    void count(Stamp when, int type)
+    {
+        const qint64 hour = when / kHour;
+        if (bars_.empty() || bars_.back().unit != hour)
+            bars_.push_back({hour, {}});
+        ++bars_.back().counts[std::size_t(type)];
+    }
     void arrange();
+    void merge();
+
+    static constexpr Stamp kHour = 10'000;
 
     bool byHour_ = false;
     std::vector<Bar> bars_;

@@ -4,7 +4,12 @@ namespace platform {
 
 namespace {
 constexpr double kSecondsOfDay = 24 * 60 * 60;
+
+bool reachesMidnight(const Clock& clock, double seconds)
+{
+    return clock.secondsSinceMidnight() + seconds >= kSecondsOfDay;
 }
+} // namespace
 
 void Timer::setInterval(int milliseconds)
 {
@@ -27,9 +32,15 @@ void Timer::start(int milliseconds)
 double waitOnDayClock(Clock& clock, double seconds)
 {
     const qint64 begun = clock.elapsed();
-    const bool acrossMidnight = clock.secondsSinceMidnight() + seconds >= kSecondsOfDay;
-    clock.block(acrossMidnight ? seconds + kSecondsOfDay : seconds);
+    clock.block(reachesMidnight(clock, seconds) ? seconds + kSecondsOfDay : seconds);
     return double(clock.elapsed() - begun) / 1000.0;
+}
+
+void awaitRoomInTheDay(Clock& clock, double seconds)
+{
+    constexpr int kMillisecondsOfDay = int(kSecondsOfDay) * 1000;
+    while (reachesMidnight(clock, seconds))
+        clock.block((kMillisecondsOfDay - clock.now().time().msecsSinceStartOfDay()) / 1000.0);
 }
 
 } // namespace platform

@@ -22,6 +22,8 @@ public:
     void stop() { setEnabled(false); }
 
     std::function<void()> onTick;
+    // Behind each tick, when it holds nothing back any more: here a box may stand as long as it likes.
+    std::function<void()> onTicked;
 
 protected:
     // Puts the settings into force: arms the timer anew, or disarms it.
@@ -53,5 +55,8 @@ public:
 // time elapsed. That clock restarts at midnight: a wait across it ends when the same value comes round the
 // next day.
 double waitOnDayClock(Clock& clock, double seconds);
+
+// Blocks until the first second of the next day when a wait of so many seconds would reach into it.
+void awaitRoomInTheDay(Clock& clock, double seconds);
 
 } // namespace platform

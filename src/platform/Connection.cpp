@@ -1,10 +1,11 @@
 #include "platform/Connection.h"
 
-#include "platform/Dialect.h"
 #include "platform/InsertIntoFile.h"
 #include "platform/OnlineBackup.h"
 #include "platform/RuntimeError.h"
 #include "platform/SqlFailure.h"
+#include "platform/SqlFunctions.h"
+#include "platform/Words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,32 +24,23 @@ constexpr int kLookasideBytes = 1200;
 constexpr int kLookasideSlots = 1000;
 constexpr int kPreparedStatements = 128;
 
-QString dataSourceOf(const QString& connectionString)
-{
-    static const QString kMark = QStringLiteral("Data Source = ");
-    const qsizetype at = connectionString.indexOf(kMark);
-    if (at < 0)
-        fail(errors::kInvalidCall, QStringLiteral("The connection string names no data source."));
-    return connectionString.mid(at + kMark.size());
-}
-
 QString wordsFor(const SQLite::Exception& exception, const QString& path)
 {
     const QString file = QDir::toNativeSeparators(path);
     switch (exception.getErrorCode()) {
     case SQLITE_NOTADB:
-        return QStringLiteral("'%1' is not a company database.").arg(file);
+        return inWords("file.notdatabase", {file});
     case SQLITE_CORRUPT:
-        return QStringLiteral("'%1' is damaged: the file is cut off or was overwritten.").arg(file);
+        return inWords("file.damaged", {file});
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return QStringLiteral("'%1' is in use by another program.").arg(file);
+        return inWords("file.locked", {file});
     case SQLITE_READONLY:
-        return QStringLiteral("'%1' is read-only.").arg(file);
+        return inWords("file.readonly", {file});
     case SQLITE_FULL:
-        return QStringLiteral("The disk of '%1' is full.").arg(file);
+        return inWords("file.diskfull", {file});
     case SQLITE_CANTOPEN:
-        return QStringLiteral("'%1' can't be opened.").arg(file);
+        return inWords("file.cantopen", {file});
     default:
         return QStringLiteral("%1 (%2)").arg(QString::fromUtf8(exception.what()), file);
     }
@@ -81,14 +73,13 @@ Connection::~Connection()
     Close();
 }
 
-void Connection::Open(const QString& connectionString)
+void Connection::Open(const QString& file)
 {
     if (database_)
         fail(errors::kInvalidCall, QStringLiteral("The connection is open already."));
-    path_ = QDir::fromNativeSeparators(dataSourceOf(connectionString));
+    path_ = QDir::fromNativeSeparators(file);
     if (!QFileInfo(path_).isFile())
-        fail(errors::kFileNotFound,
-             QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(path_)));
+        failInWords(errors::kFileNotFound, "file.missing", {QDir::toNativeSeparators(path_)});
     try {
         auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(), kOpenFlags,
                                                            kBusyMilliseconds);
@@ -97,19 +88,22 @@ void Connection::Open(const QString& connectionString)
         database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
         database->exec("SELECT Count(*) FROM sqlite_master;");
         database->exec("PRAGMA journal_mode=DELETE;");
-        addDialectFunctions(*database);
+        addSqlFunctions(*database);
         database_ = std::move(database);
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);
     }
 }
 
-void Connection::Close()
+bool Connection::Close()
 {
     if (backup_)
         backup_->abandon();
     prepared_.clear();
-    database_.reset();
+    const bool inUse = database_ && sqlite3_next_stmt(database_->getHandle(), nullptr);
+    if (!inUse)
+        database_.reset();
+    return !inUse;
 }
 
 int Connection::State() const
@@ -123,7 +117,7 @@ int Connection::Execute(const QString& sql)
     try {
         if (const auto insert = InsertIntoFile::parse(sql))
             return insert->run(engine);
-        return engine.exec(inEngineDialect(sql).toStdString());
+        return engine.exec(sql.toStdString());
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);
     }
@@ -142,6 +136,11 @@ void Connection::CommitTrans()
 void Connection::RollbackTrans()
 {
     Execute(QStringLiteral("ROLLBACK;"));
+}
+
+bool Connection::inTransaction() const
+{
+    return sqlite3_get_autocommit(database().getHandle()) == 0;
 }
 
 SQLite::Database& Connection::database() const

@@ -33,18 +33,20 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    // `connectionString` holds "Data Source = <file>" as its last part.
-    void Open(const QString& connectionString);
-    void Close();
+    // `file` is the whole name of the database file.
+    void Open(const QString& file);
+    // True when it is closed. While a statement of it still runs it stays open.
+    bool Close();
     int State() const;
 
-    // Runs one statement without a result; returns the number of rows that it changed. An update over a join
-    // is put into the engine's own words.
+    // Runs one statement without a result; returns the number of rows that it changed.
     int Execute(const QString& sql);
 
     void BeginTrans();
     void CommitTrans();
     void RollbackTrans();
+    // False also when the engine has ended one by itself, as it does on a full disk.
+    bool inTransaction() const;
 
     // The engine's own handle. Fails when the connection is closed.
     SQLite::Database& database() const;

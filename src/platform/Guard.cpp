@@ -10,6 +10,8 @@ FailureHook& installedHook()
     static FailureHook hook;
     return hook;
 }
+
+int reported = 0;
 } // namespace
 
 FailureHook setFailureHook(FailureHook hook)
@@ -19,12 +21,41 @@ FailureHook setFailureHook(FailureHook hook)
 
 void reportFailure(const Failure& failure) noexcept
 {
+    ++reported;
     try {
         if (installedHook())
             installedHook()(failure);
     } catch (...) {
         // A report must never become a failure of its own.
     }
+}
+
+int failuresReported()
+{
+    return reported;
+}
+
+FailureQueue::Holding::Holding(FailureQueue& queue)
+    : former_(setFailureHook([&queue](const Failure& failure) { queue.waiting_.push_back(failure); }))
+{
+}
+
+FailureQueue::Holding::~Holding()
+{
+    setFailureHook(std::move(former_));
+}
+
+void FailureQueue::tell() noexcept
+{
+    if (telling_)
+        return;
+    telling_ = true;
+    while (!waiting_.empty()) {
+        const Failure failure = waiting_.front();
+        waiting_.pop_front();
+        reportFailure(failure);
+    }
+    telling_ = false;
 }
 
 } // namespace platform

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 
+#include <deque>
 #include <functional>
 #include <type_traits>
 
@@ -24,6 +25,34 @@ FailureHook setFailureHook(FailureHook hook);
 
 // Hands a failure to the hook. Never throws, whatever the hook does.
 void reportFailure(const Failure& failure) noexcept;
+
+// How many failures were reported so far: whether something failed in between shows in the difference.
+int failuresReported();
+
+// Failures that wait to be told, so that no box stands in the middle of a work. They are told one at a time:
+// what comes while a box stands waits for its end.
+class FailureQueue
+{
+public:
+    // Takes up what is reported while it lives.
+    class Holding
+    {
+    public:
+        explicit Holding(FailureQueue& queue);
+        ~Holding();
+        Holding(const Holding&) = delete;
+        Holding& operator=(const Holding&) = delete;
+
+    private:
+        FailureHook former_;
+    };
+
+    void tell() noexcept;
+
+private:
+    std::deque<Failure> waiting_;
+    bool telling_ = false;
+};
 
 // Runs a procedure's work. A failure in it is reported under `procedure` and the value-initialised result
 // (false, 0, "") comes back: no exception crosses a procedure. Clean-up is the work's own, by destructors.

@@ -1,6 +1,6 @@
 #include "platform/InsertIntoFile.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 #include <QFile>
@@ -85,14 +85,12 @@ std::optional<InsertIntoFile> InsertIntoFile::parse(const QString& sql)
 int InsertIntoFile::run(SQLite::Database& engine) const
 {
     if (!QFile::exists(file)) // attaching would make it
-        fail(errors::kFileNotFound,
-             QStringLiteral("Could not find file '%1'.").arg(QDir::toNativeSeparators(file)));
+        failInWords(errors::kFileNotFound, "file.missing", {QDir::toNativeSeparators(file)});
     const UncheckedReferences unchecked(engine);
     const Attached other(engine, file);
     const QStringList columns = columnsOf(engine, "main", source);
     if (columns.isEmpty() || sorted(columns) != sorted(columnsOf(engine, "other", table)))
-        fail(errors::kDatabase, QStringLiteral("%1: the columns of '%2' are not the company's.")
-                                    .arg(table, QDir::toNativeSeparators(file)));
+        failInWords(errors::kDatabase, "upgrade.columns", {table, QDir::toNativeSeparators(file)});
     const QString names = columns.join(u',');
     const QString insert =
         QStringLiteral("INSERT INTO other.%1 (%2) SELECT %2 FROM main.%3").arg(table, names, source);

@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QStorageInfo>
 #include <QSysInfo>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 
 namespace platform {
 
@@ -45,6 +47,23 @@ QString nearestExisting(const QString& path)
     return folder;
 }
 
+std::optional<dev_t> deviceOf(const QString& path)
+{
+    struct stat entry;
+    return stat(QFile::encodeName(path).constData(), &entry) == 0 ? std::optional(entry.st_dev)
+                                                                  : std::nullopt;
+}
+
+// The highest folder that still lies on the path's device.
+QString topOfDevice(const QString& path)
+{
+    QString top = path;
+    for (QString above = QFileInfo(top).path(); above != top && deviceOf(above) == deviceOf(path);
+         above = QFileInfo(top).path())
+        top = above;
+    return top;
+}
+
 } // namespace
 
 Memory Machine::memory() const
@@ -79,10 +98,32 @@ QString Machine::desktop() const
 
 FileSystem Machine::fileSystemOf(const QString& path) const
 {
-    const QStorageInfo storage(nearestExisting(path));
-    if (!storage.isValid() || !storage.isReady())
+    const QString folder = nearestExisting(path);
+    if (const auto mounted = mountedFileSystemOf(folder))
+        return *mounted;
+    struct statvfs sizes;
+    if (statvfs(QFile::encodeName(folder).constData(), &sizes) != 0)
         fail(errors::kPathNotFound, QStringLiteral("No file system holds '%1'.").arg(path));
-    return {storage.rootPath(), storage.bytesAvailable(), storage.bytesTotal()};
+    return {topOfDevice(folder), qint64(sizes.f_bavail) * qint64(sizes.f_frsize),
+            qint64(sizes.f_blocks) * qint64(sizes.f_frsize)};
+}
+
+std::optional<FileSystem> Machine::mountedFileSystemOf(const QString& path) const
+{
+    const QStorageInfo storage(path);
+    if (!storage.isValid() || !storage.isReady())
+        return std::nullopt;
+    return FileSystem{storage.rootPath(), storage.bytesAvailable(), storage.bytesTotal()};
+}
+
+QString localeOfMachine()
+{
+    for (const char* variable : {"LC_ALL", "LC_CTYPE", "LANG"}) {
+        const QString name = qEnvironmentVariable(variable);
+        if (!name.isEmpty())
+            return name;
+    }
+    return {};
 }
 
 } // namespace platform

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 namespace platform {
 
@@ -38,13 +39,13 @@ public:
     virtual QString desktop() const;
     // The file system that holds the path, or would hold it if the path doesn't exist. None fails.
     virtual FileSystem fileSystemOf(const QString& path) const;
+
+protected:
+    // The same as the table of mounts tells it; none where the table lacks it, as inside a container.
+    virtual std::optional<FileSystem> mountedFileSystemOf(const QString& path) const;
 };
 
-// The Windows locale id of a locale's name ("it_IT.UTF-8", "sr_RS@latin"). A country that isn't known gives
-// the language's own id, a language that isn't known 1033.
-int localeIdOf(const QString& name);
-
-// The locale id of this machine, from LC_ALL, LC_CTYPE and LANG: the first that is set.
-int localeIdOfMachine();
+// The name of this machine's locale ("it_IT.UTF-8"), from LC_ALL, LC_CTYPE and LANG: the first that is set.
+QString localeOfMachine();
 
 } // namespace platform

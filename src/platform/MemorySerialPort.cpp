@@ -1,5 +1,6 @@
 #include "platform/MemorySerialPort.h"
 
+#include "platform/Words.h"
 #include <utility>
 
 namespace platform {
@@ -15,7 +16,7 @@ void MemorySerialPort::setPortOpen(bool open)
 void MemorySerialPort::Output(const QByteArray& bytes)
 {
     if (!open_)
-        fail(errors::kDeviceIo, QStringLiteral("Operation valid only when the port is open"));
+        failInWords(errors::kDeviceIo, "port.closed");
     sent_.push_back({clock_.elapsed(), bytes});
     if (onOutput)
         onOutput(bytes);
@@ -43,7 +44,7 @@ void MemorySerialPort::vanish()
     waiting_.clear();
     clock_.post([this] {
         if (OnFault)
-            OnFault(RuntimeError(errors::kDeviceIo, QStringLiteral("The port has vanished")));
+            OnFault(RuntimeError(errors::kDeviceIo, inWords("port.vanished")));
     });
 }
 

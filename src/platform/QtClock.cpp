@@ -47,6 +47,8 @@ private:
         ticking_ = false;
         if (std::exchange(held_, false))
             timer_.start(0);
+        if (onTicked)
+            onTicked();
     }
 
     QTimer timer_;

@@ -1,12 +1,15 @@
 #include "platform/QtSerialPort.h"
 
 #include "platform/Ports.h"
+#include "platform/Words.h"
 
 #include <QFileInfo>
 
 namespace platform {
 
 namespace {
+
+constexpr qint64 kInputBuffer = 1024;
 
 // Qt's enumerators stand in another order than the handshaking values: map by name.
 QSerialPort::FlowControl flowControlOf(int handshaking)
@@ -61,9 +64,7 @@ QString groupOf(const QString& device)
         if (words.contains(QLatin1String("lock"), Qt::CaseInsensitive) ||
             words.contains(QLatin1String("busy"), Qt::CaseInsensitive))
             fail(errors::kPortOpen, QStringLiteral("Port already open"));
-        fail(errors::kPermissionDenied,
-             QStringLiteral("Access to %1 is refused. Add your user to the group '%2' and log in again.")
-                 .arg(port.portName(), groupOf(port.portName())));
+        failInWords(errors::kPermissionDenied, "port.denied", {port.portName(), groupOf(port.portName())});
     default:
         fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port.portName(), words));
     }
@@ -73,6 +74,8 @@ QString groupOf(const QString& device)
 
 QtSerialPort::QtSerialPort(QString applicationPath) : applicationPath_(std::move(applicationPath))
 {
+    // The output buffer has no size of its own here: each output is flushed.
+    port_.setReadBufferSize(kInputBuffer);
     // Queued: a message box opened inside a slot of readyRead would stop readyRead until it closes.
     connect(
         &port_, &QSerialPort::readyRead, this,
@@ -113,12 +116,24 @@ void QtSerialPort::open()
 void QtSerialPort::Output(const QByteArray& bytes)
 {
     if (!port_.isOpen())
-        fail(errors::kDeviceIo, QStringLiteral("Operation valid only when the port is open"));
+        failInWords(errors::kDeviceIo, "port.closed");
     const bool written = port_.write(bytes) == bytes.size();
     // Without the flush the bytes would leave only when the event loop runs again, behind a Delay.
     port_.flush();
     if (!written)
         fail(errors::kDeviceIo, QStringLiteral("%1: %2").arg(port_.portName(), port_.errorString()));
+}
+
+QByteArray QtSerialPort::Input()
+{
+    if (!port_.isOpen())
+        return {};
+    // What lies with the machine's driver comes over, too: a tick that follows a wait asks before the event
+    // loop has had a look at the port.
+    QByteArray bytes = port_.readAll();
+    while (port_.waitForReadyRead(0))
+        bytes += port_.readAll();
+    return bytes;
 }
 
 void QtSerialPort::onError(QSerialPort::SerialPortError error)
@@ -128,13 +143,9 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
     if (!gone || !port_.isOpen())
         return;
     // A vanished device repeats its error without end and stays open: close it at the first one.
-    const QString device = port_.portName();
     port_.close();
     if (OnFault)
-        OnFault(
-            RuntimeError(errors::kDeviceIo,
-                         QStringLiteral("The port %1 has vanished: was the cable or the adapter pulled out?")
-                             .arg(device)));
+        OnFault(RuntimeError(errors::kDeviceIo, inWords("port.vanished")));
 }
 
 } // namespace platform

@@ -19,7 +19,7 @@ public:
     bool PortOpen() const override { return port_.isOpen(); }
     void setPortOpen(bool open) override;
     void Output(const QByteArray& bytes) override;
-    QByteArray Input() override { return port_.readAll(); }
+    QByteArray Input() override;
 
 private:
     void open();

@@ -3,7 +3,6 @@
 #include "platform/RuntimeError.h"
 #include "platform/Statement.h"
 
-#include <QRegularExpression>
 #include <algorithm>
 
 namespace platform {
@@ -65,9 +64,14 @@ void Recordset::MovePrevious()
     --current_;
 }
 
-void Recordset::Find(const QString& criterion)
+void Recordset::MoveLast()
 {
-    const std::vector<int>& hits = rowsWith(criterion);
+    current_ = std::max(RecordCount() - 1, 0);
+}
+
+void Recordset::Find(const QString& column, const QString& value)
+{
+    const std::vector<int>& hits = rowsWith(column, value);
     if (!filtered_) {
         const auto hit = std::lower_bound(hits.begin(), hits.end(), current_);
         current_ = hit == hits.end() ? rowCount_ : *hit;
@@ -78,26 +82,15 @@ void Recordset::Find(const QString& criterion)
         ++current_;
 }
 
-void Recordset::Filter(const QString& criterion)
+void Recordset::Filter(const QString& column, const QString& value)
 {
-    if (criterion.isEmpty())
-        filtered_.reset();
-    else
-        filtered_ = rowsWith(criterion);
+    filtered_ = rowsWith(column, value);
     current_ = 0;
 }
 
-const std::vector<int>& Recordset::rowsWith(const QString& criterion)
+const std::vector<int>& Recordset::rowsWith(const QString& name, const QString& value)
 {
-    static const QRegularExpression kForm(QStringLiteral("^\\s*\\[(\\w+)\\]\\s*=\\s*'(.*)'\\s*$"),
-                                          QRegularExpression::DotMatchesEverythingOption);
-    const QRegularExpressionMatch match = kForm.match(criterion);
-    if (!match.hasMatch())
-        fail(errors::kInvalidCall,
-             QStringLiteral("The search criterion '%1' is not understood.").arg(criterion));
-    const int column = columnOf(match.captured(1));
-    const QString wanted = match.captured(2).replace(QLatin1String("''"), QLatin1String("'")).toCaseFolded();
-
+    const int column = columnOf(name);
     auto index = rowsByValue_.find(column);
     if (index == rowsByValue_.end()) {
         index = rowsByValue_.insert(column, {});
@@ -107,7 +100,7 @@ const std::vector<int>& Recordset::rowsWith(const QString& criterion)
         }
     }
     static const std::vector<int> kNone;
-    const auto found = index->constFind(wanted);
+    const auto found = index->constFind(value.toCaseFolded());
     return found == index->constEnd() ? kNone : *found;
 }
 

@@ -40,15 +40,15 @@ public:
     void MoveFirst();
     void MoveNext();
     void MovePrevious();
+    void MoveLast();
 
-    // Moves to the first row, from the current one on, whose column equals the quoted value of a criterion of
-    // the form "[column] = 'value'" (no case); stands at the end when there is none. One hash a column, no
-    // walk.
-    void Find(const QString& criterion);
+    // Moves to the first row, from the current one on, whose column holds the value (no case); stands at the
+    // end when there is none. One hash a column, no walk.
+    void Find(const QString& column, const QString& value);
 
-    // Shows only the rows that meet a criterion of the same form, and moves to the first of them; "" shows
-    // all rows again.
-    void Filter(const QString& criterion);
+    // Shows only the rows whose column holds the value, whatever was shown before, and moves to the first of
+    // them.
+    void Filter(const QString& column, const QString& value);
 
     QStringList fieldNames() const { return names_; }
     bool hasField(const QString& name) const;
@@ -76,8 +76,8 @@ private:
 
     Cell read(const Statement& row, int column);
     int columnOf(const QString& name) const;
-    // The rows that meet a criterion, in their order, whatever the filter.
-    const std::vector<int>& rowsWith(const QString& criterion);
+    // The rows whose column holds the value, in their order, whatever the filter.
+    const std::vector<int>& rowsWith(const QString& column, const QString& value);
     int rowAt(int place) const { return filtered_ ? (*filtered_)[std::size_t(place)] : place; }
     const Cell& cell(int row, int column) const { return cells_[std::size_t(row) * names_.size() + column]; }
     const Cell& current(int column) const; // of the record on which the cursor stands

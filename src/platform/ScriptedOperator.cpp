@@ -12,6 +12,8 @@ void ScriptedOperator::expect(const QString& text, int answer)
 int ScriptedOperator::messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title)
 {
     boxes.push_back({text, buttons, icon, title});
+    if (onBox)
+        onBox(text);
     if (!script_.empty() && script_.front().first == text) {
         const int answer = script_.front().second;
         script_.pop_front();

@@ -59,6 +59,8 @@ public:
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
     std::function<void()> onBeep;
+    // What happens while a box stands.
+    std::function<void(const QString& text)> onBox;
 
 protected:
     void showPointer(Pointer shape) override { pointer = shape; }

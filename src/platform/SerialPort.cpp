@@ -4,6 +4,25 @@
 
 namespace platform {
 
+namespace {
+
+const QStringList kStopBits{QStringLiteral("1"), QStringLiteral("1.5"), QStringLiteral("2")};
+
+} // namespace
+
+void SerialPort::setSettings(const QString& settings)
+{
+    LineSettings::parse(settings);
+    settings_ = settings;
+}
+
+void SerialPort::setHandshaking(int value)
+{
+    if (value < 0 || value > 3)
+        fail(errors::kInvalidCall, QStringLiteral("The handshaking %1 is not valid.").arg(value));
+    handshaking_ = value;
+}
+
 LineSettings LineSettings::parse(const QString& text)
 {
     const QStringList parts = text.split(QLatin1Char(','));
@@ -16,7 +35,8 @@ LineSettings LineSettings::parse(const QString& text)
         line.dataBits = parts[2].toInt(&bitsOk);
         line.stopBits = parts[3];
     }
-    if (!speedOk || !bitsOk || !QByteArray("EONMS").contains(line.parity))
+    if (!speedOk || !bitsOk || !QByteArray("EONMS").contains(line.parity) ||
+        !kStopBits.contains(line.stopBits))
         fail(errors::kInvalidCall, QStringLiteral("The line settings '%1' are not valid.").arg(text));
     return line;
 }

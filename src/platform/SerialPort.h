@@ -23,15 +23,16 @@ public:
     int Handshaking() const { return handshaking_; }
     void setCommPort(int number) { commPort_ = number; }
     // "9600,N,8,1": speed, parity letter, data bits, stop bits. Taken at the next opening.
-    void setSettings(const QString& settings) { settings_ = settings; }
-    // 0 none, 1 Xon/Xoff, 2 hardware, 3 both.
-    void setHandshaking(int value) { handshaking_ = value; }
+    // A text that names no line parameters is refused.
+    void setSettings(const QString& settings);
+    // 0 none, 1 Xon/Xoff, 2 hardware, 3 both; anything else is refused.
+    void setHandshaking(int value);
 
     virtual bool PortOpen() const = 0;
     virtual void setPortOpen(bool open) = 0;
     // Writes all bytes before it returns.
     virtual void Output(const QByteArray& bytes) = 0;
-    // Takes everything that waits.
+    // Takes everything that waits, also what has not been announced yet.
     virtual QByteArray Input() = 0;
 
     std::function<void()> OnComm;

@@ -1,28 +1,29 @@
 #include "platform/SingleInstance.h"
 
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 namespace platform {
 
 namespace {
-
-bool isHeldByNobody(const QLockFile& mark)
-{
-    qint64 process = 0;
-    QString host, program;
-    return !mark.getLockInfo(&process, &host, &program);
-}
-
+constexpr int kRights = 0666; // less what the operator's own mask takes away
 } // namespace
 
 SingleInstance::SingleInstance(const QString& applicationFolder)
-    : mark_(applicationFolder + QStringLiteral("/Calidora.lock"))
+    : mark_(open(QFile::encodeName(applicationFolder + QStringLiteral("/Calidora.lock")).constData(),
+                 O_RDWR | O_CREAT | O_CLOEXEC, kRights))
 {
-    // A program may run for weeks: its mark never grows stale by age, only by the death of its process.
-    mark_.setStaleLockTime(0);
-    bool held = mark_.tryLock();
-    // A power cut may leave a mark that names nobody. The removal is refused when its maker is alive.
-    if (!held && isHeldByNobody(mark_) && mark_.removeStaleLockFile())
-        held = mark_.tryLock();
-    anotherIsRunning_ = !held && mark_.error() == QLockFile::LockFailedError;
+    if (mark_ >= 0)
+        anotherIsRunning_ = flock(mark_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
+SingleInstance::~SingleInstance()
+{
+    if (mark_ >= 0)
+        close(mark_);
 }
 
 } // namespace platform

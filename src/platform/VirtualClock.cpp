@@ -20,7 +20,13 @@ public:
         if (onTick)
             onTick();
         ticking_ = false;
+        tickedThisRound_ = true;
+        if (onTicked)
+            onTicked();
     }
+
+    bool mayTick() const { return due() && *due() <= clock_.elapsed_ && !tickedThisRound_; }
+    void beginRound() { tickedThisRound_ = false; }
 
 protected:
     void rearm() override
@@ -35,6 +41,7 @@ private:
     VirtualClock& clock_;
     std::optional<qint64> due_;
     bool ticking_ = false;
+    bool tickedThisRound_ = false;
 };
 
 namespace {
@@ -98,6 +105,7 @@ bool VirtualClock::runUntil(const std::function<bool()>& condition, qint64 limit
         if (elapsed_ >= end)
             return false;
         elapsed_ = due ? std::clamp(*due, elapsed_, end) : end;
+        beginRound();
     }
 }
 
@@ -110,20 +118,42 @@ bool VirtualClock::runDueNow()
             return true;
         }
     }
-    if (!events_.empty()) {
-        const std::function<void()> event = std::move(events_.front());
-        events_.pop_front();
-        event();
+    if (order_ == Order::EventsFirst)
+        return runEvent() || tickFirst();
+    if (tickFirst())
         return true;
-    }
+    beginRound();
+    return runEvent() || tickFirst();
+}
+
+bool VirtualClock::runEvent()
+{
+    if (events_.empty())
+        return false;
+    const std::function<void()> event = std::move(events_.front());
+    events_.pop_front();
+    event();
+    return true;
+}
+
+bool VirtualClock::tickFirst()
+{
+    if (order_ == Order::EventsFirst)
+        beginRound();
     VirtualTimer* first = nullptr;
     for (VirtualTimer* timer : timers_) {
-        if (timer->due() && *timer->due() <= elapsed_ && (!first || *timer->due() < *first->due()))
+        if (timer->mayTick() && (!first || *timer->due() < *first->due()))
             first = timer;
     }
     if (first)
         first->tick();
     return first != nullptr;
+}
+
+void VirtualClock::beginRound()
+{
+    for (VirtualTimer* timer : timers_)
+        timer->beginRound();
 }
 
 std::optional<qint64> VirtualClock::nextDue() const

@@ -22,11 +22,18 @@ public:
 
 // Time that is moved by hand, so that an hour of protocol runs in milliseconds.
 //
-// It owns the event loop of a test: what falls due first happens first, a peer before a posted event before a
-// timer, and everything but the peers waits while the program blocks.
+// It owns the event loop of a test: what falls due first happens first, peers before all others, and
+// everything but the peers waits while the program blocks. Behind a wait the real loop lets each timer that
+// is due tick once and then takes what was posted; the other order can be had, too.
 class VirtualClock : public Clock
 {
 public:
+    enum class Order
+    {
+        TimersFirst,
+        EventsFirst
+    };
+
     explicit VirtualClock(QDateTime start = QDateTime(QDate(2026, 3, 14), QTime(9, 0)));
     ~VirtualClock() override;
 
@@ -35,6 +42,7 @@ public:
     void block(double seconds) override;
     std::unique_ptr<Timer> makeTimer() override;
 
+    void setOrder(Order order) { order_ = order; }
     void addPeer(Peer& peer) { peers_.push_back(&peer); }
     void removePeer(Peer& peer);
     // Queues an event of the program: it runs as soon as nothing blocks, in the order of posting.
@@ -51,10 +59,15 @@ private:
     class VirtualTimer;
 
     bool runDueNow();
+    bool runEvent();
+    // The earliest of the timers that are due and have not ticked in this round.
+    bool tickFirst();
+    void beginRound();
     std::optional<qint64> nextDue() const;
     std::optional<qint64> nextPeerDue() const;
 
     QDateTime start_;
+    Order order_ = Order::TimersFirst;
     qint64 elapsed_ = 0;
     std::vector<Peer*> peers_;
     std::vector<VirtualTimer*> timers_;

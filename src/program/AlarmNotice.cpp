@@ -24,13 +24,14 @@ AlarmNotice::AlarmNotice(const Session& session, const Texts& texts)
     });
 }
 
-void AlarmNotice::tell(QWidget& window)
+void AlarmNotice::tell(QWidget& window, const QStringList& calls)
 {
     window_ = &window;
     QApplication::alert(&window);
     const bool inBackground = QApplication::activeWindow() == nullptr;
     if (inBackground)
-        announce_(session_.AppTitle, texts_(582) + '\n' + texts_(585));
+        announce_(session_.AppTitle,
+                  (QStringList{texts_(582)} + calls + QStringList{texts_(585)}).join('\n'));
 }
 
 void AlarmNotice::showOnDesktop(const QString& title, const QString& text)

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <functional>
 
 class QSystemTrayIcon;
@@ -23,7 +24,8 @@ public:
 
     AlarmNotice(const session::Session& session, const session::Texts& texts);
 
-    void tell(QWidget& window);
+    // `calls` are the plants that called, each with its time.
+    void tell(QWidget& window, const QStringList& calls = {});
     // Another way to show the notice than the desktop's own.
     void announceWith(Announce announce) { announce_ = std::move(announce); }
 

@@ -2,6 +2,7 @@
 
 #include "platform/widgets/Icons.h"
 #include "platform/widgets/KeyLocks.h"
+#include "session/Session.h"
 #include "session/Texts.h"
 #include "widgets/FormLanguage.h"
 
@@ -20,6 +21,7 @@ using widgets::tagged;
 namespace {
 
 constexpr int kPictureSize = 16;
+constexpr int kLongestName = 200;
 
 constexpr std::pair<const char*, bus::Panel> kLinePanels[] = {
     {"COMSet", bus::Panel::COMSet}, {"Info", bus::Panel::Info}, {"Allarm", bus::Panel::Allarm}};
@@ -37,6 +39,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     setObjectName("staMain");
     addPanel("COMSet", 264);
     addPanel("Info", 207, 1);
+    addPanel("User", 35);
     addPanel("Allarm", 290);
     addPanel("Caps", 208);
     addPanel("Num", 209);
@@ -58,7 +61,9 @@ void MainStatusBar::addPanel(const QString& key, int tag, int stretch)
     panel.frame = tagged(new QWidget(this), key, QString::number(tag));
     panel.picture = new QLabel(panel.frame);
     panel.text = new QLabel(panel.frame);
+    panel.text->setTextFormat(Qt::PlainText);
     panel.text->setObjectName("text");
+    panel.text->setTextFormat(Qt::PlainText);
     panel.picture->hide();
     auto* layout = new QHBoxLayout(panel.frame);
     layout->setContentsMargins(6, 2, 6, 2);
@@ -110,6 +115,18 @@ void MainStatusBar::clearTip(bus::Panel panel)
         if (shown == panel)
             widgets_[key].frame->setToolTip({});
     }
+}
+
+void MainStatusBar::showUser(const Session& session)
+{
+    const PanelWidget& panel = widgets_["User"];
+    panel.frame->setVisible(!session.DbName.isEmpty());
+    const bool somebody = !session.CurrentUser.IDUser.isEmpty();
+    panel.picture->setPixmap(platform::icon(somebody ? "users" : "lock")
+                                 .pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    panel.picture->show();
+    const QString shown = somebody ? session.CurrentUser.Name : texts_.own("panel.nobody");
+    panel.text->setText(fontMetrics().elidedText(shown, Qt::ElideRight, kLongestName));
 }
 
 void MainStatusBar::showTime()

@@ -21,6 +21,8 @@ public:
 
     // The words that no Tag brings, in the current language.
     void relabel();
+    // Who works with the open company; nothing without one.
+    void showUser(const session::Session& session);
 
 signals:
     void panelDoubleClicked(const QString& key);

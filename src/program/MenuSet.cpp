@@ -43,8 +43,6 @@ MenuSet::MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, Co
         bar_ << makeMenu(menu, form, handlers);
     mnuBus_ = makeMenu({"mnuBus", 0, {}, offeredEntries(popupBus(place), handlers)}, form, handlers);
     mnuBus_->setDefaultAction(mnuBus_->findChild<QAction*>("mnuBusProperty"));
-    if (QAction* refreshEntry = form->findChild<QAction*>("mnuRefresh"))
-        refreshEntry->setShortcut(Qt::Key_F5);
     connect(&states, &CommandStates::changed, this, &MenuSet::refresh);
     refresh();
 }

@@ -8,11 +8,14 @@
 #include "database/Database.h"
 #include "database/Safekeeping.h"
 #include "database/SafetyCopies.h"
+#include "dialogs/Info.h"
+#include "dialogs/Settings.h"
 #include "dialogs/Zoom.h"
 #include "events/EventLog.h"
 #include "events/EventViewer.h"
 #include "events/Purge.h"
 #include "platform/Forward.h"
+#include "platform/Machine.h"
 #include "platform/SingleInstance.h"
 #include "program/AlarmNotice.h"
 #include "property/PropertyCopy.h"
@@ -22,8 +25,13 @@
 #include "session/Forward.h"
 #include "session/Main.h"
 #include "session/Printing.h"
+#include "structure/PlantClipboard.h"
+#include "structure/PlantDrag.h"
 #include "structure/PlantEditor.h"
+#include "structure/PlantStates.h"
 #include "structure/Structure.h"
+#include "users/Login.h"
+#include "users/UserEditor.h"
 
 #include <QObject>
 #include <optional>
@@ -55,13 +63,15 @@ public:
     // The start; false when the process is to end at once.
     bool run() { return main_.run(); }
 
-    const session::CommandHandlers& handlers() const { return handlers_; }
+    session::CommandHandlers& handlers() { return handlers_; }
     session::CommandStates& commands() { return commands_; }
     structure::Structure& structure() { return structure_; }
+    events::EventLog& events() { return events_; }
     bus::StatusPanels& panels() { return panels_; }
     database::Database& database() { return database_; }
     session::Printing& printing() { return printing_; }
     session::Main& main() { return main_; }
+    users::Login& login() { return login_; }
 
 signals:
     // The main window has gone.
@@ -73,6 +83,10 @@ private:
     void showBeside(const QString& form);
     void listen();
     session::MainServices services();
+    users::Login::Verbs loginVerbs();
+    dialogs::Settings::Verbs settingsVerbs();
+    void endProgram();
+    void acknowledgeAlarms();
     QWidget* makeMainWindow();
     frmMain* mainWindow() const;
 
@@ -91,13 +105,22 @@ private:
     console::Console console_;
     dialogs::Zoom zoom_;
     structure::PlantEditor editor_;
+    structure::PlantClipboard clipboard_;
+    structure::PlantStates states_;
+    structure::PlantDrag drag_;
     property::PropertyModel property_;
     property::PropertyCopy propertyCopy_;
     session::Printing printing_;
     session::CommandHandlers handlers_;
     session::CommandStates commands_;
     session::Main main_;
+    users::Login login_;
+    users::UserEditor userEditor_;
+    dialogs::Settings settings_;
+    platform::Machine machine_;
+    dialogs::Info info_;
     AlarmNotice alarmNotice_;
+    QStringList alarmCalls_; // the plants that called and wait for an acknowledgement
     std::optional<platform::SingleInstance> instance_;
 };
 

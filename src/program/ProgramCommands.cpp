@@ -16,6 +16,10 @@ void Program::registerCommands()
     handlers_.set("BackupDb", [this] { safekeeping_.Backup_Database(); });
     handlers_.set("RestoreDb", [this] { safekeeping_.Restore_Database(); });
     handlers_.set("UpgradeDb", [this] { upgrade_.Upgrade_Database(); });
+    handlers_.set("Users", [this] { with_.op.showFormModal("frmUsers"); });
+    handlers_.set("Settings", [this] { settings_.show(); });
+    handlers_.set("About", [this] { with_.op.showFormModal("frmInfo"); });
+    handlers_.set("Enter", [this] { main_.LogInOut(); });
     handlers_.set("Exit", [this] { main_.leave(); });
 
     handlers_.set("Tree", [this] { structure_.Hide_TreeBus(); });
@@ -42,10 +46,22 @@ void Program::registerCommands()
     handlers_.set("Delete", [this] { editor_.Delete_Item(); });
     handlers_.set("DeleteNode", [this] { editor_.Delete_Node(); });
 
+    handlers_.set("Cut", [this] { clipboard_.Cut_Item(); });
+    handlers_.set("CutNode", [this] { clipboard_.Cut_Node(); });
+    handlers_.set("Copy", [this] { clipboard_.Copy_Item(); });
+    handlers_.set("CopyNode", [this] { clipboard_.Copy_Node(); });
+    handlers_.set("Paste", [this] { clipboard_.Paste_Item(); });
+    handlers_.set("PasteNode", [this] { clipboard_.Paste_Item(); });
+    handlers_.set("Resync", [this] { states_.Resync_Item(); });
+    handlers_.set("ResyncNode", [this] { states_.Resync_Node(); });
+    handlers_.set("Reset", [this] { states_.Reset_Item(); });
+    handlers_.set("ResetNode", [this] { states_.Reset_Node(); });
+
     handlers_.set("Property", [this] { property_.Property_Item(); });
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
+    handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");

@@ -5,8 +5,10 @@
 #include "database/frmConnection.h"
 #include "database/frmCopy.h"
 #include "database/frmUpgrade.h"
+#include "dialogs/frmInfo.h"
 #include "dialogs/frmLanguage.h"
 #include "dialogs/frmMessage.h"
+#include "dialogs/frmSettings.h"
 #include "dialogs/frmZoom.h"
 #include "dialogs/frmZoomDate.h"
 #include "events/frmEventFilter.h"
@@ -25,6 +27,8 @@
 #include "structure/frmListBus.h"
 #include "structure/frmPending.h"
 #include "structure/frmTreeBus.h"
+#include "users/frmLogInOut.h"
+#include "users/frmUsers.h"
 
 namespace program {
 
@@ -35,7 +39,8 @@ void Program::registerForms()
     with_.op.registerForm("frmVideoProperty", [&] { return new frmVideoProperty(session); });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
-    with_.op.registerForm("frmMessage", [&] { return new dialogs::frmMessage(session, texts, op); });
+    with_.op.registerForm("frmMessage",
+                          [&, this] { return new dialogs::frmMessage(session, texts, op, alarmCalls_); });
     with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
     with_.op.registerForm("frmZoomDate", [&] { return new dialogs::frmZoomDate(session, clock); });
     with_.op.registerForm("frmProperty",
@@ -45,8 +50,20 @@ void Program::registerForms()
             {session, texts, op, [this](const QString& command) { handlers_.run(command); }, propertyCopy_});
     });
     with_.op.registerForm("frmReadWrite", [&, this] {
-        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_});
+        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_},
+                                         console_.chosenKey());
     });
+    with_.op.registerForm("frmLogInOut",
+                          [&, this] { return new users::frmLogInOut(session, texts, op, login_); });
+    with_.op.registerForm("frmUsers", [&, this] {
+        return new users::frmUsers(
+            {session, texts, op, userEditor_, [this](const QString& command) { handlers_.run(command); }});
+    });
+    with_.op.registerForm("frmSettings",
+                          [&, this] { return new dialogs::frmSettings(session, texts, op, settings_); });
+    with_.op.registerForm("frmInfo", [&, this] { return new dialogs::frmInfo(session, texts, op, info_); });
+    with_.op.registerForm("frmSystemInfo",
+                          [&, this] { return new dialogs::frmSystemInfo(session, texts, op, info_); });
     with_.op.registerForm("frmConnection", [&] {
         auto* window = new database::frmConnection(session, texts, op);
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);
@@ -80,11 +97,11 @@ void Program::registerForms()
 
 QWidget* Program::makeMainWindow()
 {
-    auto* window =
-        new frmMain({with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, main_});
+    auto* window = new frmMain(
+        {with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, drag_, main_});
     with_.op.adoptForm("frmTreeBus", window->treeBus());
     with_.op.adoptForm("frmListBus", window->listBus());
-    connect(&database_, &database::Database::captionChanged, window, &QWidget::setWindowTitle);
+    connect(&database_, &database::Database::captionChanged, window, &frmMain::showCaption);
     connect(window, &frmMain::closed, this, &Program::left);
     connect(window, &frmMain::languageChanged, this, [this] { bus_.relabel(); });
     return window;

@@ -5,6 +5,7 @@
 #include "program/MainStatusBar.h"
 #include "program/MainToolbar.h"
 #include "program/MenuSet.h"
+#include "session/Caption.h"
 #include "session/CommandStates.h"
 #include "session/Main.h"
 #include "session/Session.h"
@@ -12,6 +13,9 @@
 #include "structure/Structure.h"
 #include "structure/frmListBus.h"
 #include "structure/frmTreeBus.h"
+#include "structure/widgets/DragGesture.h"
+#include "structure/widgets/ListBusView.h"
+#include "structure/widgets/NodeView.h"
 #include "widgets/FormLanguage.h"
 #include "widgets/FormUnits.h"
 
@@ -86,6 +90,16 @@ void frmMain::listen()
             showMenusOf(Place::List);
     });
     frmListBus_->installEventFilter(this);
+    letDrag();
+}
+
+// From the tree and from each view of the list, over the tree.
+void frmMain::letDrag()
+{
+    structure::NodeView& tree = frmTreeBus_->view();
+    new structure::DragGesture(with_.drag, structure::PlantDrag::FromTree, tree, tree);
+    for (QAbstractItemView* view : frmListBus_->view().views())
+        new structure::DragGesture(with_.drag, structure::PlantDrag::FromList, *view, tree);
 }
 
 void frmMain::Load()
@@ -110,6 +124,12 @@ void frmMain::showCompany(bool open)
 {
     pages_->setCurrentWidget(open ? static_cast<QWidget*>(splitter_) : empty_);
     focusPlant();
+}
+
+void frmMain::showCaption()
+{
+    setWindowTitle(mainCaption(with_.session, with_.texts));
+    staMain_->showUser(with_.session);
 }
 
 // Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.
@@ -172,10 +192,7 @@ void frmMain::changeEvent(QEvent* event)
     tlbMain_->relabel();
     staMain_->relabel();
     empty_->relabel();
-    platform::guarded("Module/Set_Language", [this] {
-        if (!with_.session.DbName.isEmpty())
-            setWindowTitle(with_.session.AppTitle + " - " + with_.texts(156) + ' ' + with_.session.DbName);
-    });
+    platform::guarded("Module/Set_Language", [this] { showCaption(); });
     emit languageChanged();
 }
 

@@ -13,6 +13,7 @@ namespace bus {
 class StatusPanels;
 }
 namespace structure {
+class PlantDrag;
 class Structure;
 class frmListBus;
 class frmTreeBus;
@@ -40,6 +41,7 @@ public:
         bus::StatusPanels& panels;
         const session::CommandHandlers& handlers;
         session::CommandStates& commands;
+        structure::PlantDrag& drag;
         session::Main& main;
     };
 
@@ -50,6 +52,8 @@ public:
     // A company is open, or none: the children, or the next steps in their place.
     void showCompany(bool open);
     void focusPlant();
+    // Company and operator, in the caption and in the status bar.
+    void showCaption();
 
 signals:
     void closed();
@@ -65,6 +69,7 @@ private:
     void Load();
     void layOut();
     void listen();
+    void letDrag();
     void showTree(bool visible);
     void takeTreeWidth();
     void showMenusOf(session::Place place);

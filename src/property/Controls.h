@@ -13,7 +13,8 @@ struct Control
     bool enabled = true;
     QString text; // caption or content
     QString toolTip;
-    int limit = 0; // characters a field takes; 0 sets no limit
+    int limit = 0;        // characters a field takes; 0 sets no limit
+    bool touched = false; // the operator changed the text
 };
 
 // The spin buttons beside a field; they are shown and enabled with it.

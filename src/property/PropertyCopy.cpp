@@ -1,5 +1,6 @@
 #include "property/PropertyCopy.h"
 
+#include "platform/Connection.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/Recordset.h"
@@ -32,6 +33,19 @@ QString blockOf(const QString& id)
 QString inBlock(const QString& id, const QString& block)
 {
     return id.left(3) % block % id.mid(5, 3);
+}
+
+const QString kIDCopy = QStringLiteral("mIDCopy");
+const QString kValue = QStringLiteral("Value");
+
+// What was copied before a failure stays copied.
+void keepWhatRan(platform::Transaction& transaction)
+{
+    try {
+        transaction.commit();
+    } catch (const platform::RuntimeError&) {
+        // The first failure is the one to be told; with this one nothing is half copied.
+    }
 }
 
 // prgLoad over one job; it is full, and hidden, on every way out.
@@ -73,21 +87,38 @@ void PropertyCopy::unload()
     });
 }
 
-QString PropertyCopy::ofInstrument() const
-{
-    return u"WHERE ((tbParametersUser.IDGrp = " % property_.IDGrp() % u") AND (tbParametersUser.IDInst = " %
-           property_.IDInst() % u") AND ";
-}
-
 QString PropertyCopy::sourceId() const
 {
-    session_.strSQL = u"SELECT tbParam.mIDCopy FROM tbParametersUser INNER JOIN tbParam "
-                      u"ON tbParametersUser.IDPar = tbParam.mID " %
-                      ofInstrument() % u"(tbParametersUser.IDPar = " % Compose_SqlText(property_.IDPar()) %
-                      u"));";
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParam.mIDCopy
+           FROM tbParametersUser
+                INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID
+           WHERE ((tbParametersUser.IDGrp = %1)
+              AND (tbParametersUser.IDInst = %2)
+              AND (tbParametersUser.IDPar = %3));)");
     Recordset row;
-    row.Open(session_.strSQL, session_.cnDatabase);
-    return row.Eof() ? QString() : row.text(QStringLiteral("mIDCopy"));
+    row.Open(kStatement.arg(property_.IDGrp(), property_.IDInst(), Compose_SqlText(property_.IDPar())),
+             session_.cnDatabase);
+    return row.Eof() ? QString() : row.text(kIDCopy);
+}
+
+QString PropertyCopy::blocksSql() const
+{
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT Mid(tbParam.mIDCopy,4,2) AS IDLev2, tbParamCopyLanguage.mDesc
+           FROM tbParamCopyLanguage
+                INNER JOIN (tbParametersUser
+                            INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID)
+                ON tbParamCopyLanguage.mID = tbParam.mIDCopy
+           WHERE ((tbParametersUser.IDGrp = %1)
+              AND (tbParametersUser.IDInst = %2)
+              AND (Mid(tbParam.mIDCopy,1,2) = %3)
+              AND (Mid(tbParam.mIDCopy,1,5) <> %4)
+              AND (tbParamCopyLanguage.mKeyLang = %5))
+           GROUP BY Mid(tbParam.mIDCopy,4,2), tbParamCopyLanguage.mDesc
+           ORDER BY Mid(tbParam.mIDCopy,4,2);)");
+    return kStatement.arg(property_.IDGrp(), property_.IDInst(), Compose_SqlText(familyOf(IDCopy_)),
+                          Compose_SqlText(blockOf(IDCopy_)), Compose_SqlText(session_.Language.Code));
 }
 
 void PropertyCopy::Load_Items()
@@ -98,17 +129,8 @@ void PropertyCopy::Load_Items()
         blocks_.clear();
         endResetModel();
         IDCopy_ = sourceId();
-        session_.strSQL =
-            u"SELECT Mid(tbParam.mIDCopy,4,2) AS IDLev2, tbParamCopyLanguage.mDesc "
-            u"FROM tbParamCopyLanguage INNER JOIN (tbParametersUser INNER JOIN tbParam "
-            u"ON tbParametersUser.IDPar = tbParam.mID) ON tbParamCopyLanguage.mID = tbParam.mIDCopy " %
-            ofInstrument() % u"(Mid(tbParam.mIDCopy,1,2) = " % Compose_SqlText(familyOf(IDCopy_)) %
-            u") AND (Mid(tbParam.mIDCopy,1,5) <> " % Compose_SqlText(blockOf(IDCopy_)) %
-            u") AND (tbParamCopyLanguage.mKeyLang = " % Compose_SqlText(session_.Language.Code) %
-            u")) GROUP BY Mid(tbParam.mIDCopy,4,2), tbParamCopyLanguage.mDesc "
-            u"ORDER BY Mid(tbParam.mIDCopy,4,2);";
         Recordset rows;
-        rows.Open(session_.strSQL, session_.cnDatabase);
+        rows.Open(blocksSql(), session_.cnDatabase);
         Progress progress(*this, rows.RecordCount());
         for (; !rows.Eof(); rows.MoveNext()) {
             beginInsertRows({}, int(blocks_.size()), int(blocks_.size()));
@@ -148,14 +170,21 @@ void PropertyCopy::Copy_Value()
     guarded("frmPropertyCopy/Copy_Value", [&] {
         if (!mayCopy(checkedCount()))
             return;
-        // What was copied before a failure stays copied, so the list follows on every way out.
+        // The list follows on every way out, when the copy is through.
         struct ListFollows
         {
             structure::Structure& structure;
             ~ListFollows() { structure.reloadList(); }
         } follows{structure_};
         const platform::BusyPointer busy(operator_);
-        copyCheckedBlocks();
+        platform::Transaction transaction(session_.cnDatabase);
+        try {
+            copyCheckedBlocks();
+        } catch (const platform::RuntimeError&) {
+            keepWhatRan(transaction);
+            throw;
+        }
+        transaction.commit();
     });
 }
 
@@ -164,42 +193,51 @@ bool PropertyCopy::mayCopy(int blocks)
 {
     using namespace platform;
     if (blocks == 0) {
-        session_.strMsg = texts_(532);
-        operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+        operator_.messageBox(texts_(532), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
         return false;
     }
     if (blocks == 1)
         return true;
-    session_.strMsg = texts_(533) % u"\r\n" % texts_(534);
-    session_.Answer =
-        operator_.messageBox(session_.strMsg, Buttons::YesNo, Icon::Question, session_.AppTitle);
-    return session_.Answer == answers::kYes;
+    return operator_.messageBox(texts_(533) % u"\r\n" % texts_(534), Buttons::YesNo, Icon::Question,
+                                session_.AppTitle) == answers::kYes;
 }
 
 void PropertyCopy::copyCheckedBlocks()
 {
-    static const QString kIDCopy = QStringLiteral("mIDCopy");
-    static const QString kValue = QStringLiteral("Value");
-    session_.strSQL = u"SELECT tbParam.mIDCopy, tbParametersUser.[Value] "
-                      u"FROM tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID " %
-                      ofInstrument() % u"(Mid(tbParam.mIDCopy,1,5) = " % Compose_SqlText(blockOf(IDCopy_)) %
-                      u")) ORDER BY tbParam.mIDCopy";
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParam.mIDCopy, tbParametersUser.[Value]
+           FROM tbParametersUser
+                INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID
+           WHERE ((tbParametersUser.IDGrp = %1)
+              AND (tbParametersUser.IDInst = %2)
+              AND (Mid(tbParam.mIDCopy,1,5) = %3))
+           ORDER BY tbParam.mIDCopy;)");
     Recordset source;
-    source.Open(session_.strSQL, session_.cnDatabase);
+    source.Open(kStatement.arg(property_.IDGrp(), property_.IDInst(), Compose_SqlText(blockOf(IDCopy_))),
+                session_.cnDatabase);
     Progress progress(*this, source.RecordCount());
     for (; !source.Eof(); source.MoveNext()) {
         for (const Block& block : blocks_) {
-            if (!block.checked)
-                continue;
-            session_.strSQL =
-                u"UPDATE tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID "
-                u"SET [Value] = " %
-                Compose_SqlText(source[kValue]) % u", State = 1 " % ofInstrument() % u"(tbParam.mIDCopy = " %
-                Compose_SqlText(inBlock(source.text(kIDCopy), block.id)) % u"));";
-            session_.cnDatabase.Execute(session_.strSQL);
+            if (block.checked)
+                copyTo(inBlock(source.text(kIDCopy), block.id), source[kValue]);
         }
         progress.advance();
     }
+}
+
+// A target that the instrument lacks changes nothing, in silence.
+void PropertyCopy::copyTo(const QString& IDCopy, const QVariant& value)
+{
+    static const QString kStatement = QStringLiteral(
+        R"(UPDATE tbParametersUser
+           SET [Value] = %1, State = 1
+           FROM tbParam
+           WHERE ((tbParametersUser.IDPar = tbParam.mID)
+              AND (tbParametersUser.IDGrp = %2)
+              AND (tbParametersUser.IDInst = %3)
+              AND (tbParam.mIDCopy = %4));)");
+    session_.cnDatabase.Execute(kStatement.arg(Compose_SqlText(value), property_.IDGrp(), property_.IDInst(),
+                                               Compose_SqlText(IDCopy)));
 }
 
 // lvwItems

@@ -1,18 +1,11 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+#include "structure/Forward.h"
+
 #include <QAbstractTableModel>
 #include <vector>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-namespace structure {
-class Structure;
-}
 
 namespace property {
 
@@ -61,11 +54,12 @@ private:
         bool checked = false;
     };
 
-    QString ofInstrument() const;
     QString sourceId() const;
+    QString blocksSql() const;
     void checkAll(bool checked);
     bool mayCopy(int blocks);
     void copyCheckedBlocks();
+    void copyTo(const QString& IDCopy, const QVariant& value);
 
     session::Session& session_;
     const session::Texts& texts_;

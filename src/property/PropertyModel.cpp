@@ -2,50 +2,93 @@
 
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Recordset.h"
+#include "property/Checks.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "session/WholeCharacters.h"
 #include "structure/Structure.h"
 #include "values/KeyFilter.h"
 #include "values/Numbers.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 
 namespace property {
 
 using platform::guarded;
 
+namespace {
+
+const std::initializer_list<Control Controls::*> kAlways{&Controls::lblIDPar, &Controls::fraVal,
+                                                         &Controls::cmdOK,    &Controls::cmdCancel,
+                                                         &Controls::cmdApply, &Controls::cmdCopy};
+
+const NumberField* numberField(const QString& name)
+{
+    const auto& fields = numberFields();
+    const auto found = std::find_if(fields.begin(), fields.end(), [&](const NumberField& field) {
+        return name == QLatin1String(field.name);
+    });
+    return found == fields.end() ? nullptr : &*found;
+}
+
+const char* validateName(const NumberField& field)
+{
+    if (field.text == &Controls::txtVal1)
+        return "frmProperty.txtVal1_Validate";
+    if (field.text == &Controls::txtVal2)
+        return "frmProperty.txtVal2_Validate";
+    return "frmProperty.txtVal3_Validate";
+}
+
+} // namespace
+
 PropertyModel::PropertyModel(session::Session& session, const session::Texts& texts, platform::Operator& op,
                              structure::Structure& structure)
-    : session_(session), texts_(texts), operator_(op), structure_(structure)
+    : session_(session), texts_(texts), operator_(op), structure_(structure),
+      catalogue_(session, controls_), tools_{session,
+                                             texts,
+                                             structure,
+                                             catalogue_,
+                                             element_,
+                                             controls_,
+                                             [this](const QString& message, const char* field) {
+                                                 refuse(message, field);
+                                             },
+                                             [this] { emit changed(); }}
 {
 }
 
+PropertyModel::~PropertyModel() = default;
+
+// Opening
+// ------------------------------------------------------------------------------------------------------------
+
 void PropertyModel::Property_Item()
 {
-    openOn(structure_.selectedItem(), "Module/Property_Item");
+    guarded("Module/Property_Item", [&] { open(structure_.selectedItem()); });
 }
 
 void PropertyModel::Property_Node()
 {
-    openOn(structure_.selectedNode(), "frmTreeBus/Property_Node");
+    guarded("frmTreeBus/Property_Node", [&] { open(structure_.selectedNode()); });
 }
 
-void PropertyModel::openOn(const QString& key, const char* procedure)
+void PropertyModel::open(const QString& key)
 {
-    guarded(procedure, [&] {
-        if (key.isEmpty())
-            return;
-        session_.ClipKey = key;
-        operator_.showFormModal(QStringLiteral("frmProperty"));
-    });
+    if (key.isEmpty())
+        return;
+    element_.key = key;
+    operator_.showFormModal(QStringLiteral("frmProperty"));
 }
 
 void PropertyModel::load()
 {
     guarded("frmProperty.Load", [&] {
         forget();
-        key_ = session_.ClipKey;
-        ids_ = structure::Extract_Key(key_);
+        element_.ids = structure::Extract_Key(element_.key);
+        editor_ = makeEditor(tools_);
         FillControls_Item();
         EnableDisable_Controls();
         controls_.cmdApply.enabled = false;
@@ -57,16 +100,43 @@ void PropertyModel::load()
 // The window is a new one each time.
 void PropertyModel::forget()
 {
+    editor_.reset();
     controls_ = {};
     controls_.cmdCopy.enabled = false;
+    const QString key = element_.key;
+    element_ = {};
+    element_.key = key;
+    SavedText_.clear();
     filled_ = false;
-    ids_ = {};
-    key_.clear();
-    for (QString* text : {&KeyType_, &DP_, &Unit_, &IDCopy_, &SavedText_})
-        text->clear();
-    Enable_ = false;
-    LowLimit_ = HighLimit_ = 0;
     Dirty_ = false;
+}
+
+void PropertyModel::FillControls_Item()
+{
+    guarded("frmProperty/FillControls_Item", [&] {
+        platform::Recordset rows;
+        rows.Open(editor_->statement(), session_.cnDatabase);
+        if (rows.Eof()) {
+            if (editor_->mayBeEmpty())
+                return;
+            failWithoutRow(element_);
+        }
+        const std::optional<platform::RuntimeError> unshown = editor_->fill(rows);
+        filled_ = true;
+        if (unshown)
+            throw *unshown;
+    });
+}
+
+void PropertyModel::EnableDisable_Controls()
+{
+    guarded("frmProperty/EnableDisable_Controls", [&] {
+        for (const NamedControl& named : namedControls())
+            (controls_.*named.control).visible = false;
+        for (Control Controls::*control : kAlways)
+            (controls_.*control).visible = true;
+        editor_->arrange(filled_ && session::rightOf(session_.CurrentUser.Modify));
+    });
 }
 
 // Gestures
@@ -74,7 +144,9 @@ void PropertyModel::forget()
 
 void PropertyModel::enterField(const QString& field)
 {
-    if (const Control* control = fieldNamed(field))
+    if (field == QLatin1String("cbxValEnum") && editor_)
+        editor_->enterList();
+    else if (const Control* control = fieldNamed(field))
         SavedText_ = control->text;
 }
 
@@ -82,7 +154,7 @@ std::optional<QString> PropertyModel::keyPress(const QString& field, const QStri
 {
     if (field.startsWith(QLatin1String("txtValStr")))
         return values::filterTextKey(typed);
-    const std::optional<QString> accepted = values::filterNumberKey(typed, KeyType_, DP_);
+    const std::optional<QString> accepted = values::filterNumberKey(typed, element_.KeyType, element_.DP);
     if (!accepted)
         operator_.beep();
     return accepted;
@@ -107,26 +179,29 @@ void PropertyModel::change(const QString& field, const QString& text)
     Control* control = fieldNamed(field);
     if (!control)
         return;
-    QString kept = control->limit > 0 ? text.left(control->limit) : text;
-    // Half a character would be no character.
-    if (kept.size() < text.size() && !kept.isEmpty() && kept.back().isHighSurrogate())
-        kept.chop(1);
-    control->text = kept;
+    const qsizetype most = std::max<qsizetype>(control->limit, control->text.size());
+    control->text = session::wholeCharacters(control->limit > 0 ? text.left(most) : text);
+    control->touched = true;
     markDirty();
 }
 
 void PropertyModel::spin(const QString& field, int steps)
 {
-    for (const NumberField& number : numberFields()) {
-        if (field != QLatin1String(number.name))
-            continue;
-        const SpinButton& range = controls_.*number.spin;
-        const QString& text = (controls_.*number.text).text;
-        // An empty field starts at the number nearest to zero.
-        const double wanted = values::isNumeric(text) ? values::toNumber(text) + steps : 0;
-        const double most = std::max(range.Min, range.Max);
-        change(field, values::toText(std::clamp(wanted, range.Min, most)));
+    const NumberField* number = numberField(field);
+    if (!number)
+        return;
+    const SpinButton& range = controls_.*number->spin;
+    const QString& text = (controls_.*number->text).text;
+    const double most = std::max(range.Min, range.Max);
+    // An empty field starts at the number nearest to zero.
+    if (text.isEmpty() || isWrongNumber(text, element_)) {
+        change(field, values::toText(std::clamp(0.0, range.Min, most)));
+        return;
     }
+    const double before = values::toNumber(text);
+    const double after = std::clamp(before + steps, range.Min, most);
+    if (after != before)
+        change(field, values::toText(after));
 }
 
 void PropertyModel::pickEntry(int index)
@@ -148,8 +223,53 @@ void PropertyModel::markDirty()
     emit changed();
 }
 
+bool PropertyModel::validate(const QString& field)
+{
+    if (acting_)
+        return true;
+    const QScopedValueRollback<bool> acting(acting_, true);
+    if (field == QLatin1String("cbxValEnum"))
+        return controls_.listIndex >= 0;
+    const NumberField* number = numberField(field);
+    return !number || guarded(validateName(*number), [&] { return isAccepted(*number); });
+}
+
+bool PropertyModel::isAccepted(const NumberField& field)
+{
+    const QString& text = (controls_.*field.text).text;
+    const SpinButton& range = controls_.*field.spin;
+    if (isWrongNumber(text, element_)) {
+        refuse(texts_(kNotNumeric));
+        return false;
+    }
+    if (!text.isEmpty() && !isInRange(text, range)) {
+        refuse(rangeMessage(texts_, range.Min, range.Max));
+        return false;
+    }
+    return true;
+}
+
+// The focus goes to the field first, so that it stands there when the box has gone.
+void PropertyModel::refuse(const QString& message, const char* field)
+{
+    if (field)
+        emit focusWanted(QLatin1String(field));
+    operator_.messageBox(message, platform::Buttons::Ok, platform::Icon::Exclamation, session_.AppTitle);
+}
+
+// Buttons
+// --------------------------------------------------------------------------------------------------------
+
+bool PropertyModel::Update_Item()
+{
+    return guarded("frmProperty/Update_Item", [&] { return editor_ && editor_->update(); });
+}
+
 void PropertyModel::cmdApply_Click()
 {
+    if (acting_)
+        return;
+    const QScopedValueRollback<bool> acting(acting_, true);
     guarded("frmProperty.cmdApply_Click", [&] {
         if (!Dirty_ || !Update_Item())
             return;
@@ -161,6 +281,9 @@ void PropertyModel::cmdApply_Click()
 
 bool PropertyModel::cmdOK_Click()
 {
+    if (acting_)
+        return false;
+    const QScopedValueRollback<bool> acting(acting_, true);
     return guarded("frmProperty.cmdOk_Click", [&] { return !Dirty_ || Update_Item(); });
 }
 
@@ -176,11 +299,6 @@ Control* PropertyModel::fieldNamed(const QString& name)
             return &(controls_.*named.control);
     }
     return nullptr;
-}
-
-bool PropertyModel::mayModify() const
-{
-    return session::rightOf(session_.CurrentUser.Modify);
 }
 
 } // namespace property

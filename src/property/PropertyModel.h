@@ -1,28 +1,18 @@
 #pragma once
 
+#include "property/Catalogue.h"
 #include "property/Controls.h"
-#include "structure/NodeKey.h"
+#include "property/Editor.h"
+#include "property/Element.h"
 
 #include <QObject>
 #include <optional>
-
-namespace platform {
-class Operator;
-class Recordset;
-} // namespace platform
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-namespace structure {
-class Structure;
-}
 
 namespace property {
 
 // The dialog that shows and edits one element of the plant, without its window: what stands in each control,
 // which of them are shown and editable, and what the operator's gestures do. The window shows controls() and
-// hands its events on.
+// hands its events on. What is special to a kind of element is its editor's.
 class PropertyModel : public QObject
 {
     Q_OBJECT
@@ -30,30 +20,34 @@ class PropertyModel : public QObject
 public:
     PropertyModel(session::Session& session, const session::Texts& texts, platform::Operator& op,
                   structure::Structure& structure);
+    ~PropertyModel() override;
 
     // Opens the dialog on the selected item of the list; nothing without one.
     void Property_Item();
     // The same on the selected node of the tree.
     void Property_Node();
+    // The same on any element.
+    void open(const QString& key);
 
-    // Loads the element that the shared key names; the window calls it before it appears.
+    // Loads the element that it was opened on; the window calls it before it appears.
     void load();
 
     const Controls& controls() const { return controls_; }
-    const QString& Level() const { return ids_.Level; }
-    const QString& IDGrp() const { return ids_.IDGrp; }
-    const QString& IDInst() const { return ids_.IDInst; }
-    const QString& IDParGrp() const { return ids_.IDParGrp; }
-    const QString& IDPar() const { return ids_.IDPar; }
-    const QString& KeyType() const { return KeyType_; }
-    const QString& DP() const { return DP_; }
-    const QString& Unit() const { return Unit_; }
-    const QString& IDCopy() const { return IDCopy_; }
-    bool Enable() const { return Enable_; }
-    double LowLimit() const { return LowLimit_; }
-    double HighLimit() const { return HighLimit_; }
+    const QString& Level() const { return element_.ids.Level; }
+    const QString& IDGrp() const { return element_.ids.IDGrp; }
+    const QString& IDInst() const { return element_.ids.IDInst; }
+    const QString& IDParGrp() const { return element_.ids.IDParGrp; }
+    const QString& IDPar() const { return element_.ids.IDPar; }
+    const QString& KeyType() const { return element_.KeyType; }
+    const QString& DP() const { return element_.DP; }
+    const QString& Unit() const { return element_.Unit; }
+    const QString& IDCopy() const { return element_.IDCopy; }
+    bool Enable() const { return element_.Enable; }
+    double LowLimit() const { return element_.LowLimit; }
+    double HighLimit() const { return element_.HighLimit; }
     bool Dirty() const { return Dirty_; }
     const QString& SavedText() const { return SavedText_; }
+    Catalogue& catalogue() { return catalogue_; }
 
     // The operator's gestures, by the field's name
     // ----------------------------------------------------------------------------
@@ -64,7 +58,8 @@ public:
     std::optional<QString> keyPress(const QString& field, const QString& typed);
     // Escape; false when the field stands as it was entered, and the key is free to close the dialog.
     bool restore(const QString& field);
-    // The field's text became another one. It is cut to the field's limit.
+    // The field's text became another one. It is cut to the field's limit; what was longer when it was loaded
+    // may stay so long.
     void change(const QString& field, const QString& text);
     // A spin button: one up or down, within its range.
     void spin(const QString& field, int steps);
@@ -77,13 +72,7 @@ public:
     bool cmdOK_Click(); // true when the dialog closes
     void cmdCopy_Click();
 
-    // Procedures
-    // ----------------------------------------------------------------------------------------------
-    bool Search_Param(const QString& IDPar, QString& Unit, QString& DP, bool& Enable, QString& KeyType,
-                      QString& IDCopy);
-    int Load_ParamEnum(const QString& IDPar, qint16 Value);
-    bool Search_InstMem(const QString& MemBank);
-    // Checks what was entered and writes it; true when the statement was run.
+    // Checks what was entered and writes it; true when it is in the company.
     bool Update_Item();
 
 signals:
@@ -91,58 +80,13 @@ signals:
     void focusWanted(const QString& name); // of a control whose content was rejected
 
 private:
-    // A value that passed its checks: none is stored as NULL.
-    struct NewValue
-    {
-        std::optional<QString> stored;
-        QString shown;
-    };
-
-    void openOn(const QString& key, const char* procedure);
     void forget();
-
-    // Fill.cpp
     void FillControls_Item();
-    [[noreturn]] void failWithoutRow() const;
-    void fillRoot(platform::Recordset& rows);
-    void fillGroup(const platform::Recordset& row);
-    void fillInstrument(const platform::Recordset& row);
-    void fillParamGroup(platform::Recordset& rows);
-    void fillParameter(const platform::Recordset& row);
-    void fillString(const platform::Recordset& row);
-    void fillEnum(const platform::Recordset& row);
-    void fillReal(const platform::Recordset& row);
-    void fillTime(const platform::Recordset& row, int fields);
-    QString total(int text, int count) const;
-
-    // Controls by level, kind and right: EnableDisable.cpp
     void EnableDisable_Controls();
-    void showParameter();
-    void show(std::initializer_list<Control Controls::*> controls);
-    void caption(Control Controls::*label, int text);
-    void allow(std::initializer_list<Control Controls::*> fields, bool editable);
-
-    // Validation.cpp
-    bool isInRange(const QString& text, const SpinButton& spin) const;
-    bool refuse(const QString& message, const QString& field = {});
-    QString rangeMessage(double low, double high) const;
-    std::optional<NewValue> newValue();
-    std::optional<NewValue> newEnum();
-    std::optional<NewValue> newReal();
-    std::optional<NewValue> newHour();
-    std::optional<NewValue> newTime(int fields);
-    std::optional<NewValue> composedTime(const QString& field);
-
-    // Update.cpp
-    bool updateParameter();
-    bool updateInstrument();
-    bool updateGroup();
-    void write(const QString& statement);
-    void showNamed(int image);
-
+    bool isAccepted(const NumberField& field);
+    void refuse(const QString& message, const char* field = nullptr);
     Control* fieldNamed(const QString& name);
     void markDirty();
-    bool mayModify() const;
 
     session::Session& session_;
     const session::Texts& texts_;
@@ -150,13 +94,13 @@ private:
     structure::Structure& structure_;
 
     Controls controls_;
-    structure::KeyParts ids_;
-    QString key_;
-    QString KeyType_, DP_, Unit_, IDCopy_;
-    bool Enable_ = false;
-    double LowLimit_ = 0, HighLimit_ = 0;
+    Element element_;
+    Catalogue catalogue_;
+    EditorTools tools_;
+    std::unique_ptr<Editor> editor_;
     bool Dirty_ = false;
     bool filled_ = false; // the fields hold what the company does
+    bool acting_ = false; // a gesture is being carried out; behind its box no other one is
     QString SavedText_;
 };
 

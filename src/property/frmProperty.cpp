@@ -5,6 +5,7 @@
 #include "session/Texts.h"
 #include "widgets/FieldEdit.h"
 #include "widgets/FormLanguage.h"
+#include "widgets/PlainToolTip.h"
 #include "widgets/SpinButtons.h"
 
 #include <QCheckBox>
@@ -13,6 +14,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QScopedValueRollback>
 
@@ -50,12 +52,10 @@ frmProperty::frmProperty(const session::Session& session, const session::Texts& 
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     model_.load();
-    showEntries();
     showControls();
     widgets::Set_Language(*this, session, texts, op);
     connect(&model_, &PropertyModel::changed, this, &frmProperty::showControls);
-    connect(&model_, &PropertyModel::focusWanted, this,
-            [this](const QString& name) { widgets_[name]->setFocus(Qt::OtherFocusReason); });
+    connect(&model_, &PropertyModel::focusWanted, this, &frmProperty::focusOn);
     for (QWidget* first :
          std::initializer_list<QWidget*>{widgets_["txtValStr1"], widgets_["txtVal1"], cbxValEnum_, cmdOK_}) {
         if (first->isVisibleTo(this) && first->isEnabled()) {
@@ -242,7 +242,7 @@ void frmProperty::showControls()
         } else if (auto* label = qobject_cast<QLabel*>(widget);
                    label && !label->property(widgets::kTag).isValid()) {
             label->setText(control.text);
-            label->setToolTip(control.toolTip);
+            label->setToolTip(widgets::plainToolTip(control.toolTip));
         }
     }
     for (int row = 0; row < kRows; ++row) {
@@ -250,12 +250,16 @@ void frmProperty::showControls()
         spins_[row]->setVisible(field.visible);
         spins_[row]->setEnabled(field.enabled);
     }
+    showEntries();
     cbxValEnum_->setCurrentIndex(controls.listIndex);
     chkDisabled_->setChecked(controls.checked);
 }
 
 void frmProperty::showEntries()
 {
+    if (cbxValEnum_->count() == int(model_.controls().entries.size()))
+        return;
+    cbxValEnum_->clear();
     for (const EnumEntry& entry : model_.controls().entries)
         cbxValEnum_->addItem(entry.text, entry.value);
 }
@@ -267,20 +271,43 @@ void frmProperty::leave(QWidget* field)
     if (returning_)
         return;
     QMetaObject::invokeMethod(
-        this,
-        [this, field, saved = model_.SavedText()] {
-            if (!isVisible() || focusWidget() == field || focusWidget() == cmdCancel_ ||
-                model_.validate(field->objectName()))
-                return;
-            const QScopedValueRollback<bool> returning(returning_, true);
-            field->setFocus(Qt::OtherFocusReason);
-            model_.keepSavedText(saved);
-        },
+        this, [this, field, saved = model_.SavedText(), sent = sent_] { check(field, saved, sent); },
         Qt::QueuedConnection);
+}
+
+void frmProperty::check(QWidget* field, const QString& saved, int sent)
+{
+    if (sent != sent_ || !isVisible() || focusWidget() == field || focusWidget() == cmdCancel_)
+        return;
+    const QPointer<frmProperty> alive(this); // the window may go while the box stands
+    if (model_.validate(field->objectName()) || !alive)
+        return;
+    // While another window is active, the event of the focus comes later: it finds the field entered.
+    for (widgets::FieldEdit* each : fields_)
+        each->setEntered(each == field);
+    goTo(field);
+    model_.keepSavedText(saved);
+}
+
+// The logic sends the focus to a field: what was left before has been checked.
+void frmProperty::focusOn(const QString& name)
+{
+    ++sent_;
+    goTo(widgets_[name]);
+}
+
+void frmProperty::goTo(QWidget* field)
+{
+    const QScopedValueRollback<bool> returning(returning_, true);
+    field->setFocus(Qt::OtherFocusReason);
+    if (auto* edit = qobject_cast<widgets::FieldEdit*>(field))
+        edit->selectAll();
 }
 
 bool frmProperty::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == cbxValEnum_ && event->type() == QEvent::FocusIn)
+        model_.enterField(cbxValEnum_->objectName());
     if (watched == cbxValEnum_ && event->type() == QEvent::FocusOut) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)

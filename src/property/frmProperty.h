@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 #include <QHash>
 
@@ -8,14 +11,6 @@ class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace widgets {
 class FieldEdit;
@@ -52,6 +47,9 @@ private:
     void showControls();
     void showEntries();
     void leave(QWidget* field);
+    void check(QWidget* field, const QString& saved, int sent);
+    void focusOn(const QString& name);
+    void goTo(QWidget* field);
 
     PropertyModel& model_;
     QHash<QString, QWidget*> widgets_; // by control name
@@ -60,6 +58,7 @@ private:
     QComboBox* cbxValEnum_ = nullptr;
     QCheckBox* chkDisabled_ = nullptr;
     QPushButton *cmdOK_ = nullptr, *cmdCancel_ = nullptr, *cmdApply_ = nullptr, *cmdCopy_ = nullptr;
+    int sent_ = 0;           // how often the logic has sent the focus somewhere
     bool returning_ = false; // the focus goes back to a field whose content was refused
 };
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 #include <functional>
 
@@ -9,14 +12,6 @@ class QMenuBar;
 class QProgressBar;
 class QToolBar;
 class QTreeView;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-class Texts;
-struct Session;
-} // namespace session
 
 namespace property {
 

@@ -12,31 +12,42 @@ namespace {
 
 struct Row
 {
-    int localeId;
+    const char* locale; // a language, or one of its locales that differs from it
     int charset;
 };
 
+// What differs stands before its language.
 constexpr Row kCharsets[] = {
-    {1025, 178},  {2049, 178},  {3073, 178},  {4097, 178},  {5121, 178},  {6145, 178},  {7169, 178},
-    {8193, 178},  {9217, 178},  {10241, 178}, {11265, 178}, {12289, 178}, {13313, 178}, {14337, 178},
-    {15361, 178}, {16385, 178}, {1028, 136},  {1029, 238},  {1038, 238},  {1045, 238},  {1051, 238},
-    {1032, 161},  {1037, 177},  {1041, 128},  {1042, 129},  {1049, 204},  {1058, 204},  {1059, 204},
-    {1060, 204},  {1061, 204},  {1062, 204},  {1063, 204},  {3098, 204},  {1054, 222},  {1055, 162},
-    {2052, 134},  {3076, 134},  {4100, 134},
+    {"ar", 178},        {"be", 204}, {"cs", 238},    {"el", 161},    {"et", 204},    {"he", 177},
+    {"hu", 238},        {"ja", 128}, {"ko", 129},    {"lt", 204},    {"lv", 204},    {"pl", 238},
+    {"ru", 204},        {"sk", 238}, {"sl", 204},    {"th", 222},    {"tr", 162},    {"uk", 204},
+    {"sr_RS@latin", 0}, {"sr", 204}, {"zh_CN", 134}, {"zh_HK", 134}, {"zh_SG", 134}, {"zh", 136},
 };
+
+// "sr_RS.UTF-8@latin" without its encoding.
+QString withoutEncoding(const QString& name)
+{
+    const QString modifier = name.section(QLatin1Char('@'), 1, -1, QString::SectionIncludeLeadingSep);
+    return name.section(QLatin1Char('@'), 0, 0).section(QLatin1Char('.'), 0, 0) + modifier;
+}
 
 } // namespace
 
-int charsetOfLocale(int localeId)
+int charsetOfLocale(const QString& name)
 {
-    const auto row = std::find_if(std::begin(kCharsets), std::end(kCharsets),
-                                  [=](const Row& known) { return known.localeId == localeId; });
+    const QString whole = withoutEncoding(name);
+    const QString plain = whole.section(QLatin1Char('@'), 0, 0);
+    const QString language = plain.section(QLatin1Char('_'), 0, 0);
+    const auto row = std::find_if(std::begin(kCharsets), std::end(kCharsets), [&](const Row& known) {
+        const QLatin1String locale(known.locale);
+        return whole == locale || plain == locale || language == locale;
+    });
     return row == std::end(kCharsets) ? 0 : row->charset;
 }
 
-void applyMachineLocale(Session& session, int localeId)
+void applyMachineLocale(Session& session, const QString& locale)
 {
-    session.Charset = charsetOfLocale(localeId);
+    session.Charset = charsetOfLocale(locale);
     session.CodePage = platform::codePageOf(session.Charset);
 }
 

@@ -1,5 +1,6 @@
 #include "session/CommandRules.h"
 
+#include "session/Level.h"
 #include "session/Session.h"
 
 #include <algorithm>
@@ -9,8 +10,8 @@ namespace session {
 
 Rights Rights::of(const UserRecord& user)
 {
-    return {user.isAdministrator(), rightOf(user.UpgradeDb), rightOf(user.Modify), rightOf(user.EventViewer),
-            rightOf(user.ReadWrite)};
+    return {!user.IDUser.isEmpty(), user.isAdministrator(),    rightOf(user.UpgradeDb),
+            rightOf(user.Modify),   rightOf(user.EventViewer), rightOf(user.ReadWrite)};
 }
 
 namespace rules {
@@ -64,7 +65,7 @@ EnabledStates evaluate(const std::vector<Rule>& table, int lowestLevel, int leve
 
 bool isTreeLevel(int level)
 {
-    return level >= 0 && level <= 3;
+    return level >= kNoSelection && level <= kParamGroup;
 }
 
 } // namespace
@@ -102,35 +103,37 @@ EnabledStates listMenus(int level, const Rights& rights)
     return evaluate(kTable, -1, level, rights);
 }
 
+// With no node selected the tree's commands are those of a list without a selection.
+
 EnabledStates treeMenus(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
-        // level:                              0 1 2 3
-        {"mnuRefresh mnuProperty mnuSettings", "EEEE"},
-        {"mnuUsers", "AAAA"},
-        {"mnuUpgradeDb", "UUUU"},
-        {"mnuReset", "MMMM"},
-        {"mnuEventViewer", "VVVV"},
-        {"mnuNew mnuPaste", "MMDD"},
-        {"mnuDelete mnuCut mnuCopy", "DMMD"},
-        {"mnuResync", "MMMD"},
-        {"mnuReadWrite", "DRRR"},
+        // level:                             -1 0 1 2 3
+        {"mnuRefresh mnuProperty mnuSettings", "EEEEE"},
+        {"mnuUsers", "AAAAA"},
+        {"mnuUpgradeDb", "UUUUU"},
+        {"mnuReset", "MMMMM"},
+        {"mnuEventViewer", "VVVVV"},
+        {"mnuNew mnuPaste", "DMMDD"},
+        {"mnuDelete mnuCut mnuCopy", "DDMMD"},
+        {"mnuResync", "MMMMD"},
+        {"mnuReadWrite", "DDRRR"},
     };
-    return isTreeLevel(level) ? evaluate(kTable, 0, level, rights) : EnabledStates{};
+    return isTreeLevel(level) ? evaluate(kTable, kNoSelection, level, rights) : EnabledStates{};
 }
 
 EnabledStates treePopup(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
-        // level:                        0 1 2 3
-        {"mnuBusRefresh mnuBusProperty", "EEEE"},
-        {"mnuBusNew mnuBusPaste", "MMDD"},
-        {"mnuBusDelete mnuBusCut mnuBusCopy", "DMMD"},
-        {"mnuBusResync", "MMMD"},
-        {"mnuBusReset", "MMMM"},
-        {"mnuBusReadWrite", "DRRR"},
+        // level:                       -1 0 1 2 3
+        {"mnuBusRefresh mnuBusProperty", "EEEEE"},
+        {"mnuBusNew mnuBusPaste", "DMMDD"},
+        {"mnuBusDelete mnuBusCut mnuBusCopy", "DDMMD"},
+        {"mnuBusResync", "MMMMD"},
+        {"mnuBusReset", "MMMMM"},
+        {"mnuBusReadWrite", "DDRRR"},
     };
-    return isTreeLevel(level) ? evaluate(kTable, 0, level, rights) : EnabledStates{};
+    return isTreeLevel(level) ? evaluate(kTable, kNoSelection, level, rights) : EnabledStates{};
 }
 
 EnabledStates listPopup(int level, const Rights& rights)
@@ -144,6 +147,27 @@ EnabledStates listPopup(int level, const Rights& rights)
         {"mnuBusReadWrite", "DRRR"},
     };
     return evaluate(kTable, -1, level, rights);
+}
+
+bool permits(const QString& command, const Rights& rights)
+{
+    // The command on the selected node is its twin's.
+    const QString name = command.endsWith(QLatin1String("Node")) ? command.chopped(4) : command;
+    static const std::map<QString, bool Rights::*> kNeeds{
+        {"New", &Rights::modify},          {"Delete", &Rights::modify},
+        {"Cut", &Rights::modify},          {"Copy", &Rights::modify},
+        {"Paste", &Rights::modify},        {"Resync", &Rights::modify},
+        {"Reset", &Rights::modify},        {"Import", &Rights::modify},
+        {"ReadWrite", &Rights::readWrite}, {"EventViewer", &Rights::eventViewer},
+        {"UpgradeDb", &Rights::upgradeDb}, {"Users", &Rights::administrator},
+        {"Property", &Rights::loggedIn},   {"Refresh", &Rights::loggedIn},
+        {"Parent", &Rights::loggedIn},     {"View", &Rights::loggedIn},
+        {"Filter", &Rights::loggedIn},     {"Find", &Rights::loggedIn},
+        {"Pending", &Rights::loggedIn},    {"Export", &Rights::loggedIn},
+        {"Print", &Rights::loggedIn},      {"BackupDb", &Rights::loggedIn},
+    };
+    const auto need = kNeeds.find(name);
+    return need == kNeeds.end() || rights.*need->second;
 }
 
 const QStringList& menusWithoutCompany()

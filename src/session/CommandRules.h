@@ -11,6 +11,7 @@ struct UserRecord;
 // What the operator may do. Being the administrator gives no right but the one over the users.
 struct Rights
 {
+    bool loggedIn = false;
     bool administrator = false;
     bool upgradeDb = false;
     bool modify = false;
@@ -30,12 +31,14 @@ namespace rules {
 EnabledStates toolbar(int level, const Rights& rights, bool treeVisible);
 // Menus of frmListBus; `level` from -1.
 EnabledStates listMenus(int level, const Rights& rights);
-// Menus of frmTreeBus; `level` from 0 to 3, any other touches nothing.
+// Menus of frmTreeBus; `level` from -1 to 3, any other touches nothing.
 EnabledStates treeMenus(int level, const Rights& rights);
-// Popup mnuBus of frmTreeBus; `level` from 0 to 3.
+// Popup mnuBus of frmTreeBus; `level` from -1 to 3.
 EnabledStates treePopup(int level, const Rights& rights);
 // Popup mnuBus of frmListBus; `level` from -1.
 EnabledStates listPopup(int level, const Rights& rights);
+// Whether an operator with these rights may have a command run at all, whatever is selected.
+bool permits(const QString& command, const Rights& rights);
 // The menus of both children that stay enabled without a company.
 const QStringList& menusWithoutCompany();
 

@@ -1,5 +1,6 @@
 #include "session/CommandStates.h"
 
+#include "session/Level.h"
 #include "session/Session.h"
 
 namespace session {
@@ -37,12 +38,17 @@ CommandStates::CommandStates(Session& session) : session_(session) {}
 
 void CommandStates::EnableDisable_TlbMainButtons(int level)
 {
-    apply(buttons_, rules::toolbar(level, rights(), session_.TreeBusSet.Visible != 0));
+    EnabledStates buttons =
+        rules::toolbar(awaitsLogin() ? kNoCompany : level, rights(), session_.TreeBusSet.Visible != 0);
+    if (awaitsLogin())
+        buttons["Enter"] = true;
+    apply(buttons_, buttons);
 }
 
 void CommandStates::EnableDisable_StructureButtons(bool flag)
 {
-    apply(buttons_, {{"Expand", flag}, {"Collapse", flag}});
+    const bool enabled = flag && !awaitsLogin();
+    apply(buttons_, {{"Expand", enabled}, {"Collapse", enabled}});
 }
 
 void CommandStates::DisableMainMenu()
@@ -51,22 +57,27 @@ void CommandStates::DisableMainMenu()
     EnabledStates left;
     for (const QString& name : rules::menusWithoutCompany())
         left[name] = true;
+    left["mnuEnter"] = awaitsLogin();
     apply(treeMenus_, left);
     apply(listMenus_, left);
 }
 
 void CommandStates::Enable_MainMenu()
 {
-    setAllMenus(true);
+    if (!awaitsLogin())
+        setAllMenus(true);
 }
 
 void CommandStates::EnableDisable_MainMenu(int level)
 {
-    apply(listMenus_, rules::listMenus(level, rights()));
+    if (!awaitsLogin())
+        apply(listMenus_, rules::listMenus(level, rights()));
 }
 
 void CommandStates::EnableDisable_Menu(Place place, int level)
 {
+    if (awaitsLogin())
+        return;
     if (place == Place::Tree)
         apply(treeMenus_, rules::treeMenus(level, rights()));
     else
@@ -75,10 +86,11 @@ void CommandStates::EnableDisable_Menu(Place place, int level)
 
 void CommandStates::EnableDisable_PopupMenu(Place place, int level)
 {
-    if (place == Place::Tree)
-        apply(treePopup_, rules::treePopup(level, rights()));
-    else
-        apply(listPopup_, rules::listPopup(level, rights()));
+    EnabledStates popup =
+        place == Place::Tree ? rules::treePopup(level, rights()) : rules::listPopup(level, rights());
+    for (auto& [name, enabled] : popup)
+        enabled = enabled && !awaitsLogin();
+    apply(place == Place::Tree ? treePopup_ : listPopup_, popup);
 }
 
 void CommandStates::Set_View_Toolbar(int view)
@@ -147,6 +159,11 @@ void CommandStates::setAllMenus(bool enabled)
 Rights CommandStates::rights() const
 {
     return Rights::of(session_.CurrentUser);
+}
+
+bool CommandStates::awaitsLogin() const
+{
+    return !session_.DbName.isEmpty() && !rights().loggedIn;
 }
 
 } // namespace session

@@ -53,6 +53,8 @@ private:
     void apply(EnabledStates& states, const EnabledStates& rule);
     void setAllMenus(bool enabled);
     Rights rights() const;
+    // A company is open and nobody works with it: only the login is left of what needs one.
+    bool awaitsLogin() const;
 
     Session& session_;
     EnabledStates buttons_, treeMenus_, listMenus_, treePopup_, listPopup_;

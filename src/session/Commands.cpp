@@ -46,22 +46,26 @@ QString twin(Place place, const QString& command)
     return place == Place::Tree ? command + QStringLiteral("Node") : command;
 }
 
-std::vector<MenuEntry> itemCommands(Place place, const QString& prefix)
+// The commands on an element. Their keys stand in the menu bar, whose entries tell what is enabled.
+std::vector<MenuEntry> itemCommands(Place place, const QString& prefix, bool withKeys)
 {
+    const auto entry = [&](const QString& name, int text, const QString& command, const QString& key) {
+        return MenuEntry{prefix + name, text, command, {}, {}, false, {}, withKeys ? key : QString()};
+    };
     return {
-        {prefix + "New", 117, twin(place, "New")},
-        {prefix + "Delete", 118, twin(place, "Delete")},
+        entry("New", 117, twin(place, "New"), {}),
+        entry("Delete", 118, twin(place, "Delete"), {}),
         kSeparator,
-        {prefix + "Cut", 119, twin(place, "Cut")},
-        {prefix + "Copy", 120, twin(place, "Copy")},
-        {prefix + "Paste", 121, twin(place, "Paste")},
+        entry("Cut", 119, twin(place, "Cut"), "Ctrl+X"),
+        entry("Copy", 120, twin(place, "Copy"), "Ctrl+C"),
+        entry("Paste", 121, twin(place, "Paste"), "Ctrl+V"),
         kSeparator,
-        {prefix + "Refresh", 228, "Refresh"},
-        {prefix + "Resync", 123, twin(place, "Resync")},
-        {prefix + "Reset", 122, twin(place, "Reset")},
+        entry("Refresh", 228, "Refresh", "F5"),
+        entry("Resync", 123, twin(place, "Resync"), {}),
+        entry("Reset", 122, twin(place, "Reset"), {}),
         kSeparator,
-        {prefix + "ReadWrite", 125, twin(place, "ReadWrite")},
-        {prefix + "Property", 124, twin(place, "Property")},
+        entry("ReadWrite", 125, twin(place, "ReadWrite"), {}),
+        entry("Property", 124, twin(place, "Property"), {}),
     };
 }
 
@@ -78,7 +82,7 @@ MenuEntry own(const QString& name, const QString& text, const QString& command, 
 
 MenuEntry commandMenu(Place place)
 {
-    MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu")};
+    MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu", true)};
     menu.entries.push_back(kSeparator);
     menu.entries.push_back({"mnuAllarms", 291, "Allarms"});
     return menu;
@@ -144,7 +148,7 @@ std::vector<MenuEntry> menuBar(Place place)
 
 std::vector<MenuEntry> popupBus(Place place)
 {
-    std::vector<MenuEntry> entries = itemCommands(place, "mnuBus");
+    std::vector<MenuEntry> entries = itemCommands(place, "mnuBus", false);
     if (place == Place::List) {
         const std::vector<MenuEntry> views{
             choice("mnuBusLargeIcon", 131, "LargeIcon"),
@@ -166,7 +170,7 @@ std::vector<MenuEntry> popupToolbar()
 void CommandHandlers::run(const QString& command) const
 {
     const auto found = handlers_.find(command);
-    if (found != handlers_.end())
+    if (found != handlers_.end() && (!permitted_ || permitted_(command)))
         found->second();
 }
 

@@ -62,10 +62,13 @@ public:
         handlers_[command] = std::move(handler);
     }
     bool has(const QString& command) const { return handlers_.contains(command); }
-    // Runs the command; one without a handler does nothing.
+    // What is asked before each command, on whatever path it was called.
+    void onlyIf(std::function<bool(const QString& command)> permitted) { permitted_ = std::move(permitted); }
+    // Runs the command; one without a handler, or one that isn't permitted, does nothing.
     void run(const QString& command) const;
 
 private:
+    std::function<bool(const QString& command)> permitted_;
     std::map<QString, std::function<void()>> handlers_;
 };
 

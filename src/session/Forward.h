@@ -7,6 +7,7 @@ class CommandHandlers;
 class CommandStates;
 class Lookup;
 class Main;
+class Printing;
 class Texts;
 struct Session;
 struct UserRecord;

@@ -59,7 +59,6 @@ bool Main::start()
         applyFirstRunDefaults(session_);
         takeFirstRunMarkers();
     }
-    services_.Inizialize_RUChr();
     Wait_Seconds(clock_, 2);
     operator_.unloadForm("frmPresentation");
 
@@ -68,11 +67,16 @@ bool Main::start()
         operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
         return false;
     }
+    if (services_.folderIsClosed())
+        operator_.messageBox(texts_.own("start.closed").arg(QDir::toNativeSeparators(session_.AppPath)),
+                             Buttons::Ok, Icon::Exclamation, session_.AppTitle);
 
     operator_.showForm("frmVideoProperty");
     operator_.unloadForm("frmVideoProperty");
     operator_.showForm("frmMain");
     openLastCompany();
+    if (left_)
+        return false;
     services_.Set_COMPort();
     services_.Open_COMConnection();
     return true;
@@ -102,23 +106,56 @@ void Main::openLastCompany()
 
 void Main::companyConnected()
 {
-    // A company is worked with by its administrator as long as nobody can log in.
-    session_.CurrentUser = {};
-    session_.CurrentUser.IDUser = "0";
-    session_.CurrentUser.Name = "ADMINISTRATOR";
-    for (QString UserRecord::*right : {&UserRecord::UpgradeDb, &UserRecord::Settings, &UserRecord::Modify,
-                                       &UserRecord::EventViewer, &UserRecord::ReadWrite})
-        session_.CurrentUser.*right = "True";
+    services_.makeSureOfAnOperator();
+    askForLogin();
+}
 
+void Main::LogInOut()
+{
+    platform::guarded("Module/LogInOut", [&] {
+        if (session_.DbName.isEmpty()) {
+            operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+            return;
+        }
+        if (!confirmed(texts_(513) + "\r\n" + texts_(514)))
+            return;
+        operator_.unloadAllForms();
+        services_.selectAboveRoot();
+        askForLogin();
+    });
+}
+
+// Nobody works with the open company until the login has let somebody in. Closed without that, it leaves the
+// commands closed.
+void Main::askForLogin()
+{
+    session_.CurrentUser = {};
+    commands_.EnableDisable_TlbMainButtons(kNoCompany);
+    commands_.DisableMainMenu();
+    services_.showCaption();
+    operator_.showFormModal("frmLogInOut");
+}
+
+void Main::loggedIn()
+{
     commands_.EnableDisable_TlbMainButtons(kNoSelection);
     commands_.Enable_MainMenu();
     commands_.EnableDisable_MainMenu(kNoSelection);
+    services_.applyTreeMenus();
+    services_.showCaption();
 }
 
 void Main::companyLost()
 {
+    session_.CurrentUser = {};
     commands_.EnableDisable_TlbMainButtons(kNoCompany);
     commands_.DisableMainMenu();
+}
+
+void Main::endProgram()
+{
+    left_ = true;
+    services_.endProgram();
 }
 
 void Main::Close_Database()
@@ -128,7 +165,7 @@ void Main::Close_Database()
             operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
             return;
         }
-        if (!confirmed(503))
+        if (!confirmed(texts_(503)))
             return;
         services_.Disconnect_Database();
         operator_.unloadAllForms();
@@ -139,7 +176,7 @@ void Main::Close_Database()
 void Main::leave()
 {
     platform::guarded("frmMain.mnuExit_Click", [&] {
-        if (!confirmed(524))
+        if (!confirmedLeaving())
             return;
         closingByCode_ = true;
         operator_.unloadForm("frmMain");
@@ -149,12 +186,13 @@ void Main::leave()
 bool Main::QueryUnload()
 {
     bool allowed = true;
-    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmed(524); });
+    platform::guarded("frmMain.QueryUnload", [&] { allowed = closingByCode_ || confirmedLeaving(); });
     return allowed;
 }
 
 void Main::Unload()
 {
+    left_ = true;
     platform::guarded("frmMain.Unload", [&] {
         operator_.unloadAllForms();
         services_.Write_Configuration();
@@ -163,9 +201,18 @@ void Main::Unload()
     });
 }
 
-bool Main::confirmed(int text)
+// A connection that is open would be cut: the question says so in a line of its own.
+bool Main::confirmedLeaving()
 {
-    session_.Answer = operator_.messageBox(texts_(text), Buttons::YesNo, Icon::Question, session_.AppTitle);
+    QString question = texts_(524);
+    if (session_.COMPort.Status > kLineIdle)
+        question += "\r\n" + texts_.own("exit.connected");
+    return confirmed(question);
+}
+
+bool Main::confirmed(const QString& question)
+{
+    session_.Answer = operator_.messageBox(question, Buttons::YesNo, Icon::Question, session_.AppTitle);
     return session_.Answer == platform::answers::kYes;
 }
 

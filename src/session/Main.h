@@ -21,15 +21,25 @@ struct MainServices
 {
     std::function<bool()> Read_Configuration;
     std::function<bool()> Write_Configuration;
-    std::function<void()> Inizialize_RUChr;
     // Whether another instance of the program runs with this application folder.
     std::function<bool()> anotherInstanceRuns;
+    // Whether the application folder takes no files.
+    std::function<bool()> folderIsClosed = [] { return false; };
     std::function<bool(const QString& path)> Connect_Database;
     std::function<void()> Disconnect_Database;
     std::function<void(bool enabled, bool all)> Delete_Log;
     std::function<bool()> Set_COMPort;
     std::function<bool()> Open_COMConnection;
     std::function<bool()> Close_COMConnection;
+    // Gives a company that has no operator at all its built-in one.
+    std::function<void()> makeSureOfAnOperator;
+    // Selects the root of the tree, and walks up from it.
+    std::function<void()> selectAboveRoot;
+    // The tree's menus by its selected node.
+    std::function<void()> applyTreeMenus;
+    std::function<void()> showCaption;
+    // The process ends, whatever windows stand.
+    std::function<void()> endProgram;
 };
 
 // The program's beginning and end: start-up in its order, the company commands of the File menu that close,
@@ -49,13 +59,20 @@ public:
 
     explicit Main(Surroundings surroundings);
 
-    // The start. False when the process is to end at once, because another instance runs.
+    // The start. False when the process is to end at once: another instance runs, or the operator has left
+    // already in a window of the start.
     bool run();
 
-    // A company has been connected: somebody works with it from here on.
+    // A company has been connected: nobody works with it before the login.
     void companyConnected();
-    // A command's connect failed and was cleaned up, or nobody logged in.
+    // No company is open any more.
     void companyLost();
+    // mnuEnter and the toolbar's "Enter": another operator, or none.
+    void LogInOut();
+    // The login let an operator in.
+    void loggedIn();
+    // The login's own Exit: at once, without a question.
+    void endProgram();
     void Close_Database();
 
     // mnuExit and the toolbar's "Exit": asks, and unloads the main window by code.
@@ -69,7 +86,9 @@ private:
     void takeFirstRunMarkers();
     bool start();
     void openLastCompany();
-    bool confirmed(int text);
+    void askForLogin();
+    bool confirmedLeaving();
+    bool confirmed(const QString& question);
 
     Session& session_;
     const Texts& texts_;
@@ -78,6 +97,7 @@ private:
     CommandStates& commands_;
     MainServices services_;
     bool closingByCode_ = false;
+    bool left_ = false;
 };
 
 } // namespace session

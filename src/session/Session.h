@@ -37,7 +37,16 @@ struct LogSettings
     qint16 LogDays = 180;
 };
 
-// The line's six settings, as indices into their tables, and its state.
+// The state of the line.
+enum LineStatus : qint16
+{
+    kPortClosed = -1, // or not usable
+    kLineIdle = 0,
+    kConnected = 1, // to a group, with no operation running
+    kBusy = 2       // a connection comes or goes, an operation runs, an instrument calls in
+};
+
+// The line's six settings, as indices into their tables, and its state, which is not stored.
 struct COMPortSettings
 {
     qint16 Port = 0; // number less one: 0 is COM1
@@ -46,7 +55,7 @@ struct COMPortSettings
     qint16 Parity = 2;
     qint16 StopBit = 0;
     qint16 FlowCtrl = 0;
-    qint16 Status = 0; // -1 port closed, 0 idle, 1 connected, 2 busy; not stored
+    LineStatus Status = kLineIdle;
 };
 
 struct LanguageSettings
@@ -86,6 +95,14 @@ enum CompanyField
     VATNumber
 };
 
+// What the clipboard of the plant waits to do with ClipKey.
+enum ClipOperation
+{
+    ClipNothing = 0,
+    ClipCut = 1,
+    ClipCopy = 2
+};
+
 // The values that the whole program shares, made once by main and handed on by reference.
 struct Session
 {
@@ -96,9 +113,9 @@ struct Session
     int Charset = 0;     // the same as a character set number
 
     platform::Connection cnDatabase;
-    QString ConnectionString;
-    QString DbName; // file name, no path; "" means no company is open
-    QString DbPath; // its folder, no trailing separator
+    QString ConnectionString; // what the engine is told to open: the whole name of the company file
+    QString DbName;           // file name, no path; "" means no company is open
+    QString DbPath;           // its folder, no trailing separator
     QString DbVersion;
 
     platform::Recordset rsInstrument, rsParam, rsParamEnum, rsInstMem, rsUsers; // open while connected
@@ -119,7 +136,7 @@ struct Session
     std::array<QString, 10> CompanySet; // by CompanyField
     UserRecord CurrentUser;
 
-    int ClipOperation = 0; // 0 nothing, 1 cut, 2 copy
+    int ClipOperation = ClipNothing;
     QString ClipKey;
     double TitlebarHeight = 0;
 

@@ -3,15 +3,14 @@
 #include "platform/SqlFailure.h"
 
 #include <QFile>
-#include <algorithm>
-#include <vector>
+#include <cstdint>
+#include <limits>
 
 namespace structure {
 
 namespace {
 
 constexpr int kBusyMilliseconds = 2000;
-constexpr std::size_t kGroupsInSlice = 20;
 
 SQLite::Database opened(const QString& file)
 {
@@ -20,6 +19,18 @@ SQLite::Database opened(const QString& file)
                                 kBusyMilliseconds);
     } catch (const SQLite::Exception& exception) {
         platform::failWithSql(exception, file);
+    }
+}
+
+// The next slice begins above the key of the row on which this one stands.
+void beginAbove(SQLite::Statement& next, int keyColumns, SQLite::Statement& row)
+{
+    for (int column = 0; column < keyColumns; ++column) {
+        const SQLite::Column key = row.getColumn(column);
+        if (key.isInteger())
+            next.bind(column + 1, key.getInt64());
+        else
+            next.bind(column + 1, key.getString());
     }
 }
 
@@ -38,19 +49,23 @@ void CompanyReader::eachRow(const QString& sql, const Row& take)
     }
 }
 
-void CompanyReader::eachRowOfPlant(const QString& sql, const StopFlag& stop, const Row& take)
+void CompanyReader::eachRowInSlices(const QString& sql, int keyColumns, const StopFlag& stop, const Row& take)
 {
-    std::vector<int> groups;
-    eachRow(QStringLiteral("SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp;"),
-            [&](SQLite::Statement& row) { groups.push_back(row.getColumn(0).getInt()); });
     try {
-        SQLite::Statement statement(database_, sql.toStdString());
-        for (std::size_t first = 0; first < groups.size() && !stop; first += kGroupsInSlice) {
-            statement.bind(1, groups[first]);
-            statement.bind(2, groups[std::min(first + kGroupsInSlice, groups.size()) - 1]);
-            while (statement.executeStep())
-                take(statement);
-            statement.reset();
+        // Two runs of the statement: the keys of the one that ends are bound to the one that begins.
+        SQLite::Statement one(database_, sql.toStdString());
+        SQLite::Statement other(database_, sql.toStdString());
+        SQLite::Statement *slice = &one, *next = &other;
+        for (int column = 1; column <= keyColumns; ++column)
+            slice->bind(column, std::numeric_limits<std::int64_t>::min());
+        for (int rows = kRowsInSlice; rows == kRowsInSlice && !stop; std::swap(slice, next)) {
+            slice->bind(keyColumns + 1, kRowsInSlice);
+            for (rows = 0; slice->executeStep(); ++rows) {
+                take(*slice);
+                if (rows + 1 == kRowsInSlice)
+                    beginAbove(*next, keyColumns, *slice);
+            }
+            slice->reset();
         }
     } catch (const SQLite::Exception& exception) {
         platform::failWithSql(exception, file_);
@@ -68,6 +83,11 @@ QString textOf(SQLite::Statement& row, int column)
 {
     const std::string_view bytes = bytesOf(row, column);
     return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+}
+
+std::optional<QString> textOrNull(SQLite::Statement& row, int column)
+{
+    return row.isColumnNull(column) ? std::nullopt : std::optional(textOf(row, column));
 }
 
 } // namespace structure

@@ -4,6 +4,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <atomic>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 namespace structure {
@@ -12,7 +13,7 @@ namespace structure {
 using StopFlag = std::atomic_bool;
 
 // A read-only connection of its own on a company file, for work beside the program's connection. A plant is
-// read in slices of a few groups each: between two of them the file is free, so that a writer never waits for
+// read in slices of so many rows: between two of them the file is free, so that a writer never waits for
 // long, and a job that nobody waits for ends.
 //
 // Failures are RuntimeErrors with the engine's words.
@@ -21,13 +22,17 @@ class CompanyReader
 public:
     explicit CompanyReader(const QString& file);
 
-    SQLite::Database& database() { return database_; }
-
-    // Runs a statement and hands over each row. One with two parameters runs once a slice, from the first
-    // number of a group to the last.
     using Row = std::function<void(SQLite::Statement&)>;
+
+    // Runs a statement and hands over each row.
     void eachRow(const QString& sql, const Row& take);
-    void eachRowOfPlant(const QString& sql, const StopFlag& stop, const Row& take);
+
+    // The same, slice by slice. The statement's first columns are its key and its order; it asks for the rows
+    // whose key is above that many parameters, and takes as many rows as one more parameter says:
+    //     SELECT IDGrp, IDInst, ... WHERE ((IDGrp, IDInst) > (?, ?)) ORDER BY IDGrp, IDInst LIMIT ?;
+    void eachRowInSlices(const QString& sql, int keyColumns, const StopFlag& stop, const Row& take);
+
+    static constexpr int kRowsInSlice = 2000;
 
 private:
     QString file_;
@@ -36,5 +41,6 @@ private:
 
 std::string_view bytesOf(SQLite::Statement& row, int column);
 QString textOf(SQLite::Statement& row, int column); // NULL is ""
+std::optional<QString> textOrNull(SQLite::Statement& row, int column);
 
 } // namespace structure

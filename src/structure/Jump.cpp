@@ -6,8 +6,7 @@ namespace structure {
 
 bool jumpTo(Structure& structure, const QString& key)
 {
-    const KeyParts ids = Extract_Key(key);
-    const QString node = Compose_Key(Extract_Level(key), ids.IDGrp, ids.IDInst, ids.IDParGrp);
+    const QString node = parentKey(key);
     if (!structure.tree().contains(node))
         return false;
     structure.list().setFilter({});

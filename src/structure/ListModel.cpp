@@ -83,6 +83,14 @@ bool ListModel::removeItem(const QString& key)
     return true;
 }
 
+void ListModel::setPaleKey(const QString& key)
+{
+    for (const QString& changed : {std::exchange(paleKey_, key), key}) {
+        if (const int row = rowOf(changed); row >= 0)
+            emit dataChanged(index(row, 0), index(row, kColumns - 1), {PaleRole});
+    }
+}
+
 bool ListModel::updateItem(const ListItem& item)
 {
     const int place = placeByKey_.value(item.key, -1);
@@ -184,6 +192,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return item.key;
     case ImageRole:
         return item.icon;
+    case PaleRole:
+        return item.key == paleKey_;
     default:
         return {};
     }

@@ -27,7 +27,8 @@ public:
     enum Role
     {
         KeyRole = Qt::UserRole,
-        ImageRole
+        ImageRole,
+        PaleRole
     };
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -39,6 +40,8 @@ public:
     bool addItem(const ListItem& item);
     bool removeItem(const QString& key);
     bool updateItem(const ListItem& item); // by key
+    // PaleRole is true for this one item; "" for none.
+    void setPaleKey(const QString& key);
     const ListItem* item(const QString& key) const;
     QString keyAt(int row) const;
     int rowOf(const QString& key) const;                 // -1 when missing or hidden
@@ -88,6 +91,7 @@ private:
     QStringMatcher matcher_{QString(), Qt::CaseInsensitive};
     int nextOrder_ = 0;
     QStringList captions_{QString(), QString(), QString()};
+    QString paleKey_;
     int sortColumn_ = -1;
     bool ascending_ = true;
 };

@@ -4,13 +4,11 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Helpers.h"
+#include "session/Int16.h"
 #include "session/Session.h"
-#include "structure/WorkRecordset.h"
+#include "structure/Image.h"
 #include "values/Display.h"
-#include "values/Numbers.h"
 
-#include <QStringBuilder>
-#include <limits>
 #include <optional>
 
 namespace structure {
@@ -57,27 +55,36 @@ private:
 
 QString paramGroupsSql(const KeyParts& ids, const QString& language)
 {
-    return u"SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-           u"tbParamGroupLanguage.mDesc AS Name FROM tbParametersUser INNER JOIN tbParamGroupLanguage "
-           u"ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID "
-           u"WHERE ((tbParametersUser.IDGrp = " %
-           ids.IDGrp % u") AND (tbParametersUser.IDInst = " % ids.IDInst %
-           u") AND (tbParamGroupLanguage.mKeyLang = " % language %
-           u")) GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-           u"tbParamGroupLanguage.mDesc ORDER BY tbParametersUser.IDParGrp;";
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
+                  tbParamGroupLanguage.mDesc AS Name
+           FROM tbParametersUser
+                INNER JOIN tbParamGroupLanguage
+                ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID
+           WHERE ((tbParametersUser.IDGrp = %1)
+              AND (tbParametersUser.IDInst = %2)
+              AND (tbParamGroupLanguage.mKeyLang = %3))
+           GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
+                    tbParamGroupLanguage.mDesc
+           ORDER BY tbParametersUser.IDParGrp;)");
+    return kStatement.arg(ids.IDGrp, ids.IDInst, language);
 }
 
 QString parametersSql(const KeyParts& ids, const QString& language)
 {
-    return u"SELECT tbParametersUser.*, tbParam.mTag AS Name, tbParamLanguage.mDesc AS Des, "
-           u"tbParam.mDP AS Prec, tbParam.mUnit , tbParamType.mTag AS KeyType "
-           u"FROM ((tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID) "
-           u"INNER JOIN tbParamType ON tbParam.mKeyType = tbParamType.mID) "
-           u"INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID "
-           u"WHERE ((tbParametersUser.IDGrp = " %
-           ids.IDGrp % u") AND (tbParametersUser.IDInst = " % ids.IDInst %
-           u") AND (tbParametersUser.IDParGrp = " % Compose_SqlText(ids.IDParGrp) %
-           u") AND (tbParamLanguage.mKeyLang = " % language % u")) ORDER BY tbParametersUser.IDPar;";
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParametersUser.*, tbParam.mTag AS Name, tbParamLanguage.mDesc AS Des,
+                  tbParam.mDP AS Prec, tbParam.mUnit, tbParamType.mTag AS KeyType
+           FROM ((tbParametersUser
+                  INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID)
+                  INNER JOIN tbParamType ON tbParam.mKeyType = tbParamType.mID)
+                  INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID
+           WHERE ((tbParametersUser.IDGrp = %1)
+              AND (tbParametersUser.IDInst = %2)
+              AND (tbParametersUser.IDParGrp = %3)
+              AND (tbParamLanguage.mKeyLang = %4))
+           ORDER BY tbParametersUser.IDPar;)");
+    return kStatement.arg(ids.IDGrp, ids.IDInst, Compose_SqlText(ids.IDParGrp), language);
 }
 
 QString sqlOfChildren(int level, const KeyParts& ids, const QString& language)
@@ -86,7 +93,8 @@ QString sqlOfChildren(int level, const KeyParts& ids, const QString& language)
     case kRoot:
         return QStringLiteral("SELECT * FROM tbGroupsUser ORDER BY Name;");
     case kGroup:
-        return u"SELECT * FROM tbInstrumentsUser WHERE (IDGrp = " % ids.IDGrp % u") ORDER BY Name;";
+        return QStringLiteral("SELECT * FROM tbInstrumentsUser WHERE (IDGrp = %1) ORDER BY Name;")
+            .arg(ids.IDGrp);
     case kInstrument:
         return paramGroupsSql(ids, language);
     default:
@@ -96,99 +104,112 @@ QString sqlOfChildren(int level, const KeyParts& ids, const QString& language)
 
 ListItem groupItem(const Recordset& row)
 {
-    return {u"1_" % row.text(kIDGrp), row.text(kName), row.text(kPhone), row.text(kDescription), 2};
+    return {groupKey(row.text(kIDGrp)), row.text(kName), row.text(kPhone), row.text(kDescription),
+            int(Image::Group)};
 }
 
 ListItem instrumentItem(const Recordset& row)
 {
-    return {u"2_" % row.text(kIDGrp) % u'_' % row.text(kIDInst), row.text(kName), row.text(kAddress),
-            row.text(kDescription), 3};
+    return {instrumentKey(row.text(kIDGrp), row.text(kIDInst)), row.text(kName), row.text(kAddress),
+            row.text(kDescription), int(Image::Instrument)};
 }
 
 ListItem paramGroupItem(const Recordset& row)
 {
-    return {u"3_" % row.text(kIDGrp) % u'_' % row.text(kIDInst) % u'_' % row.text(kIDParGrp),
+    return {paramGroupKey(row.text(kIDGrp), row.text(kIDInst), row.text(kIDParGrp)),
             row.text(kName),
             {},
             {},
-            4};
+            int(Image::ParamGroup)};
 }
 
 ListItem parameterItem(const Recordset& row, const QString& shown)
 {
-    return {u"4_" % row.text(kIDGrp) % u'_' % row.text(kIDInst) % u'_' % row.text(kIDParGrp) % u'_' %
-                row.text(kIDPar),
+    return {parameterKey(row.text(kIDGrp), row.text(kIDInst), row.text(kIDParGrp), row.text(kIDPar)),
             row.text(kDes),
             shown,
             {},
-            row.number(kState) + 5};
+            imageOfState(row.number(kState))};
 }
 
 } // namespace
 
 void Structure::Load_Items_ListBus(const QString& key)
 {
+    std::optional<platform::RuntimeError> badChoice;
     guarded("Module/Load_Items_ListBus", [&] {
         const platform::BusyPointer busy(operator_);
         const KeyParts ids = Extract_Key(key);
         const int level = Extract_Level(key);
         if (level != kParameter)
-            fillList(level, ids);
+            fillList(level, ids, badChoice);
         emit levelLoaded(level);
     });
+    // Told once, and when nothing is open any more: behind a box the bus works on, in this very file.
+    if (badChoice)
+        guarded("Module/Search_ParamEnum", [&] { throw *badChoice; });
 }
 
-void Structure::fillList(int level, const KeyParts& ids)
+void Structure::fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice)
 {
     selectItem({});
     Filling filling(list_);
     Set_ColName_ListBus(level);
-    session_.strSQL = sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code));
     std::optional<platform::Snapshot> snapshot;
     if (level == kParamGroup)
         snapshot.emplace(session_.cnDatabase); // the rows and the choices looked up for them
+    Recordset rows;
+    rows.Open(sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code)), session_.cnDatabase);
+    const values::EnumText choice = [&](const QString& value) -> QString {
+        try {
+            return choiceOf(rows.text(kIDPar), value);
+        } catch (const platform::RuntimeError& error) {
+            if (!badChoice)
+                badChoice = error;
+            return {};
+        }
+    };
     // The text of the row before stands until a row gives one of its own.
     QString shown;
-    WorkRecordset rows(session_);
-    filling.expect(rows->RecordCount());
-    for (; !rows->Eof(); rows->MoveNext()) {
+    filling.expect(rows.RecordCount());
+    for (; !rows.Eof(); rows.MoveNext()) {
         switch (level) {
         case kRoot:
-            filling.add(groupItem(*rows));
+            filling.add(groupItem(rows));
             break;
         case kGroup:
-            filling.add(instrumentItem(*rows));
+            filling.add(instrumentItem(rows));
             break;
         case kInstrument:
-            filling.add(paramGroupItem(*rows));
+            filling.add(paramGroupItem(rows));
             break;
         default:
-            const auto choice = [&](const QString& value) {
-                return Search_ParamEnum(rows->text(kIDPar), value);
-            };
-            shown = values::displayValue(rows->optionalText(kValue), rows->text(kKeyType), rows->text(kPrec),
-                                         rows->optionalText(kUnit), choice, shown);
-            filling.add(parameterItem(*rows, shown));
+            shown = values::displayValue(rows.optionalText(kValue), rows.text(kKeyType), rows.text(kPrec),
+                                         rows.optionalText(kUnit), choice, shown);
+            filling.add(parameterItem(rows, shown));
         }
     }
 }
 
 QString Structure::Search_ParamEnum(const QString& IDPar, const QString& Value)
 {
-    return guarded("Module/Search_ParamEnum", [&]() -> QString {
-        const int number = values::toInteger(values::toNumber(Value));
-        if (number < std::numeric_limits<qint16>::min() || number > std::numeric_limits<qint16>::max())
-            platform::fail(platform::errors::kOverflow, QStringLiteral("Overflow"));
-        const QString sql =
-            u"SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue "
-            u"FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID "
-            u"WHERE ((tbParamEnum.mKeyParam = " %
-            Compose_SqlText(IDPar) % u") AND (tbParamEnum.mValue = " % QString::number(number) %
-            u") AND (tbParamEnumLanguage.mKeyLang = " % Compose_SqlText(session_.Language.Code) % u"));";
-        Recordset choices; // its own, as is the statement: the caller is walking rsWork
-        choices.Open(sql, session_.cnDatabase);
-        return choices.Eof() ? QString() : choices.text(QStringLiteral("mDesc"));
-    });
+    return guarded("Module/Search_ParamEnum", [&] { return choiceOf(IDPar, Value); });
+}
+
+QString Structure::choiceOf(const QString& IDPar, const QString& Value) const
+{
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue
+           FROM tbParamEnum
+                INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID
+           WHERE ((tbParamEnum.mKeyParam = %1)
+              AND (tbParamEnum.mValue = %2)
+              AND (tbParamEnumLanguage.mKeyLang = %3));)");
+    Recordset choices;
+    choices.Open(kStatement.arg(Compose_SqlText(IDPar), QString::number(session::toInt16(Value)),
+                                Compose_SqlText(session_.Language.Code)),
+                 session_.cnDatabase);
+    return choices.Eof() ? QString() : choices.text(QStringLiteral("mDesc"));
 }
 
 } // namespace structure

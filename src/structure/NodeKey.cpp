@@ -44,6 +44,27 @@ KeyParts Extract_Key(const QString& key)
     return parts;
 }
 
+QString groupKey(const QString& IDGrp)
+{
+    return u"1_" % IDGrp;
+}
+
+QString instrumentKey(const QString& IDGrp, const QString& IDInst)
+{
+    return u"2_" % IDGrp % kJoint % IDInst;
+}
+
+QString paramGroupKey(const QString& IDGrp, const QString& IDInst, const QString& IDParGrp)
+{
+    return u"3_" % IDGrp % kJoint % IDInst % kJoint % IDParGrp;
+}
+
+QString parameterKey(const QString& IDGrp, const QString& IDInst, const QString& IDParGrp,
+                     const QString& IDPar)
+{
+    return u"4_" % IDGrp % kJoint % IDInst % kJoint % IDParGrp % kJoint % IDPar;
+}
+
 QString Compose_Key(int level, const QString& IDGrp, const QString& IDInst, const QString& IDParGrp)
 {
     switch (level) {
@@ -51,14 +72,20 @@ QString Compose_Key(int level, const QString& IDGrp, const QString& IDInst, cons
     case kGroup:
         return kRootKey;
     case kInstrument:
-        return u"1_" % IDGrp;
+        return groupKey(IDGrp);
     case kParamGroup:
-        return u"2_" % IDGrp % kJoint % IDInst;
+        return instrumentKey(IDGrp, IDInst);
     case kParameter:
-        return u"3_" % IDGrp % kJoint % IDInst % kJoint % IDParGrp;
+        return paramGroupKey(IDGrp, IDInst, IDParGrp);
     default:
         return {};
     }
+}
+
+QString parentKey(const QString& key)
+{
+    const KeyParts ids = Extract_Key(key);
+    return Compose_Key(Extract_Level(key), ids.IDGrp, ids.IDInst, ids.IDParGrp);
 }
 
 } // namespace structure

@@ -3,10 +3,8 @@
 #include "platform/RuntimeError.h"
 #include "session/Helpers.h"
 #include "structure/CompanyReader.h"
-#include "values/Display.h"
 #include "values/Numbers.h"
 
-#include <QStringBuilder>
 #include <algorithm>
 
 namespace structure {
@@ -24,11 +22,6 @@ const Value* find(const ById<Value>& values, std::string_view id)
 {
     const auto found = values.find(id);
     return found == values.end() ? nullptr : &found->second;
-}
-
-std::optional<QString> textOrNull(SQLite::Statement& row, int column)
-{
-    return row.isColumnNull(column) ? std::nullopt : std::optional(textOf(row, column));
 }
 
 } // namespace
@@ -50,32 +43,43 @@ bool IdEqual::operator()(std::string_view one, std::string_view other) const
 ParameterWords::ParameterWords(CompanyReader& company, const QString& language)
 {
     const QString code = session::Compose_SqlText(language);
-    company.eachRow(
-        u"SELECT tbParam.mID, tbParamLanguage.mDesc, tbParam.mTag, tbParamType.mTag, tbParam.mDP, "
-        u"tbParam.mUnit FROM (tbParam INNER JOIN tbParamType ON tbParam.mKeyType = "
-        u"tbParamType.mID) INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID "
-        u"WHERE (tbParamLanguage.mKeyLang = " %
-            code % u");",
-        [this](SQLite::Statement& row) {
-            parameters_.emplace(bytesOf(row, 0), ParameterWord{textOf(row, 1),
-                                                               textOf(row, 2),
-                                                               textOf(row, 3),
-                                                               textOf(row, 4),
-                                                               textOrNull(row, 5),
-                                                               {},
-                                                               int(parameters_.size())});
-        });
-    company.eachRow(u"SELECT tbParamEnum.mKeyParam, tbParamEnum.mValue, tbParamEnumLanguage.mDesc "
-                    u"FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = "
-                    u"tbParamEnumLanguage.mID WHERE (tbParamEnumLanguage.mKeyLang = " %
-                        code % u") ORDER BY tbParamEnum.mID;",
-                    [this](SQLite::Statement& row) {
-                        const auto parameter = parameters_.find(bytesOf(row, 0));
-                        if (parameter != parameters_.end())
-                            parameter->second.choices.emplace(row.getColumn(1).getInt(), textOf(row, 2));
-                    });
-    company.eachRow(u"SELECT mID, mDesc FROM tbParamGroupLanguage WHERE (mKeyLang = " % code % u");",
+    readParameters(company, code);
+    readChoices(company, code);
+    static const QString kStatement =
+        QStringLiteral("SELECT mID, mDesc FROM tbParamGroupLanguage WHERE (mKeyLang = %1);");
+    company.eachRow(kStatement.arg(code),
                     [this](SQLite::Statement& row) { groups_.emplace(bytesOf(row, 0), textOf(row, 1)); });
+}
+
+void ParameterWords::readParameters(CompanyReader& company, const QString& code)
+{
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParam.mID, tbParamLanguage.mDesc, tbParam.mTag, tbParamType.mTag, tbParam.mDP,
+                  tbParam.mUnit
+           FROM (tbParam
+                 INNER JOIN tbParamType ON tbParam.mKeyType = tbParamType.mID)
+                 INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID
+           WHERE (tbParamLanguage.mKeyLang = %1);)");
+    company.eachRow(kStatement.arg(code), [this](SQLite::Statement& row) {
+        const values::ValueForm form{values::kindOf(textOf(row, 3)), textOf(row, 4), textOrNull(row, 5)};
+        parameters_.emplace(bytesOf(row, 0),
+                            ParameterWord{textOf(row, 1), textOf(row, 2), form, {}, int(parameters_.size())});
+    });
+}
+
+void ParameterWords::readChoices(CompanyReader& company, const QString& code)
+{
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParamEnum.mKeyParam, tbParamEnum.mValue, tbParamEnumLanguage.mDesc
+           FROM tbParamEnum
+                INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID
+           WHERE (tbParamEnumLanguage.mKeyLang = %1)
+           ORDER BY tbParamEnum.mID;)");
+    company.eachRow(kStatement.arg(code), [this](SQLite::Statement& row) {
+        const auto parameter = parameters_.find(bytesOf(row, 0));
+        if (parameter != parameters_.end())
+            parameter->second.choices.emplace(row.getColumn(1).getInt(), textOf(row, 2));
+    });
 }
 
 const ParameterWord* ParameterWords::parameter(std::string_view id) const
@@ -95,7 +99,7 @@ QString ParameterWord::shown(const std::optional<QString>& value) const
         return found == choices.end() ? QString() : found->second;
     };
     try {
-        return values::displayValue(value, keyType, mask, unit, choice, value.value_or(QString()));
+        return values::displayValue(value, form, choice, value.value_or(QString()));
     } catch (const platform::RuntimeError&) {
         return value.value_or(QString());
     }

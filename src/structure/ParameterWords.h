@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/Display.h"
+
 #include <QString>
 #include <map>
 #include <optional>
@@ -30,9 +32,7 @@ struct ParameterWord
 {
     QString name; // the description that lists show
     QString tag;
-    QString keyType;
-    QString mask;
-    std::optional<QString> unit;
+    values::ValueForm form;
     std::map<int, QString> choices; // of an ENUM
     int index = 0;                  // among all of them, from 0
 
@@ -52,6 +52,9 @@ public:
     int parameterCount() const { return int(parameters_.size()); }
 
 private:
+    void readParameters(CompanyReader& company, const QString& code);
+    void readChoices(CompanyReader& company, const QString& code);
+
     ById<ParameterWord> parameters_;
     ById<QString> groups_;
 };

@@ -1,7 +1,12 @@
 #include "structure/PendingWrites.h"
 
 #include "platform/RuntimeError.h"
+#include "structure/Image.h"
+#include "structure/NameOrder.h"
+#include "structure/NodeKey.h"
 #include "structure/ParameterWords.h"
+#include "structure/PlantNames.h"
+#include "values/ParamState.h"
 
 #include <QStringBuilder>
 #include <algorithm>
@@ -10,56 +15,59 @@ namespace structure {
 
 namespace {
 
-constexpr int kChangedImage = 6;
-
 struct Pending
 {
-    QString group, instrument; // names
+    PlantNames::Names names;
     int IDGrp, IDInst;
+    QString IDParGrp;
     ListItem item; // its detail the parameter group
 };
 
-// Stable, so that what the names leave open stands in the order of the ids.
+// By the names, as tree and list show them; what they leave open by the ids. Stable: the rows of a parameter
+// group stand in order.
 void sortByPlace(std::vector<Pending>& writes)
 {
     std::stable_sort(writes.begin(), writes.end(), [](const Pending& one, const Pending& other) {
-        if (const int groups = one.group.compare(other.group, Qt::CaseInsensitive); groups != 0)
+        if (const int groups = compareNames(one.names.group, other.names.group); groups != 0)
             return groups < 0;
         if (one.IDGrp != other.IDGrp)
             return one.IDGrp < other.IDGrp;
-        return one.instrument.compare(other.instrument, Qt::CaseInsensitive) < 0;
+        if (const int names = compareNames(one.names.instrument, other.names.instrument); names != 0)
+            return names < 0;
+        if (one.IDInst != other.IDInst)
+            return one.IDInst < other.IDInst;
+        return compareNames(one.IDParGrp, other.IDParGrp) < 0;
     });
 }
 
 std::vector<Pending> read(CompanyReader& company, const QString& language, const StopFlag& stop)
 {
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT IDGrp, IDInst, IDPar, IDParGrp, Value, State
+           FROM tbParametersUser
+           WHERE ((IDGrp, IDInst, IDPar) > (?, ?, ?))
+           ORDER BY IDGrp, IDInst, IDPar
+           LIMIT ?;)");
     const ParameterWords words(company, language);
     std::vector<Pending> writes;
-    company.eachRowOfPlant(
-        QStringLiteral(
-            "SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-            "tbParametersUser.IDPar, tbParametersUser.Value, tbGroupsUser.Name, tbInstrumentsUser.Name "
-            "FROM (tbParametersUser INNER JOIN tbInstrumentsUser ON tbParametersUser.IDGrp = "
-            "tbInstrumentsUser.IDGrp AND tbParametersUser.IDInst = tbInstrumentsUser.IDInst) "
-            "INNER JOIN tbGroupsUser ON tbInstrumentsUser.IDGrp = tbGroupsUser.IDGrp "
-            "WHERE ((tbParametersUser.IDGrp BETWEEN ? AND ?) AND (tbParametersUser.State = 1)) "
-            "ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-            "tbParametersUser.IDPar;"),
-        stop, [&](SQLite::Statement& row) {
-            const ParameterWord* word = words.parameter(bytesOf(row, 3));
-            const QString* group = words.group(bytesOf(row, 2));
-            if (!word || !group)
-                return;
-            const std::optional<QString> value =
-                row.isColumnNull(4) ? std::nullopt : std::optional(textOf(row, 4));
-            const QString key = u"4_" % textOf(row, 0) % u'_' % textOf(row, 1) % u'_' % textOf(row, 2) %
-                                u'_' % textOf(row, 3);
-            writes.push_back({textOf(row, 5),
-                              textOf(row, 6),
-                              row.getColumn(0).getInt(),
-                              row.getColumn(1).getInt(),
-                              {key, word->name, word->shown(value), *group, kChangedImage}});
-        });
+    company.eachRowInSlices(kStatement, 3, stop, [&](SQLite::Statement& row) {
+        if (row.getColumn(5).getInt() != int(values::ParamState::Changed))
+            return;
+        const ParameterWord* word = words.parameter(bytesOf(row, 2));
+        const QString* group = words.group(bytesOf(row, 3));
+        if (!word || !group)
+            return;
+        writes.push_back(
+            {{},
+             row.getColumn(0).getInt(),
+             row.getColumn(1).getInt(),
+             textOf(row, 3),
+             {parameterKey(textOf(row, 0), textOf(row, 1), textOf(row, 3), textOf(row, 2)), word->name,
+              word->shown(textOrNull(row, 4)), *group, int(Image::ParameterChanged)}});
+    });
+    PlantNames names(company);
+    for (Pending& write : writes)
+        write.names = names.above(QString::number(write.IDGrp), QString::number(write.IDInst));
     return writes;
 }
 
@@ -73,7 +81,8 @@ PendingWrites readPendingWrites(const QString& file, const QString& language, co
         std::vector<Pending> writes = read(company, language, stop);
         sortByPlace(writes);
         for (Pending& write : writes) {
-            write.item.detail = write.group % u'\\' % write.instrument % u'\\' % write.item.detail;
+            write.item.detail =
+                write.names.group % u'\\' % write.names.instrument % u'\\' % write.item.detail;
             pending.items.push_back(std::move(write.item));
         }
     } catch (const platform::RuntimeError& error) {

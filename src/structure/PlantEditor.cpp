@@ -6,8 +6,8 @@
 #include "session/Lookup.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/Image.h"
 #include "structure/Structure.h"
-#include "structure/WorkRecordset.h"
 
 #include <QStringBuilder>
 #include <algorithm>
@@ -18,9 +18,6 @@ using platform::guarded;
 using session::Compose_SqlText;
 
 namespace {
-
-constexpr int kGroupIcon = 2;
-constexpr int kInstrumentIcon = 3;
 
 // The address that an instrument gets from its type: "00" unless the type's own reads as a hexadecimal number
 // above 0.
@@ -47,6 +44,8 @@ PlantEditor::PlantEditor(const Surroundings& surroundings)
 void PlantEditor::New_Item()
 {
     guarded("Module/New_Item", [&] {
+        if (!mayModify())
+            return;
         const QString node = with_.structure.selectedNode();
         if (node.isEmpty())
             platform::fail(platform::errors::kObjectNotSet, QStringLiteral("No element is selected."));
@@ -62,11 +61,7 @@ void PlantEditor::New_Item()
 
 void PlantEditor::newGroup()
 {
-    session::Session& session = with_.session;
-    session.strMsg = with_.texts(584);
-    session.Answer = with_.op.messageBox(session.strMsg, platform::Buttons::YesNo, platform::Icon::Question,
-                                         session.AppTitle);
-    if (session.Answer != platform::answers::kYes)
+    if (!confirmed(584, platform::Icon::Question))
         return;
     const int number = records_.IDMax_Grp();
     if (number == 0)
@@ -76,8 +71,8 @@ void PlantEditor::newGroup()
     if (!records_.Add_Record_Db(kGroup, IDGrp, {}, {}, Name, {}, {}))
         return;
     with_.structure.Add_Node_TreeBus(kGroup, IDGrp, {}, {}, Name);
-    with_.structure.Add_Item_ListBus(kGroup, IDGrp, {}, {}, Name, {}, {}, kGroupIcon);
-    editNewItem(u"1_" % IDGrp);
+    with_.structure.Add_Item_ListBus(kGroup, IDGrp, {}, {}, Name, {}, {}, int(Image::Group));
+    with_.editItem(groupKey(IDGrp));
 }
 
 void PlantEditor::newInstrument(const QString& IDGrp)
@@ -98,8 +93,8 @@ void PlantEditor::newInstrument(const QString& IDGrp)
     // The company holds the instrument: whatever its catalogue denies, tree and list show it.
     guarded("Module/New_Item", [&] { addParamGroupNodes(IDGrp, IDInst, IDItem); });
     with_.structure.Add_Item_ListBus(kInstrument, IDGrp, IDInst, {}, Name, Description, Address,
-                                     kInstrumentIcon);
-    editNewItem(u"2_" % IDGrp % u'_' % IDInst);
+                                     int(Image::Instrument));
+    with_.editItem(instrumentKey(IDGrp, IDInst));
 }
 
 QString PlantEditor::chooseType()
@@ -107,11 +102,14 @@ QString PlantEditor::chooseType()
     session::ZoomSettings zoom;
     zoom.Caption = QStringLiteral("Items");
     zoom.Connection = with_.session.ConnectionString;
-    zoom.Select = u"SELECT tbInstrument.mTag AS " % with_.texts(101) % u", tbInstrumentLanguage.mDesc AS " %
-                  with_.texts(103) %
-                  u" FROM tbInstrument INNER JOIN tbInstrumentLanguage "
-                  u"ON tbInstrument.mTag = tbInstrumentLanguage.mID";
-    zoom.Where = u"(mTag <> 'ALIEN') AND (mKeyLang = " % Compose_SqlText(with_.session.Language.Code) % u')';
+    zoom.Select = QStringLiteral(
+                      R"(SELECT tbInstrument.mTag AS %1, tbInstrumentLanguage.mDesc AS %2
+                         FROM tbInstrument
+                              INNER JOIN tbInstrumentLanguage
+                              ON tbInstrument.mTag = tbInstrumentLanguage.mID)")
+                      .arg(with_.texts(101), with_.texts(103));
+    zoom.Where = QStringLiteral("(mTag <> 'ALIEN') AND (mKeyLang = %1)")
+                     .arg(Compose_SqlText(with_.session.Language.Code));
     zoom.OrderBy = QStringLiteral("mTag");
     zoom.KeyField = QStringLiteral("mTag");
     with_.lookup.ZoomSet = zoom;
@@ -121,21 +119,19 @@ QString PlantEditor::chooseType()
 // Every parameter group of the type has its node, also one whose parameters lack a description.
 void PlantEditor::addParamGroupNodes(const QString& IDGrp, const QString& IDInst, const QString& IDItem)
 {
-    with_.session.strSQL =
-        u"SELECT tbParamGroup.mID, tbParamGroupLanguage.mDesc FROM (tbInstrument INNER JOIN tbParamGroup "
-        u"ON tbInstrument.mID = tbParamGroup.mKeyInst) INNER JOIN tbParamGroupLanguage "
-        u"ON tbParamGroup.mID = tbParamGroupLanguage.mID WHERE ((tbInstrument.mTag = " %
-        Compose_SqlText(IDItem) % u") AND (tbParamGroupLanguage.mKeyLang = " %
-        Compose_SqlText(with_.session.Language.Code) % u")) ORDER BY tbParamGroup.mID;";
-    for (WorkRecordset groups(with_.session); !groups->Eof(); groups->MoveNext())
-        with_.structure.Add_Node_TreeBus(kParamGroup, IDGrp, IDInst, groups->text("mID"),
-                                         groups->text("mDesc"));
-}
-
-void PlantEditor::editNewItem(const QString& key)
-{
-    with_.session.ClipKey = key;
-    with_.op.showFormModal(QStringLiteral("frmProperty"));
+    static const QString kStatement = QStringLiteral(
+        R"(SELECT tbParamGroup.mID, tbParamGroupLanguage.mDesc
+           FROM (tbInstrument
+                 INNER JOIN tbParamGroup ON tbInstrument.mID = tbParamGroup.mKeyInst)
+                 INNER JOIN tbParamGroupLanguage ON tbParamGroup.mID = tbParamGroupLanguage.mID
+           WHERE ((tbInstrument.mTag = %1) AND (tbParamGroupLanguage.mKeyLang = %2))
+           ORDER BY tbParamGroup.mID;)");
+    platform::Recordset groups;
+    groups.Open(kStatement.arg(Compose_SqlText(IDItem), Compose_SqlText(with_.session.Language.Code)),
+                with_.session.cnDatabase);
+    for (; !groups.Eof(); groups.MoveNext())
+        with_.structure.Add_Node_TreeBus(kParamGroup, IDGrp, IDInst, groups.text("mID"),
+                                         groups.text("mDesc"));
 }
 
 // Deleting
@@ -145,7 +141,7 @@ void PlantEditor::Delete_Item()
 {
     guarded("Module/Delete_Item", [&] {
         const QString key = with_.structure.selectedItem();
-        if (key.isEmpty() || !deletionConfirmed() || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
             return;
         const int row = with_.structure.list().rowOf(key);
         if (Erase_Item(key))
@@ -160,20 +156,22 @@ void PlantEditor::Delete_Node()
 {
     guarded("frmTreeBus/Delete_Node", [&] {
         const QString key = with_.structure.selectedNode();
-        if (key.isEmpty() || !deletionConfirmed() || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
             return;
         Erase_Item(key);
         with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     });
 }
 
-bool PlantEditor::deletionConfirmed()
+bool PlantEditor::mayModify() const
 {
-    session::Session& session = with_.session;
-    session.strMsg = with_.texts(506);
-    session.Answer = with_.op.messageBox(session.strMsg, platform::Buttons::YesNo,
-                                         platform::Icon::Exclamation, session.AppTitle);
-    return session.Answer == platform::answers::kYes;
+    return session::rightOf(with_.session.CurrentUser.Modify);
+}
+
+bool PlantEditor::confirmed(int question, platform::Icon icon)
+{
+    return with_.op.messageBox(with_.texts(question), platform::Buttons::YesNo, icon,
+                               with_.session.AppTitle) == platform::answers::kYes;
 }
 
 bool PlantEditor::Erase_Item(const QString& key)

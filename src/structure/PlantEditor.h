@@ -1,12 +1,11 @@
 #pragma once
 
+#include "platform/Operator.h"
+#include "session/Forward.h"
 #include "structure/NodeKey.h"
 #include "structure/Records.h"
 
-namespace session {
-class Lookup;
-class Texts;
-} // namespace session
+#include <functional>
 
 namespace structure {
 
@@ -21,6 +20,8 @@ public:
         platform::Operator& op;
         Structure& structure;
         session::Lookup& lookup;
+        // Lets the operator give a new element its data; returns when that window has closed.
+        std::function<void(const QString& key)> editItem;
     };
 
     explicit PlantEditor(const Surroundings& surroundings);
@@ -41,8 +42,9 @@ private:
     void newInstrument(const QString& IDGrp);
     QString chooseType();
     void addParamGroupNodes(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
-    void editNewItem(const QString& key);
-    bool deletionConfirmed();
+    bool confirmed(int question, platform::Icon icon);
+    // What the operator may not do is refused here too, not only closed in the menus.
+    bool mayModify() const;
     void selectItemAt(int row);
 
     Surroundings with_;

@@ -1,29 +1,20 @@
 #include "structure/PlantSearch.h"
 
 #include "platform/RuntimeError.h"
+#include "structure/Image.h"
+#include "structure/NameOrder.h"
 #include "structure/Needle.h"
 #include "structure/NodeKey.h"
 #include "structure/ParameterWords.h"
+#include "structure/PlantNames.h"
 
+#include <QHash>
 #include <QStringBuilder>
-#include <sqlite3.h>
+#include <algorithm>
 
 namespace structure {
 
 namespace {
-
-std::string_view bytesOf(sqlite3_value* value)
-{
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text ? std::string_view(text, std::size_t(sqlite3_value_bytes(value))) : std::string_view();
-}
-
-// holds(text): whether the text holds the needle.
-void holds(sqlite3_context* call, int, sqlite3_value** arguments)
-{
-    const auto* needle = static_cast<const Needle*>(sqlite3_user_data(call));
-    sqlite3_result_int(call, needle->isIn(bytesOf(arguments[0])));
-}
 
 // Which parameters of a plant hold the needle. A plant repeats few values in many places: each is judged
 // once.
@@ -35,11 +26,16 @@ public:
     {
     }
 
-    // found(IDPar, IDParGrp, Value) of the statement.
-    static void found(sqlite3_context* call, int, sqlite3_value** arguments)
+    // A row of IDGrp, IDInst, IDPar, IDParGrp, Value.
+    bool isFound(SQLite::Statement& row)
     {
-        auto* judge = static_cast<ParameterJudge*>(sqlite3_user_data(call));
-        sqlite3_result_int(call, judge->isFound(arguments[0], arguments[1], arguments[2]));
+        const ParameterWord* word = words_.parameter(bytesOf(row, 2));
+        if (!word || !words_.group(bytesOf(row, 3)))
+            return false;
+        Known& known = known_[std::size_t(word->index)];
+        if (!known.named)
+            known.named = needle_.isIn(word->name) || needle_.isIn(word->tag);
+        return *known.named || isValueFound(*word, known, row);
     }
 
 private:
@@ -50,30 +46,18 @@ private:
         std::unordered_map<std::string, bool, IdHash, std::equal_to<>> values;
     };
 
-    bool isFound(sqlite3_value* id, sqlite3_value* group, sqlite3_value* value)
+    bool isValueFound(const ParameterWord& word, Known& known, SQLite::Statement& row)
     {
-        const ParameterWord* word = words_.parameter(bytesOf(id));
-        if (!word || !words_.group(bytesOf(group)))
-            return false;
-        Known& known = known_[std::size_t(word->index)];
-        if (!known.named)
-            known.named = needle_.isIn(word->name) || needle_.isIn(word->tag);
-        return *known.named || isValueFound(*word, known, value);
-    }
-
-    bool isValueFound(const ParameterWord& word, Known& known, sqlite3_value* value)
-    {
-        if (sqlite3_value_type(value) == SQLITE_NULL) {
+        if (row.isColumnNull(4)) {
             if (!known.unknownValue)
                 known.unknownValue = needle_.isIn(word.shown({}));
             return *known.unknownValue;
         }
-        const std::string_view stored = bytesOf(value);
+        const std::string_view stored = bytesOf(row, 4);
         const auto judged = known.values.find(stored);
         if (judged != known.values.end())
             return judged->second;
-        const bool is = needle_.isIn(stored) ||
-                        needle_.isIn(word.shown(QString::fromUtf8(stored.data(), qsizetype(stored.size()))));
+        const bool is = needle_.isIn(stored) || needle_.isIn(word.shown(textOf(row, 4)));
         known.values.emplace(stored, is);
         return is;
     }
@@ -87,123 +71,135 @@ class Search
 {
 public:
     Search(const QString& file, const QString& language, const Needle& needle, const StopFlag& stop)
-        : company_(file), words_(company_, language), needle_(needle), judge_(words_, needle), stop_(stop)
+        : company_(file), words_(company_, language), names_(company_), needle_(needle),
+          judge_(words_, needle), stop_(stop)
     {
-        company_.database().createFunction("holds", 1, true, const_cast<Needle*>(&needle_), &holds);
-        company_.database().createFunction("found", 3, true, &judge_, &ParameterJudge::found);
     }
 
     void run(Findings& findings)
     {
         groups(findings);
-        if (!stop_)
-            instruments(findings);
-        if (!stop_)
-            parameters(findings);
+        instruments(findings);
+        parameters(findings);
     }
 
 private:
-    // Of some fields the first that holds the needle, or the one that is shown anyway.
-    QString telling(const QString& name, const QString& usual, std::initializer_list<QString> others) const
+    // What was found of a kind, and what it is listed by.
+    struct Found
     {
-        if (needle_.isIn(name) || needle_.isIn(usual))
-            return usual;
-        for (const QString& other : others) {
-            if (needle_.isIn(other))
-                return other;
+        ListItem item;
+        QString group;
+    };
+
+    static void list(std::vector<Found>& found, Findings& findings)
+    {
+        std::stable_sort(found.begin(), found.end(), [](const Found& one, const Found& other) {
+            if (const int groups = compareNames(one.group, other.group); groups != 0)
+                return groups < 0;
+            return compareNames(one.item.text, other.item.text) < 0;
+        });
+        const std::size_t listed = std::min(found.size(), std::size_t(kMostOfAKind));
+        for (std::size_t i = 0; i < listed; ++i)
+            findings.items.push_back(std::move(found[i].item));
+        findings.more += int(found.size() - listed);
+    }
+
+    // Whether one of some columns of a row holds the needle.
+    bool holds(SQLite::Statement& row, std::initializer_list<int> columns) const
+    {
+        return std::any_of(columns.begin(), columns.end(),
+                           [&](int column) { return needle_.isIn(bytesOf(row, column)); });
+    }
+
+    // Of some columns the first that holds the needle, when neither the name nor the one that is shown anyway
+    // does.
+    QString telling(SQLite::Statement& row, int name, int usual, std::initializer_list<int> others) const
+    {
+        if (!holds(row, {name, usual})) {
+            for (const int other : others) {
+                if (holds(row, {other}))
+                    return textOf(row, other);
+            }
         }
-        return usual;
+        return textOf(row, usual);
     }
 
     void groups(Findings& findings)
     {
-        int listed = 0;
-        company_.eachRow(
-            QStringLiteral("SELECT IDGrp, Name, Description, Phone FROM tbGroupsUser WHERE (holds(Name) OR "
-                           "holds(Description) OR holds(Phone)) ORDER BY Name;"),
-            [&](SQLite::Statement& row) {
-                if (++listed > kMostOfAKind) {
-                    ++findings.more;
-                    return;
-                }
-                const QString name = textOf(row, 1);
-                findings.items.push_back({u"1_" % textOf(row, 0), name,
-                                          telling(name, textOf(row, 3), {textOf(row, 2)}), kRootCaption, 2});
-            });
+        static const QString kStatement = QStringLiteral(
+            R"(SELECT IDGrp, Name, Phone, Description
+               FROM tbGroupsUser
+               WHERE (IDGrp > ?)
+               ORDER BY IDGrp
+               LIMIT ?;)");
+        std::vector<Found> found;
+        company_.eachRowInSlices(kStatement, 1, stop_, [&](SQLite::Statement& row) {
+            groupNames_.insert(row.getColumn(0).getInt(), textOf(row, 1));
+            if (holds(row, {1, 2, 3}))
+                found.push_back({{groupKey(textOf(row, 0)), textOf(row, 1), telling(row, 1, 2, {3}),
+                                  kRootCaption, int(Image::Group)},
+                                 {}});
+        });
+        list(found, findings);
     }
 
     void instruments(Findings& findings)
     {
-        int listed = 0;
-        company_.eachRow(
-            QStringLiteral(
-                "SELECT tbInstrumentsUser.IDGrp, tbInstrumentsUser.IDInst, tbInstrumentsUser.Name, "
-                "tbInstrumentsUser.Address, tbInstrumentsUser.Description, tbInstrumentsUser.IDItem, "
-                "tbGroupsUser.Name FROM tbInstrumentsUser INNER JOIN tbGroupsUser ON tbInstrumentsUser.IDGrp "
-                "= tbGroupsUser.IDGrp WHERE (holds(tbInstrumentsUser.Name) OR "
-                "holds(tbInstrumentsUser.Address) OR holds(tbInstrumentsUser.Description) OR "
-                "holds(tbInstrumentsUser.IDItem)) ORDER BY tbGroupsUser.Name, tbInstrumentsUser.Name;"),
-            [&](SQLite::Statement& row) {
-                if (++listed > kMostOfAKind) {
-                    ++findings.more;
-                    return;
-                }
-                const QString name = textOf(row, 2);
-                findings.items.push_back({u"2_" % textOf(row, 0) % u'_' % textOf(row, 1), name,
-                                          telling(name, textOf(row, 3), {textOf(row, 4), textOf(row, 5)}),
-                                          textOf(row, 6), 3});
-            });
+        static const QString kStatement = QStringLiteral(
+            R"(SELECT IDGrp, IDInst, Name, Address, Description, IDItem
+               FROM tbInstrumentsUser
+               WHERE ((IDGrp, IDInst) > (?, ?))
+               ORDER BY IDGrp, IDInst
+               LIMIT ?;)");
+        std::vector<Found> found;
+        company_.eachRowInSlices(kStatement, 2, stop_, [&](SQLite::Statement& row) {
+            if (!holds(row, {2, 3, 4, 5}))
+                return;
+            const QString group = groupNames_.value(row.getColumn(0).getInt());
+            found.push_back({{instrumentKey(textOf(row, 0), textOf(row, 1)), textOf(row, 2),
+                              telling(row, 2, 3, {4, 5}), group, int(Image::Instrument)},
+                             group});
+        });
+        list(found, findings);
     }
 
     void parameters(Findings& findings)
     {
-        int listed = 0;
-        company_.eachRowOfPlant(
-            QStringLiteral(
-                "SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-                "tbParametersUser.IDPar, tbParametersUser.Value, tbParametersUser.State "
-                "FROM tbParametersUser WHERE ((tbParametersUser.IDGrp BETWEEN ? AND ?) AND "
-                "found(tbParametersUser.IDPar, tbParametersUser.IDParGrp, tbParametersUser.Value)) "
-                "ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDPar;"),
-            stop_, [&](SQLite::Statement& row) {
-                if (++listed > kMostOfAKind)
-                    ++findings.more;
-                else
-                    findings.items.push_back(parameterItem(row));
-            });
-        for (ListItem& item : findings.items) {
-            if (Extract_Level(item.key) == kParameter)
-                item.detail = pathOf(item.key) % u'\\' % item.detail;
+        static const QString kStatement = QStringLiteral(
+            R"(SELECT IDGrp, IDInst, IDPar, IDParGrp, Value, State
+               FROM tbParametersUser
+               WHERE ((IDGrp, IDInst, IDPar) > (?, ?, ?))
+               ORDER BY IDGrp, IDInst, IDPar
+               LIMIT ?;)");
+        std::vector<ListItem> found;
+        company_.eachRowInSlices(kStatement, 3, stop_, [&](SQLite::Statement& row) {
+            if (!judge_.isFound(row))
+                return;
+            if (found.size() < std::size_t(kMostOfAKind))
+                found.push_back(parameterItem(row));
+            else
+                ++findings.more;
+        });
+        for (ListItem& item : found) {
+            const KeyParts ids = Extract_Key(item.key);
+            const PlantNames::Names& names = names_.above(ids.IDGrp, ids.IDInst);
+            item.detail = names.group % u'\\' % names.instrument % u'\\' % item.detail;
+            findings.items.push_back(std::move(item));
         }
     }
 
     ListItem parameterItem(SQLite::Statement& row) const
     {
-        const ParameterWord& word = *words_.parameter(structure::bytesOf(row, 3));
-        const std::optional<QString> value =
-            row.isColumnNull(4) ? std::nullopt : std::optional(textOf(row, 4));
-        return {u"4_" % textOf(row, 0) % u'_' % textOf(row, 1) % u'_' % textOf(row, 2) % u'_' %
-                    textOf(row, 3),
-                word.name, word.shown(value), *words_.group(structure::bytesOf(row, 2)),
-                row.getColumn(5).getInt() + 5};
-    }
-
-    // The names of group and instrument above a parameter.
-    QString pathOf(const QString& key)
-    {
-        const KeyParts ids = Extract_Key(key);
-        QString path;
-        company_.eachRow(
-            u"SELECT tbGroupsUser.Name, tbInstrumentsUser.Name FROM tbInstrumentsUser INNER JOIN "
-            u"tbGroupsUser ON tbInstrumentsUser.IDGrp = tbGroupsUser.IDGrp WHERE "
-            u"((tbInstrumentsUser.IDGrp = " %
-                ids.IDGrp % u") AND (tbInstrumentsUser.IDInst = " % ids.IDInst % u"));",
-            [&path](SQLite::Statement& row) { path = textOf(row, 0) % u'\\' % textOf(row, 1); });
-        return path;
+        const ParameterWord& word = *words_.parameter(bytesOf(row, 2));
+        return {parameterKey(textOf(row, 0), textOf(row, 1), textOf(row, 3), textOf(row, 2)), word.name,
+                word.shown(textOrNull(row, 4)), *words_.group(bytesOf(row, 3)),
+                imageOfState(row.getColumn(5).getInt())};
     }
 
     CompanyReader company_;
     ParameterWords words_;
+    PlantNames names_;
+    QHash<int, QString> groupNames_;
     const Needle& needle_;
     ParameterJudge judge_;
     const StopFlag& stop_;

@@ -4,8 +4,8 @@
 #include "platform/Guard.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "structure/NodeKey.h"
 #include "structure/UpdateProgress.h"
-#include "structure/WorkRecordset.h"
 
 #include <QStringBuilder>
 #include <limits>
@@ -28,26 +28,26 @@ Records::Records(session::Session& session, platform::Operator& op, Structure& s
 int Records::IDMax_Grp()
 {
     return guarded("Module/IDMax_Grp", [&] {
-        session_.strSQL = QStringLiteral("SELECT Max(IDGrp) AS IDMax FROM tbGroupsUser;");
-        return nextNumber();
+        return nextNumber(QStringLiteral("SELECT Max(IDGrp) AS IDMax FROM tbGroupsUser;"));
     });
 }
 
 int Records::IDMax_Inst(int IDGrp)
 {
     return guarded("Module/IDMax_Inst", [&] {
-        session_.strSQL = u"SELECT Max(IDInst) AS IDMax FROM tbInstrumentsUser WHERE (IDGrp = " %
-                          QString::number(IDGrp) % u");";
-        return nextNumber();
+        return nextNumber(
+            QStringLiteral("SELECT Max(IDInst) AS IDMax FROM tbInstrumentsUser WHERE (IDGrp = %1);")
+                .arg(IDGrp));
     });
 }
 
-int Records::nextNumber()
+int Records::nextNumber(const QString& highestSql)
 {
-    WorkRecordset highest(session_);
-    if (highest->Eof() || (*highest)["IDMax"].isNull())
+    platform::Recordset highest;
+    highest.Open(highestSql, session_.cnDatabase);
+    if (highest.Eof() || highest["IDMax"].isNull())
         return 1;
-    const qint64 next = (*highest)["IDMax"].toLongLong() + 1;
+    const qint64 next = highest["IDMax"].toLongLong() + 1;
     if (next > std::numeric_limits<int>::max())
         platform::fail(platform::errors::kOverflow, QStringLiteral("Overflow"));
     return int(next);
@@ -60,7 +60,7 @@ TypeAddresses Records::Search_Instrument(const QString& tag)
         if (types.RecordCount() == 0)
             return {};
         types.MoveFirst();
-        types.Find(u"[mTag] = " % Compose_SqlText(tag));
+        types.Find(QStringLiteral("mTag"), tag);
         if (types.Eof())
             return {};
         return {types.text("mBaseAddr"), types.text("mAliveParAddr")};
@@ -89,28 +89,33 @@ void Records::addGroup(const QString& IDGrp, const QString& Name, const QString&
                        const QString& Phone, UpdateProgress& progress)
 {
     progress.to(100);
-    run(u"INSERT INTO tbGroupsUser (IDGrp, Name, Description, Phone) VALUES(" % IDGrp % u", " %
-        Compose_SqlText(Name) % u", " % composeTextOrNull(Description) % u", " % composeTextOrNull(Phone) %
-        u");");
+    static const QString kInsert =
+        QStringLiteral("INSERT INTO tbGroupsUser (IDGrp, Name, Description, Phone) VALUES(%1, %2, %3, %4);");
+    run(kInsert.arg(IDGrp, Compose_SqlText(Name), composeTextOrNull(Description), composeTextOrNull(Phone)));
 }
 
 void Records::addInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem,
                             const QString& Name, const QString& Description, const QString& Address,
                             UpdateProgress& progress)
 {
+    static const QString kInsert = QStringLiteral(
+        R"(INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address)
+           VALUES(%1, %2, %3, %4, %5, %6);)");
+    static const QString kInsertParameters = QStringLiteral(
+        R"(INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
+           SELECT %1 AS IDGrp, %2 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp,
+                  tbParam.mDftValue AS Val, 0 AS State
+           FROM tbInstrument
+                INNER JOIN (tbParamGroup
+                            INNER JOIN tbParam ON tbParamGroup.mID = tbParam.mKeyParGroup)
+                ON tbInstrument.mID = tbParamGroup.mKeyInst
+           WHERE (tbInstrument.mTag = %3);)");
     progress.to(50);
-    run(u"INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address) VALUES(" % IDGrp %
-        u", " % IDInst % u", " % Compose_SqlText(IDItem) % u", " % Compose_SqlText(Name) % u", " %
-        composeTextOrNull(Description) % u", " % composeTextOrNull(Address) % u");");
+    run(kInsert.arg(IDGrp, IDInst, Compose_SqlText(IDItem), Compose_SqlText(Name),
+                    composeTextOrNull(Description), composeTextOrNull(Address)));
     requireType(IDItem);
     progress.to(100);
-    run(u"INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State) SELECT " % IDGrp %
-        u" AS IDGrp, " % IDInst %
-        u" AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp, tbParam.mDftValue AS Val, "
-        u"0 AS State FROM tbInstrument INNER JOIN (tbParamGroup INNER JOIN tbParam "
-        u"ON tbParamGroup.mID = tbParam.mKeyParGroup) ON tbInstrument.mID = tbParamGroup.mKeyInst "
-        u"WHERE (tbInstrument.mTag = " %
-        Compose_SqlText(IDItem) % u");");
+    run(kInsertParameters.arg(IDGrp, IDInst, Compose_SqlText(IDItem)));
 }
 
 // A type may have left the catalogue since it was offered. Its instrument would stand there without a
@@ -118,7 +123,7 @@ void Records::addInstrument(const QString& IDGrp, const QString& IDInst, const Q
 void Records::requireType(const QString& tag)
 {
     platform::Recordset types;
-    types.Open(u"SELECT mID FROM tbInstrument WHERE (mTag = " % Compose_SqlText(tag) % u");",
+    types.Open(QStringLiteral("SELECT mID FROM tbInstrument WHERE (mTag = %1);").arg(Compose_SqlText(tag)),
                session_.cnDatabase);
     if (types.Eof())
         platform::fail(platform::errors::kItemNotFound,
@@ -154,26 +159,26 @@ bool Records::Remove_Record_Db(const QString& key)
 void Records::removeGroup(const QString& IDGrp, UpdateProgress& progress)
 {
     progress.to(33);
-    run(u"DELETE FROM tbGroupsUser WHERE IDGrp = " % IDGrp);
+    run(QStringLiteral("DELETE FROM tbGroupsUser WHERE IDGrp = %1").arg(IDGrp));
     progress.to(66);
-    run(u"DELETE FROM tbInstrumentsUser WHERE IDGrp = " % IDGrp);
+    run(QStringLiteral("DELETE FROM tbInstrumentsUser WHERE IDGrp = %1").arg(IDGrp));
     progress.to(100);
-    run(u"DELETE FROM tbParametersUser WHERE IDGrp = " % IDGrp);
+    run(QStringLiteral("DELETE FROM tbParametersUser WHERE IDGrp = %1").arg(IDGrp));
 }
 
 void Records::removeInstrument(const QString& IDGrp, const QString& IDInst, UpdateProgress& progress)
 {
-    const QString instrument = u"((IDGrp = " % IDGrp % u") AND (IDInst = " % IDInst % u"))";
     progress.to(50);
-    run(u"DELETE FROM tbInstrumentsUser WHERE " % instrument);
+    run(QStringLiteral("DELETE FROM tbInstrumentsUser WHERE ((IDGrp = %1) AND (IDInst = %2))")
+            .arg(IDGrp, IDInst));
     progress.to(100);
-    run(u"DELETE FROM tbParametersUser WHERE " % instrument);
+    run(QStringLiteral("DELETE FROM tbParametersUser WHERE ((IDGrp = %1) AND (IDInst = %2))")
+            .arg(IDGrp, IDInst));
 }
 
 void Records::run(const QString& sql)
 {
-    session_.strSQL = sql;
-    session_.cnDatabase.Execute(session_.strSQL);
+    session_.cnDatabase.Execute(sql);
 }
 
 } // namespace structure

@@ -1,13 +1,9 @@
 #pragma once
 
-#include <QString>
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-}
+#include <QString>
 
 namespace structure {
 
@@ -45,7 +41,7 @@ public:
     bool Remove_Record_Db(const QString& key);
 
 private:
-    int nextNumber();
+    int nextNumber(const QString& highestSql);
     void run(const QString& sql);
     void addGroup(const QString& IDGrp, const QString& Name, const QString& Description, const QString& Phone,
                   UpdateProgress& progress);

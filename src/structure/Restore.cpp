@@ -5,7 +5,6 @@
 #include "session/Helpers.h"
 #include "session/Session.h"
 
-#include <QStringBuilder>
 #include <optional>
 
 namespace structure {
@@ -15,20 +14,19 @@ namespace {
 // The condition of the rows below a key; none for a level that has no rows.
 std::optional<QString> rowsBelow(int level, const KeyParts& ids)
 {
-    const QString group = u"(IDGrp = " % ids.IDGrp % u')';
-    const QString instrument = group % u" AND (IDInst = " % ids.IDInst % u')';
     switch (level) {
     case kRoot:
         return QString();
     case kGroup:
-        return u"WHERE " % group % u';';
+        return QStringLiteral("WHERE (IDGrp = %1)").arg(ids.IDGrp);
     case kInstrument:
-        return u"WHERE (" % instrument % u");";
+        return QStringLiteral("WHERE ((IDGrp = %1) AND (IDInst = %2))").arg(ids.IDGrp, ids.IDInst);
     case kParamGroup:
-        return u"WHERE (" % instrument % u" AND (IDParGrp = " % session::Compose_SqlText(ids.IDParGrp) %
-               u"));";
+        return QStringLiteral("WHERE ((IDGrp = %1) AND (IDInst = %2) AND (IDParGrp = %3))")
+            .arg(ids.IDGrp, ids.IDInst, session::Compose_SqlText(ids.IDParGrp));
     case kParameter:
-        return u"WHERE (" % instrument % u" AND (IDPar = " % session::Compose_SqlText(ids.IDPar) % u"));";
+        return QStringLiteral("WHERE ((IDGrp = %1) AND (IDInst = %2) AND (IDPar = %3))")
+            .arg(ids.IDGrp, ids.IDInst, session::Compose_SqlText(ids.IDPar));
     default:
         return std::nullopt;
     }
@@ -41,10 +39,9 @@ bool Restore_Item(session::Session& session, platform::Operator& op, const QStri
     return platform::guarded("Module/Restore_Item", [&] {
         const platform::BusyPointer busy(op);
         const std::optional<QString> condition = rowsBelow(Extract_Level(key), Extract_Key(key));
-        if (condition) {
-            session.strSQL = u"UPDATE tbParametersUser SET State = 0 " % *condition;
-            session.cnDatabase.Execute(session.strSQL);
-        }
+        if (condition)
+            session.cnDatabase.Execute(
+                QStringLiteral("UPDATE tbParametersUser SET State = 0 %1;").arg(*condition));
         return true;
     });
 }

@@ -4,6 +4,7 @@
 #include "platform/Operator.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/Image.h"
 
 namespace structure {
 
@@ -11,7 +12,6 @@ using platform::guarded;
 
 namespace {
 
-constexpr int kRootImage = 1;
 constexpr int kViews = 4;
 constexpr int kNextView = -1;
 
@@ -41,7 +41,7 @@ bool Structure::Add_Node_TreeBus(int level, const QString& IDGrp, const QString&
 {
     return guarded("Module/Add_Node_TreeBus", [&] {
         const QString key = Compose_Key(level + 1, IDGrp, IDInst, IDParGrp);
-        if (!tree_.addNode(Compose_Key(level, IDGrp, IDInst, IDParGrp), key, caption, level + 1))
+        if (!tree_.addNode(Compose_Key(level, IDGrp, IDInst, IDParGrp), key, caption, imageOfNode(level)))
             failOnNewElement(key);
         if (level == kGroup) {
             newestGroup_ = key;
@@ -115,10 +115,7 @@ void Structure::Select_Item_ListBus()
 
 void Structure::Select_Node_TreeBus(const QString& listKey)
 {
-    guarded("Module/Select_Node_TreeBus", [&] {
-        const KeyParts ids = Extract_Key(listKey);
-        selectWithPath(Compose_Key(Extract_Level(listKey), ids.IDGrp, ids.IDInst, ids.IDParGrp));
-    });
+    guarded("Module/Select_Node_TreeBus", [&] { selectWithPath(parentKey(listKey)); });
 }
 
 void Structure::Refresh_Item()
@@ -138,6 +135,22 @@ void Structure::reloadList()
 void Structure::showItem(const ListItem& item)
 {
     list_.updateItem(item);
+}
+
+void Structure::sortNodes(const QString& key)
+{
+    tree_.sortChildren(key);
+}
+
+void Structure::orderNodes(const QString& key)
+{
+    tree_.orderChildren(key);
+}
+
+void Structure::showCut(const QString& key)
+{
+    tree_.setPaleKey(key);
+    list_.setPaleKey(key);
 }
 
 void Structure::renameNode(const QString& key, const QString& caption)
@@ -220,6 +233,7 @@ void Structure::clearAll()
     tree_.clear();
     list_.clear();
     newestGroup_.clear();
+    showCut({});
     selectNode({});
     selectItem({});
     setPath({});
@@ -228,14 +242,14 @@ void Structure::clearAll()
 void Structure::showRootOnly()
 {
     clearAll();
-    tree_.addNode({}, kRootKey, kRootCaption, kRootImage);
+    tree_.addNode({}, kRootKey, kRootCaption, int(Image::Root));
     showRootItem();
     setPath(kRootCaption);
 }
 
 void Structure::showRootItem()
 {
-    list_.setItems({{kRootKey, kRootCaption, {}, {}, kRootImage}});
+    list_.setItems({{kRootKey, kRootCaption, {}, {}, int(Image::Root)}});
     selectItem({});
     Set_ColName_ListBus(kNoSelection);
 }

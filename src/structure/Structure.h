@@ -1,18 +1,14 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "platform/RuntimeError.h"
+#include "session/Forward.h"
 #include "structure/ListModel.h"
 #include "structure/NodeKey.h"
 #include "structure/TreeModel.h"
 
 #include <QObject>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include <optional>
 
 namespace structure {
 
@@ -57,6 +53,12 @@ public:
     void reloadList();
     // Shows an item of the list as it is now; nothing where the list doesn't show it.
     void showItem(const ListItem& item);
+    // Puts the children of a node in the order in which a company's opening shows them: groups and
+    // instruments by name, parameter groups by their number.
+    void sortNodes(const QString& key);
+    void orderNodes(const QString& key);
+    // Draws an element pale, in tree and list: it has been cut and waits to be pasted. "" draws none.
+    void showCut(const QString& key);
     // Shows an element of the tree under its new name, in its place among its neighbours.
     void renameNode(const QString& key, const QString& caption);
     QString Search_ParamEnum(const QString& IDPar, const QString& Value);
@@ -99,7 +101,8 @@ signals:
 private:
     void showRootItem();
     void selectWithPath(const QString& key);
-    void fillList(int level, const KeyParts& ids);
+    void fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice);
+    QString choiceOf(const QString& IDPar, const QString& Value) const;
 
     session::Session& session_;
     const session::Texts& texts_;

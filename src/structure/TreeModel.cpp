@@ -1,5 +1,7 @@
 #include "structure/TreeModel.h"
 
+#include "structure/NameOrder.h"
+
 #include <algorithm>
 #include <optional>
 
@@ -91,23 +93,44 @@ bool TreeModel::setCaption(const QString& key, const QString& caption)
 
 void TreeModel::sortChildren(const QString& key)
 {
+    sortChildren(key, [](const Node& one, const Node& other) {
+        return compareNames(one.caption, other.caption) < 0;
+    });
+}
+
+void TreeModel::orderChildren(const QString& key)
+{
+    sortChildren(key, [](const Node& one, const Node& other) { return one.key < other.key; });
+}
+
+void TreeModel::sortChildren(const QString& key, const std::function<bool(const Node&, const Node&)>& before)
+{
     const int id = idByKey_.value(key, kNone);
     if (id == kNone)
+        return;
+    std::vector<int>& children = nodes_[id].children;
+    const auto inOrder = [&](int one, int other) { return before(nodes_[one], nodes_[other]); };
+    if (std::is_sorted(children.begin(), children.end(), inOrder))
         return;
     std::optional<QList<QPersistentModelIndex>> parents;
     if (!bulk_) {
         parents = {QPersistentModelIndex(indexOfId(id))};
         emit layoutAboutToBeChanged(*parents, VerticalSortHint);
     }
-    std::vector<int>& children = nodes_[id].children;
-    std::stable_sort(children.begin(), children.end(), [this](int one, int other) {
-        return nodes_[one].caption.compare(nodes_[other].caption, Qt::CaseInsensitive) < 0;
-    });
+    std::stable_sort(children.begin(), children.end(), inOrder);
     renumber(children, 0);
     if (!bulk_) {
         for (const QModelIndex& index : persistentIndexList())
             changePersistentIndex(index, indexOfId(idOf(index)));
         emit layoutChanged(*parents, VerticalSortHint);
+    }
+}
+
+void TreeModel::setPaleKey(const QString& key)
+{
+    for (const QString& changed : {std::exchange(paleKey_, key), key}) {
+        if (const QModelIndex index = indexOf(changed); index.isValid())
+            emit dataChanged(index, index, {PaleRole});
     }
 }
 
@@ -189,6 +212,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
         return node.key;
     case ImageRole:
         return node.image;
+    case PaleRole:
+        return node.key == paleKey_;
     default:
         return {};
     }

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemModel>
 #include <QHash>
+#include <functional>
 #include <vector>
 
 namespace structure {
@@ -17,7 +18,8 @@ public:
     enum Role
     {
         KeyRole = Qt::UserRole,
-        ImageRole
+        ImageRole,
+        PaleRole
     };
 
     explicit TreeModel(QObject* parent = nullptr);
@@ -34,8 +36,12 @@ public:
     // Removes the node and all below it; false when it is missing.
     bool removeNode(const QString& key);
     bool setCaption(const QString& key, const QString& caption);
-    // Sorts the children of a node by caption again, without regard to case.
+    // Sorts the children of a node by caption again, in the order of the company.
     void sortChildren(const QString& key);
+    // Sorts them by key.
+    void orderChildren(const QString& key);
+    // PaleRole is true for this one node; "" for none.
+    void setPaleKey(const QString& key);
 
     bool contains(const QString& key) const;
     QString keyOf(const QModelIndex& index) const;
@@ -67,6 +73,7 @@ private:
     QModelIndex indexOfId(int id) const;
     void renumber(std::vector<int>& siblings, std::size_t from);
     void forget(int id);
+    void sortChildren(const QString& key, const std::function<bool(const Node&, const Node&)>& before);
 
     static constexpr int kNone = -1;
 
@@ -76,6 +83,7 @@ private:
     QHash<QString, int> idByKey_;
     int root_ = kNone;
     bool bulk_ = false;
+    QString paleKey_;
 };
 
 } // namespace structure

@@ -1,38 +1,31 @@
 #include "structure/frmFind.h"
 
-#include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
 #include "session/Texts.h"
-#include "structure/Jump.h"
 #include "structure/widgets/ResultView.h"
 #include "widgets/FormLanguage.h"
 
 #include <QApplication>
-#include <QEvent>
-#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace structure {
 
 namespace {
 
 constexpr int kPauseMilliseconds = 150;
+constexpr int kMostCharacters = 255;
 
 } // namespace
 
 frmFind::frmFind(Structure& structure, session::Session& session, const session::Texts& texts,
                  platform::Operator& op)
-    : structure_(structure), session_(session), texts_(texts), txtFind_(new QLineEdit(this)),
-      lvwFound_(new ResultView(results_, this)), lblFound_(new QLabel(this)), cmdShow_(new QPushButton(this)),
-      cmdClose_(new QPushButton(this)),
-      job_(*this, [this](const Findings& findings) { showFindings(findings); })
+    : ResultDialog(structure, session, texts, {"frmFind", "find", "lvwFound", "lblFound", "find.title"}),
+      txtFind_(new QLineEdit(this)), job_(*this, [this](const Findings& findings) { showFindings(findings); })
 {
-    setObjectName("frmFind");
-    setWindowIcon(platform::icon("find"));
     layOut();
     listen();
     widgets::Set_Language(*this, session, texts, op);
@@ -43,28 +36,10 @@ void frmFind::layOut()
     txtFind_->setObjectName("txtFind");
     txtFind_->setClearButtonEnabled(true);
     txtFind_->addAction(platform::icon("find"), QLineEdit::LeadingPosition);
-    txtFind_->setMaxLength(255);
+    txtFind_->setMaxLength(kMostCharacters);
     txtFind_->setMinimumHeight(30);
-    lvwFound_->setObjectName("lvwFound");
-    lblFound_->setObjectName("lblFound");
-    lblFound_->setTextFormat(Qt::PlainText);
-    lblFound_->setWordWrap(true);
-    cmdShow_->setObjectName("cmdShow");
-    cmdClose_->setObjectName("cmdClose");
-    for (QPushButton* button : {cmdShow_, cmdClose_})
-        button->setAutoDefault(false);
-
-    auto* bottom = new QHBoxLayout;
-    bottom->addWidget(lblFound_, 1);
-    bottom->addWidget(cmdShow_);
-    bottom->addWidget(cmdClose_);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(14, 14, 14, 12);
-    layout->setSpacing(10);
-    layout->addWidget(txtFind_);
-    layout->addWidget(lvwFound_, 1);
-    layout->addLayout(bottom);
-    resize(680, 460);
+    layout_->insertWidget(0, txtFind_);
+    setTabOrder(txtFind_, view_);
 }
 
 void frmFind::listen()
@@ -74,9 +49,7 @@ void frmFind::listen()
     connect(&typing_, &QTimer::timeout, this, &frmFind::search);
     connect(txtFind_, &QLineEdit::textChanged, this, &frmFind::searchSoon);
     connect(txtFind_, &QLineEdit::returnPressed, this, &frmFind::takeSelected);
-    connect(lvwFound_, &ResultView::taken, this, &frmFind::take);
     connect(cmdShow_, &QPushButton::clicked, this, &frmFind::takeSelected);
-    connect(cmdClose_, &QPushButton::clicked, this, &QDialog::reject);
     txtFind_->installEventFilter(this);
 }
 
@@ -86,7 +59,7 @@ void frmFind::searchSoon()
     job_.cancel();
     takeWhenFound_ = false;
     typing_.start();
-    lblFound_->setText(texts_.own(txtFind_->text().isEmpty() ? "find.hint" : "find.searching"));
+    say(texts_.own(txtFind_->text().isEmpty() ? "find.hint" : "find.searching"));
 }
 
 void frmFind::search()
@@ -94,8 +67,8 @@ void frmFind::search()
     typing_.stop();
     if (txtFind_->text().isEmpty() || session_.DbName.isEmpty()) {
         job_.cancel();
-        results_.clear();
-        relabel();
+        showItems({});
+        say(texts_.own("find.hint"));
         return;
     }
     job_.start([file = session_.dbFile(), language = session_.Language.Code, text = txtFind_->text()](
@@ -104,18 +77,15 @@ void frmFind::search()
 
 void frmFind::showFindings(const Findings& findings)
 {
-    const QString selected = lvwFound_->selectedKey();
-    results_.setItems(findings.items);
-    lvwFound_->select(selected);
-    cmdShow_->setEnabled(results_.itemCount() > 0);
+    showItems(findings.items);
     if (!findings.failure.isEmpty())
-        lblFound_->setText(findings.failure);
+        say(findings.failure);
     else if (findings.items.empty())
-        lblFound_->setText(texts_.own("find.nothing"));
+        say(texts_.own("find.nothing"));
     else if (findings.more == 0)
-        lblFound_->setText(texts_.own("find.found").arg(findings.items.size()));
+        say(texts_.own("find.found").arg(findings.items.size()));
     else
-        lblFound_->setText(texts_.own("find.more").arg(findings.items.size()).arg(findings.more));
+        say(texts_.own("find.more").arg(findings.items.size()).arg(findings.more));
     if (std::exchange(takeWhenFound_, false))
         takeSelected();
 }
@@ -123,19 +93,13 @@ void frmFind::showFindings(const Findings& findings)
 // Enter may come before the search is through: the first result is taken then.
 void frmFind::takeSelected()
 {
-    if (isSearching()) {
-        takeWhenFound_ = true;
-        if (typing_.isActive())
-            search();
-    } else if (const QString key = lvwFound_->selectedKey(); !key.isEmpty()) {
-        take(key);
+    if (!isSearching()) {
+        take(view_->selectedKey());
+        return;
     }
-}
-
-void frmFind::take(const QString& key)
-{
-    if (!jumpTo(structure_, key))
-        lblFound_->setText(texts_.own("find.gone"));
+    takeWhenFound_ = true;
+    if (typing_.isActive())
+        search();
 }
 
 bool frmFind::eventFilter(QObject* watched, QEvent* event)
@@ -147,46 +111,29 @@ bool frmFind::eventFilter(QObject* watched, QEvent* event)
         case Qt::Key_Down:
         case Qt::Key_PageUp:
         case Qt::Key_PageDown:
-            QApplication::sendEvent(lvwFound_, event);
+            QApplication::sendEvent(view_, event);
             return true;
         default:
             break;
         }
     }
-    return QDialog::eventFilter(watched, event);
+    return ResultDialog::eventFilter(watched, event);
 }
 
 void frmFind::showEvent(QShowEvent* event)
 {
-    QDialog::showEvent(event);
+    ResultDialog::showEvent(event);
     txtFind_->setFocus();
     txtFind_->selectAll();
     // The plant may have changed since it was searched last.
     search();
 }
 
-void frmFind::changeEvent(QEvent* event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange)
-        return;
-    relabel();
-    if (!txtFind_->text().isEmpty())
-        search();
-}
-
 void frmFind::relabel()
 {
-    setWindowTitle(session_.AppTitle + '\\' + texts_.own("find.title"));
+    ResultDialog::relabel();
     txtFind_->setPlaceholderText(texts_.own("find.placeholder"));
-    platform::guarded("Module/Set_Language", [this] {
-        results_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
-    });
-    cmdShow_->setText(texts_.own("find.show"));
-    cmdShow_->setEnabled(results_.itemCount() > 0);
-    cmdClose_->setText(texts_.own("find.close"));
-    if (txtFind_->text().isEmpty())
-        lblFound_->setText(texts_.own("find.hint"));
+    search(); // values and names follow the language, too
 }
 
 } // namespace structure

@@ -6,6 +6,7 @@
 #include "structure/widgets/FilterField.h"
 #include "structure/widgets/ListBusView.h"
 #include "widgets/FormUnits.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -68,7 +69,7 @@ void frmListBus::listen()
     connect(&structure_, &Structure::viewChanged, lvwBus_, &ListBusView::setView);
     connect(&structure_, &Structure::pathChanged, this, [this] {
         lblPath_->setText(structure_.path());
-        lblPath_->setToolTip(structure_.path());
+        lblPath_->setToolTip(widgets::plainToolTip(structure_.path()));
     });
 }
 

@@ -1,15 +1,12 @@
 #pragma once
 
+#include "session/Forward.h"
+
 #include <QWidget>
 
 class QKeyEvent;
 class QLabel;
 class QProgressBar;
-
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace structure {
 
@@ -31,6 +28,8 @@ public:
 
     void showProgress(bool visible);
     void setProgress(int percent);
+
+    ListBusView& view() const { return *lvwBus_; }
 
     // Opens the filter over the list, or goes to it.
     void showFilter();

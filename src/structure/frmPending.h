@@ -1,31 +1,14 @@
 #pragma once
 
 #include "structure/LatestJob.h"
-#include "structure/ListModel.h"
 #include "structure/PendingWrites.h"
-
-#include <QDialog>
-
-class QLabel;
-class QPushButton;
-class QStackedWidget;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
+#include "structure/widgets/ResultDialog.h"
 
 namespace structure {
 
-class ResultView;
-class Structure;
-
 // "Pending writes": what of the whole company is changed here and not yet in the instruments. It is read
 // again whenever the operator comes back to it.
-class frmPending : public QDialog
+class frmPending : public ResultDialog
 {
     Q_OBJECT
 
@@ -34,26 +17,17 @@ public:
                platform::Operator& op);
 
 protected:
-    void changeEvent(QEvent* event) override;
+    void relabel() override;
     bool event(QEvent* event) override;
 
 private:
     void layOut();
-    void listen();
     void refresh();
     void showWrites(const PendingWrites& pending);
-    void take(const QString& key);
-    void relabel();
 
-    Structure& structure_;
-    session::Session& session_;
-    const session::Texts& texts_;
-    ListModel writes_;
-    QStackedWidget* pages_;
-    ResultView* lvwPending_;
     QWidget* nothing_;
-    QLabel *lblNothing_, *lblPending_;
-    QPushButton *cmdRefresh_, *cmdShow_, *cmdClose_;
+    QLabel* lblNothing_;
+    QPushButton* cmdRefresh_;
     LatestJob<PendingWrites> job_;
 };
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include "session/Forward.h"
 
-namespace session {
-struct Session;
-}
+#include <QWidget>
 
 namespace structure {
 
@@ -18,6 +16,8 @@ class frmTreeBus : public QWidget
 
 public:
     frmTreeBus(Structure& structure, session::Session& session, QWidget* parent = nullptr);
+
+    NodeView& view() const { return *tvwBus_; }
 
 signals:
     void menuWanted(const QPoint& globalPosition); // the popup mnuBus

@@ -60,15 +60,23 @@ struct Tables
     UpperHalf in;
 };
 
-Tables tables;
-
 template <std::size_t Count>
-void fill(UpperHalf& table, const CodePair (&pairs)[Count])
+constexpr UpperHalf tableOf(const CodePair (&pairs)[Count])
 {
+    UpperHalf table{};
     table.fill(kNoCounterpart);
     for (const CodePair& pair : pairs)
         table[pair.from - kHalf] = pair.to;
+    return table;
 }
+
+// Both tables, made while the program is built.
+constexpr Tables Inizialize_RUChr()
+{
+    return {tableOf(kOut), tableOf(kIn)};
+}
+
+constexpr Tables kTables = Inizialize_RUChr();
 
 uchar displayOfLatin(uchar code)
 {
@@ -87,22 +95,16 @@ QByteArray translated(QByteArray text, Translation translation)
 
 } // namespace
 
-void Inizialize_RUChr()
-{
-    fill(tables.out, kOut);
-    fill(tables.in, kIn);
-}
-
 QByteArray Translate_RUChrOut(QByteArray text)
 {
     return translated(std::move(text),
-                      [](uchar code) { return code < kHalf ? code : tables.out[code - kHalf]; });
+                      [](uchar code) { return code < kHalf ? code : kTables.out[code - kHalf]; });
 }
 
 QByteArray Translate_RUChrIn(QByteArray text)
 {
     return translated(std::move(text), [](uchar code) {
-        return code < kHalf ? displayOfLatin(code) : tables.in[code - kHalf];
+        return code < kHalf ? displayOfLatin(code) : kTables.in[code - kHalf];
     });
 }
 

@@ -8,9 +8,6 @@ namespace values {
 // Neither way changes the length. The two are no inverses: the set shares the Latin letters that look like
 // Cyrillic ones.
 
-// Fills the translation tables. Called once at start, before anything is translated.
-void Inizialize_RUChr();
-
 // Display codes to instrument codes. Codes below 128 are copied; a letter that instruments lack becomes "!".
 QByteArray Translate_RUChrOut(QByteArray text);
 

@@ -8,43 +8,55 @@ namespace values {
 namespace {
 
 // Written with points, although filled values use colons.
-QString placeholder(TimeForm form)
+QString placeholder(Kind kind)
 {
-    switch (form) {
-    case TimeForm::H:
+    switch (kind) {
+    case Kind::Real:
+    case Kind::TimeH:
         return QStringLiteral("--");
-    case TimeForm::HM:
+    case Kind::TimeHM:
         return QStringLiteral("--.--");
-    case TimeForm::HMS:
-        break;
+    case Kind::TimeHMS:
+        return QStringLiteral("--.--.--");
+    default:
+        return {};
     }
-    return QStringLiteral("--.--.--");
-}
-
-QString displayReal(const std::optional<QString>& value, const QString& mask,
-                    const std::optional<QString>& unit)
-{
-    if (!value)
-        return QStringLiteral("--");
-    const QString number = formatMask(*value, mask);
-    return unit ? number + u' ' + *unit : number;
 }
 
 } // namespace
 
-QString displayValue(const std::optional<QString>& value, const QString& keyType, const QString& mask,
-                     const std::optional<QString>& unit,
-                     const std::function<QString(const QString&)>& enumText, const QString& otherwise)
+QString displayValue(const std::optional<QString>& value, const ValueForm& form, const EnumText& enumText,
+                     const QString& otherwise)
 {
-    if (keyType == QLatin1String("REAL"))
-        return displayReal(value, mask, unit);
-    if (keyType == QLatin1String("ENUM"))
-        return value ? enumText(*value) : QString();
-    if (keyType == QLatin1String("STRING"))
-        return value.value_or(QString());
-    if (const auto form = timeFormOf(keyType))
-        return value ? formatTime(*value, *form) : placeholder(*form);
-    return otherwise;
+    if (form.kind == Kind::Other)
+        return otherwise;
+    if (!value)
+        return placeholder(form.kind);
+    switch (form.kind) {
+    case Kind::Real: {
+        const QString number = formatMask(*value, form.mask);
+        return form.unit ? number + u' ' + *form.unit : number;
+    }
+    case Kind::Enum:
+        return enumText(*value);
+    case Kind::String:
+        return *value;
+    default:
+        return formatTime(*value, *timeFormOf(form.kind));
+    }
+}
+
+QString displayValue(const std::optional<QString>& value, const QString& keyType, const QString& mask,
+                     const std::optional<QString>& unit, const EnumText& enumText, const QString& otherwise)
+{
+    return displayValue(value, ValueForm{kindOf(keyType), mask, unit}, enumText, otherwise);
+}
+
+QString displayTyped(const std::optional<QString>& value, const ValueForm& form, const EnumText& enumText)
+{
+    ValueForm typed = form;
+    typed.unit = form.unit.value_or(QString());
+    return displayValue(value, typed, enumText, {});
 }
 
 } // namespace values

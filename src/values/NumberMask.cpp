@@ -123,6 +123,11 @@ QString decimalPart(const Decimal& decimal, const Mask& mask)
 
 } // namespace
 
+bool groupsDigits(const QString& mask)
+{
+    return parseMask(mask).grouped;
+}
+
 QString formatMask(const QString& value, const QString& maskText)
 {
     if (!isNumeric(value))

@@ -12,4 +12,7 @@ namespace values {
 // number's own text.
 QString formatMask(const QString& value, const QString& mask);
 
+// Whether what the mask shows has commas between its thousands.
+bool groupsDigits(const QString& mask);
+
 } // namespace values

@@ -43,17 +43,23 @@ QString twoDigits(int number)
 
 } // namespace
 
+std::optional<TimeForm> timeFormOf(Kind kind)
+{
+    switch (kind) {
+    case Kind::TimeH:
+        return TimeForm::H;
+    case Kind::TimeHM:
+        return TimeForm::HM;
+    case Kind::TimeHMS:
+        return TimeForm::HMS;
+    default:
+        return std::nullopt;
+    }
+}
+
 std::optional<TimeForm> timeFormOf(const QString& keyType)
 {
-    if (!keyType.startsWith(QLatin1String("TIME_H")))
-        return std::nullopt;
-    if (keyType == QLatin1String("TIME_H"))
-        return TimeForm::H;
-    if (keyType == QLatin1String("TIME_HM"))
-        return TimeForm::HM;
-    if (keyType == QLatin1String("TIME_HMS"))
-        return TimeForm::HMS;
-    return std::nullopt;
+    return timeFormOf(kindOf(keyType));
 }
 
 std::optional<TimeOfDay> parseTime(const QString& text)

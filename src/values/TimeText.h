@@ -1,5 +1,7 @@
 #pragma once
 
+#include "values/Kind.h"
+
 #include <QString>
 #include <optional>
 
@@ -17,6 +19,7 @@ enum class TimeForm
 
 // The form that a meaning tag asks for: TIME_H, TIME_HM, TIME_HMS; none for any other tag.
 std::optional<TimeForm> timeFormOf(const QString& keyType);
+std::optional<TimeForm> timeFormOf(Kind kind);
 
 struct TimeOfDay
 {

@@ -10,12 +10,12 @@ bool Update_Param(session::Session& session, int IDGrp, int IDInst, const QStrin
                   const QString& Value)
 {
     return platform::guarded("Module/Update_Param", [&] {
-        session.strSQL =
-            QStringLiteral("UPDATE tbParametersUser SET [Value] = ") + session::composeTextOrNull(Value) +
-            QStringLiteral(", State = 0 ") + QStringLiteral("WHERE ((IDGrp = ") + QString::number(IDGrp) +
-            QStringLiteral(") AND (IDInst = ") + QString::number(IDInst) + QStringLiteral(") AND (IDPar = ") +
-            session::Compose_SqlText(IDPar) + QStringLiteral("));");
-        session.cnDatabase.Execute(session.strSQL);
+        static const QString kStatement = QStringLiteral(
+            R"(UPDATE tbParametersUser
+               SET [Value] = %1, State = 0
+               WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4));)");
+        session.cnDatabase.Execute(kStatement.arg(session::composeTextOrNull(Value), QString::number(IDGrp),
+                                                  QString::number(IDInst), session::Compose_SqlText(IDPar)));
         return true;
     });
 }

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "session/Forward.h"
 
-namespace session {
-struct Session;
-}
+#include <QString>
 
 namespace values {
 

@@ -1,5 +1,7 @@
 #include "widgets/FieldEdit.h"
 
+#include "session/WholeCharacters.h"
+
 #include <QFocusEvent>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -30,13 +32,19 @@ FieldEdit::FieldEdit(Verbs verbs, const QString& name, QWidget* parent)
     QPalette colours = palette();
     colours.setBrush(QPalette::Disabled, QPalette::Base, Qt::transparent);
     setPalette(colours);
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { verbs_.changed(text); });
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        // A paste that the limit cuts may end in half a character.
+        const QString whole = session::wholeCharacters(text);
+        if (whole != text)
+            showText(whole, maxLength());
+        verbs_.changed(whole);
+    });
 }
 
 void FieldEdit::showText(const QString& text, int limit)
 {
     const QSignalBlocker blocker(this);
-    const int length = limit > 0 ? limit : kWithoutLimit;
+    const int length = std::max(limit > 0 ? limit : kWithoutLimit, int(text.size()));
     if (maxLength() != length) // setting it moves the cursor, even to the same length
         setMaxLength(length);
     if (this->text() == text)

@@ -26,8 +26,11 @@ public:
 
     FieldEdit(Verbs verbs, const QString& name, QWidget* parent = nullptr);
 
-    // Shows what the model holds, without telling it.
+    // Shows what the model holds, without telling it. What is longer than the limit stands there whole.
     void showText(const QString& text, int limit);
+    // Whether the focus counts as being here, whatever the window system has told so far: a field that is
+    // entered isn't entered again.
+    void setEntered(bool entered) { entered_ = entered; }
 
 signals:
     void left();             // the focus went to another control

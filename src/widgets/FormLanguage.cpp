@@ -4,6 +4,7 @@
 #include "platform/Operator.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "widgets/ToolkitLanguage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -175,6 +176,7 @@ bool Set_Language(QWidget& form, const Session& session, const Texts& texts, pla
     return platform::guarded("Module/Set_Language", [&] {
         const platform::BusyPointer busy(op);
         Walk(session, texts).form(form);
+        setToolkitLanguage(session.Language.Code);
         QEvent changed(QEvent::LanguageChange);
         QApplication::sendEvent(&form, &changed);
         return true;

@@ -13,6 +13,11 @@ class ImageDelegate : public QStyledItemDelegate
 public:
     // `imageRole` is the role under which the model tells its image numbers; a model without any has none.
     explicit ImageDelegate(QObject* parent, std::optional<int> imageRole = {});
+    // The role under which the model tells what is drawn pale.
+    void setPaleRole(int role) { paleRole_ = role; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 
     // Room above and below a row's text, in points.
     void setRowPadding(int padding) { rowPadding_ = padding; }
@@ -26,6 +31,7 @@ protected:
 
 private:
     std::optional<int> imageRole_;
+    std::optional<int> paleRole_;
     int rowPadding_ = 0;
     QSize cell_;
 };

@@ -258,4 +258,99 @@ TEST_F(AlarmsTest, TheVirtualInstrumentCallsInOverBothLinks)
                                          "2/1/Market/Room 1/Door open", "2/1/Market//End"}));
 }
 
+// A report that comes while the notice of the former one stands has not been seen.
+TEST_F(AlarmsTest, AReportThatComesBehindTheNoticeIsAnnouncedOn)
+{
+    takeCall();
+    op.onModal = [this](const QString&) { takeCall(); };
+    bus.Delete_Allarms();
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kAlarm);
+    EXPECT_EQ(panels.text(Panel::Info), "Attention! Allarms recivied.");
+    const int beeps = op.beeps;
+    clock.run(10000);
+    EXPECT_GT(op.beeps, beeps);
+    op.onModal = nullptr;
+    bus.Delete_Allarms();
+    EXPECT_EQ(panels.picture(Panel::Allarm), images::kRest);
+}
+
+// What comes while a failure's box stands belongs to the second block.
+TEST_F(AlarmsTest, WhatComesDuringABoxIsKept)
+{
+    const platform::FailureHook former = platform::setFailureHook([this](const platform::Failure&) {
+        if (bus.actionCode() == ActionCode::SecondBlock)
+            arrives("<P><End>");
+    });
+    arrives("ATD");
+    arrives("<P><U>");
+    clock.run(5000);
+    platform::setFailureHook(former);
+    EXPECT_EQ(sent().last(), "5000 OK") << "it doesn't wait for the box";
+    EXPECT_EQ(bus.received(), "<P><End>");
+    clock.run(5000);
+    EXPECT_EQ(alarmLines(), QStringList{"2/1/P//End"});
+}
+
+// A box that nobody closes holds up neither the call nor the next one.
+TEST_F(AlarmsTest, ABoxThatStandsAllNightLosesNoCall)
+{
+    bool standing = false;
+    const platform::FailureHook former = platform::setFailureHook([&](const platform::Failure&) {
+        ASSERT_FALSE(standing) << "one at a time";
+        standing = true;
+        clock.run(60000);
+        takeCall();
+        standing = false;
+    });
+    arrives("ATD");
+    clock.run(5000);
+    platform::setFailureHook(former);
+    EXPECT_EQ(alarmLines().filter("Alarm").size(), 4) << "two calls, one behind each of the two boxes";
+}
+
+TEST_F(AlarmsTest, BeepsThatWouldSpanMidnightGoOnBehindIt)
+{
+    takeCall();
+    bus.Delete_Allarms();
+    panels.setPicture(Panel::Allarm, images::kRest);
+    const qint64 untilMidnight = 24 * 3600 * 1000 - clock.now().time().msecsSinceStartOfDay();
+    clock.run(untilMidnight - 20000);
+    takeCall();
+    std::vector<QTime> beeps;
+    op.onBeep = [&] { beeps.push_back(clock.now().time()); };
+    clock.run(18000);
+    ASSERT_GE(beeps.size(), 6u);
+    EXPECT_LT(clock.now().time(), QTime(1, 0)) << "no day was waited";
+    EXPECT_EQ(clock.now().date(), QDate(2026, 3, 15));
+}
+
+TEST_F(AlarmsTest, ACallsTimeOutLeavesTheChoiceOfAClosedConsoleAlone)
+{
+    openConsole("1_1");
+    console.Set_Simulator(true);
+    console.unload();
+    arrives("RING");
+    clock.run(63000);
+    EXPECT_EQ(status(), 0);
+    EXPECT_TRUE(bus.parTrasm().Simulator);
+    openConsole("1_1");
+    EXPECT_TRUE(model.simulatorPressed());
+}
+
+TEST_F(AlarmsTest, ACallsTimeOutMakesNoChoiceForAClosedConsole)
+{
+    arrives("RING");
+    clock.run(63000);
+    EXPECT_FALSE(bus.parTrasm().Simulator);
+}
+
+TEST_F(AlarmsTest, NoiseIsKeptToItsLast64KB)
+{
+    arrives(QByteArray(70000, 'x') + "RI");
+    EXPECT_EQ(bus.received().size(), 65536);
+    EXPECT_TRUE(bus.received().endsWith("xRI"));
+    arrives("NG");
+    EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting);
+}
+
 } // namespace

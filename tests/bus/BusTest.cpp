@@ -30,7 +30,7 @@ TEST_F(BusTest, TheStatusSetsPointerAndConsole)
                                                       {2, platform::Pointer::ArrowHourglass}};
     for (const auto& [status, pointer] : rows) {
         op.setPointer(platform::Pointer::Hourglass);
-        bus.EnableDisable_RWMenu(status);
+        bus.EnableDisable_RWMenu(session::LineStatus(status));
         EXPECT_EQ(session.COMPort.Status, status);
         EXPECT_EQ(op.pointer, pointer) << status;
         EXPECT_EQ(model.status(), status);

@@ -92,7 +92,7 @@ TEST_F(LineCableTest, TheEndStepsLogTheDurationThatTheClockShowed)
     ASSERT_EQ(lines.size(), 5);
     EXPECT_EQ(lines[4].size(), 378);
     EXPECT_EQ(descriptionOf(lines[4]), "CONNECTED 0:00:05");
-    EXPECT_EQ(bus.parTrasm().Simulator, "") << "the record is emptied, the button stays";
+    EXPECT_EQ(bus.parTrasm().Simulator, false) << "the record is emptied, the button stays";
     EXPECT_TRUE(model.simulatorPressed());
 }
 

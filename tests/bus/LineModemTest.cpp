@@ -214,12 +214,20 @@ TEST_F(LineModemTest, AHangUpThatNobodyConfirmsWaitsForever)
     EXPECT_EQ(status(), 0);
 }
 
-TEST_F(LineModemTest, AGuardTimeOverMidnightLastsUntilTheClockStandsThereAgain)
+// Never a whole day: it begins with the new one.
+TEST_F(LineModemTest, AGuardTimeThatWouldSpanMidnightBeginsBehindIt)
 {
-    clock.run(15 * 3600 * 1000 - 1000);
-    mark();
-    console.Connect();
-    EXPECT_EQ(sent(), QStringList({"0 +++", "86403000 ATH|<0D>"}));
+    const std::pair<qint64, const char*> rows[] = {
+        {1000, "4000 ATH|<0D>"}, {3000, "6000 ATH|<0D>"}, {3001, "3000 ATH|<0D>"}, {1, "3001 ATH|<0D>"}};
+    constexpr qint64 kDay = 24 * 3600 * 1000;
+    for (const auto& [before, hangUp] : rows) {
+        const qint64 sinceMidnight = clock.now().time().msecsSinceStartOfDay();
+        clock.run(kDay - sinceMidnight - before);
+        mark();
+        console.Connect();
+        EXPECT_EQ(sent(), QStringList({"0 +++", hangUp})) << before;
+        clock.run(70000);
+    }
 }
 
 } // namespace

@@ -41,7 +41,7 @@ TEST_F(LineTest, APortThatOpensIsIdle)
 
 TEST_F(LineTest, OpeningAnOpenPortLeavesTheStatusUntouched)
 {
-    session.COMPort.Status = 2;
+    session.COMPort.Status = session::kBusy;
     EXPECT_TRUE(bus.Open_COMConnection());
     EXPECT_EQ(status(), 2);
 }
@@ -52,7 +52,7 @@ TEST_F(LineTest, ClosingShowsItAndClosingTwiceChangesNothing)
     EXPECT_FALSE(port.PortOpen());
     EXPECT_EQ(status(), -1);
     EXPECT_EQ(panels.picture(Panel::COMSet), images::kPortClosed);
-    session.COMPort.Status = 0;
+    session.COMPort.Status = session::kLineIdle;
     panels.setPicture(Panel::COMSet, images::kRest);
     EXPECT_TRUE(bus.Close_COMConnection());
     EXPECT_EQ(status(), 0);
@@ -173,6 +173,43 @@ TEST_F(LineTest, TheLineServesAgainWhenThePortIsBack)
     openConsole("1_1");
     connectByHand();
     EXPECT_EQ(status(), 1);
+}
+
+TEST_F(LineTest, SettingsThatThePortRefusesAreFalse)
+{
+    using Settings = session::COMPortSettings;
+    const std::pair<const char*, qint16 Settings::*> fields[] = {{"speed", &Settings::Speed},
+                                                                 {"data bits", &Settings::DataBit},
+                                                                 {"parity", &Settings::Parity},
+                                                                 {"stop bits", &Settings::StopBit},
+                                                                 {"handshaking", &Settings::FlowCtrl}};
+    for (const auto& [name, field] : fields)
+        for (const qint16 value : {qint16(-1), qint16(99)}) {
+            session.COMPort = {};
+            session.COMPort.*field = value;
+            EXPECT_FALSE(bus.Set_COMPort()) << name;
+            failures.expectOne(errors::kInvalidCall, "Module/Set_COMPort");
+            EXPECT_EQ(panels.text(Panel::COMSet), "COM1:2400,N,8,1") << "what is in force";
+            EXPECT_EQ(port.Settings(), name == QByteArray("handshaking") ? "2400,N,8,1" : port.Settings());
+        }
+    for (qint16 handshaking = 0; handshaking <= 3; ++handshaking) {
+        session.COMPort = {};
+        session.COMPort.FlowCtrl = handshaking;
+        EXPECT_TRUE(bus.Set_COMPort());
+        EXPECT_EQ(port.Handshaking(), handshaking);
+    }
+}
+
+TEST_F(LineTest, APortThatVanishesKeepsTheChoiceOfAClosedConsole)
+{
+    openConsole("1_1");
+    connectByHand();
+    console.unload();
+    port.vanish();
+    clock.settle();
+    failures.take();
+    EXPECT_TRUE(bus.parTrasm().Simulator);
+    EXPECT_EQ(bus.parTrasm().IDGrp, "");
 }
 
 } // namespace

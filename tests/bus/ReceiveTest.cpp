@@ -254,4 +254,185 @@ TEST_F(ReceiveTest, AnswersToWritesAreDiscardedAndDontMoveThePace)
     EXPECT_TRUE(bus.received().isEmpty());
 }
 
+// A bank: decoded first, stored in one go, its failures told behind it.
+TEST_F(ReceiveTest, NoBoxStandsWhileABankIsStored)
+{
+    runOnPlant("UPDATE tbParam SET mHW = mLW WHERE mID = 'P1102'; UPDATE tbParam SET mAddr = 63 WHERE mID = "
+               "'P1103'");
+    await("2_1_2");
+    arrives(QByteArray(65, '\0'));
+    clock.run(3000);
+    QStringList told;
+    const platform::FailureHook former = platform::setFailureHook([&](const platform::Failure& failure) {
+        EXPECT_FALSE(session.cnDatabase.inTransaction());
+        EXPECT_EQ(value(1, 2, "P1101"), "1") << "stored before anything is told";
+        told << failure.procedure;
+    });
+    arrives(QByteArray(97, '\x0A'));
+    platform::setFailureHook(former);
+    EXPECT_EQ(told, QStringList({"Module/Compose_EngVal", "frmMain/Extract_Param"}));
+    EXPECT_EQ(value(1, 2, "P1102"), "NULL");
+    EXPECT_EQ(value(1, 2, "P1103"), "0") << "as it stood";
+    EXPECT_EQ(logged().last(), texts(546)) << "no OK";
+}
+
+TEST_F(ReceiveTest, ABankThatTheEngineTakesBackIsNotHalfStored)
+{
+    runOnPlant("CREATE TRIGGER full BEFORE UPDATE ON tbParametersUser WHEN NEW.IDPar = 'P1102' BEGIN "
+               "SELECT RAISE(ROLLBACK, 'disk full'); END");
+    await("2_1_2");
+    arrives(QByteArray(65, '\0'));
+    clock.run(3000);
+    arrives(QByteArray(97, '\x0A'));
+    const auto reported = failures.take();
+    ASSERT_EQ(reported.size(), 1u) << "one box";
+    EXPECT_EQ(reported[0].procedure, "Module/Update_Param");
+    for (const auto& [parameter, before] : {std::pair("P1101", "4.5"), {"P1102", "300"}, {"P1103", "0"}})
+        EXPECT_EQ(value(1, 2, parameter), before);
+    EXPECT_EQ(logged().last(), texts(546)) << "no OK";
+    EXPECT_FALSE(session.cnDatabase.inTransaction());
+    finish();
+}
+
+TEST_F(ReceiveTest, AValueThatCannotBeStoredCostsTheOthersNothing)
+{
+    runOnPlant("CREATE TRIGGER refused BEFORE UPDATE ON tbParametersUser WHEN NEW.IDPar = 'P1102' BEGIN "
+               "SELECT RAISE(ABORT, 'refused'); END");
+    await("2_1_2");
+    arrives(QByteArray(65, '\0'));
+    clock.run(3000);
+    arrives(QByteArray(97, '\x0A'));
+    failures.expectUnder("Module/Update_Param");
+    EXPECT_EQ(value(1, 2, "P1101"), "1");
+    EXPECT_EQ(value(1, 2, "P1102"), "300");
+    EXPECT_EQ(value(1, 2, "P1103"), "2570");
+}
+
+// What fails is told behind the event, one box at a time, and the line goes on behind it.
+TEST_F(ReceiveTest, TheLineGoesOnBehindABox)
+{
+    runOnPlant("UPDATE tbParam SET mHW = mLW WHERE mID IN ('P0101', 'P0104')");
+    await("3_1_1_G01");
+    int standing = 0, most = 0, told = 0;
+    const platform::FailureHook former = platform::setFailureHook([&](const platform::Failure&) {
+        most = std::max(most, ++standing);
+        if (++told == 1)
+            for (int record = 0; record < 4; ++record) {
+                clock.run(3000);
+                arrives("\x55\x55\x55");
+            }
+        --standing;
+    });
+    arrives("\x0A\x06");
+    platform::setFailureHook(former);
+    EXPECT_EQ(told, 2);
+    EXPECT_EQ(most, 1);
+    EXPECT_EQ(frames().size(), 5);
+}
+
+// Bytes that stood there before.
+TEST_F(ReceiveTest, AValueReadBehindWaitingBytesIsListedAsDoubtful)
+{
+    openConsole("3_1_1_G01");
+    connectByHand();
+    arrives("24");
+    console.Read_Param();
+    clock.run(3000);
+    arrives("\x0A");
+    clock.run(3000);
+    arrives("\x0A\x06");
+    EXPECT_EQ(model.doubts(), (QList<console::ConsoleModel::Doubt>{
+                                  {QStringLiteral("INST11 \u203a Measures \u203a EN T1"), 2}}));
+    clock.run(1000);
+    arrives("zz");
+    EXPECT_EQ(model.doubts().size(), 1) << "told once";
+    arrives("l");
+    clock.run(2000);
+    EXPECT_EQ(bus.received(), "l");
+    arrives("\x0A\x06");
+    EXPECT_EQ(model.doubts().size(), 2);
+    EXPECT_EQ(model.doubts().last().bytes, 1);
+    console.unload();
+    EXPECT_TRUE(model.doubts().isEmpty());
+}
+
+TEST_F(ReceiveTest, ADoubtfulBankIsListedByItsInstrument)
+{
+    openConsole("2_1_2");
+    connectByHand();
+    arrives("\r");
+    console.Read_Param();
+    clock.run(3000);
+    arrives(QByteArray(64, '\0'));
+    EXPECT_EQ(model.doubts(), (QList<console::ConsoleModel::Doubt>{{"ALPHA", 1}}));
+}
+
+TEST_F(ReceiveTest, ACheckAndAnOldByteBehindWaitingBytesAreDoubtful)
+{
+    runOnPlant(
+        "UPDATE tbParametersUser SET State = 0; UPDATE tbParametersUser SET State = 1, Value = '3' WHERE "
+        "IDPar = 'P0202'");
+    openConsole("4_1_1_G02_P0202");
+    connectByHand();
+    console.Write_Param();
+    ASSERT_TRUE(waitFor(ActionCode::MergingRam));
+    arrives("\x11");
+    EXPECT_TRUE(model.doubts().isEmpty());
+    clock.run(3000);
+    arrives("\x22");
+    EXPECT_EQ(model.doubts().size(), 1);
+    EXPECT_EQ(model.doubts().last().item, QStringLiteral("INST11 \u203a States \u203a EN FAN"));
+    ASSERT_TRUE(waitFor(ActionCode::MergingEeprom));
+    clock.run(3000);
+    arrives("\x11\x06");
+    EXPECT_EQ(model.doubts().size(), 1);
+    ASSERT_TRUE(waitFor(ActionCode::Checking));
+    arrives("xyz");
+    clock.run(3000);
+    arrives("\x11\x06");
+    EXPECT_EQ(model.doubts().size(), 2);
+    EXPECT_EQ(model.doubts().last().bytes, 3);
+}
+
+TEST_F(ReceiveTest, ACheckThatNobodyCanReadIsNeverCalledOk)
+{
+    for (const char* stored : {"NULL", "''"}) {
+        runOnPlant(QStringLiteral("UPDATE tbParametersUser SET State = 1, Value = %1 WHERE IDPar = 'P0202'; "
+                                  "UPDATE tbParam SET mHW = mLW WHERE mID = 'P0202'")
+                       .arg(stored));
+        openConsole("4_1_1_G02_P0202");
+        connectByHand();
+        runOnPlant("UPDATE tbParam SET mType = 'BYTE' WHERE mID = 'P0202'");
+        console.Write_Param();
+        EXPECT_TRUE(waitFor(ActionCode::Checking));
+        clock.run(3000);
+        failures.take();
+        arrives("\x01\x06");
+        failures.expectOne(platform::errors::kDivisionByZero, "Module/Compose_EngVal");
+        EXPECT_EQ(logged().last(), "Error!");
+        EXPECT_EQ(model.failedChecks().size(), 1);
+        finish();
+        console.Disconnect();
+        arrives("\r");
+    }
+}
+
+// Nobody asked, so nobody is answered.
+TEST_F(ReceiveTest, BytesWithoutARequestAreNoAnswer)
+{
+    runOnPlant("UPDATE tbInstMem SET mReadCmd = NULL WHERE mID = 1");
+    openConsole("3_1_1_G01");
+    runOnPlant("UPDATE tbInstMem SET mReadCmd = '1' WHERE mID = 1");
+    connectByHand();
+    runOnPlant("UPDATE tbInstMem SET mReadCmd = NULL WHERE mID = 1");
+    console.Read_Param();
+    clock.run(3000);
+    failures.expectOne(platform::errors::kTypeMismatch, "frmMain.tmrAction_Timer");
+    arrives("many bytes");
+    clock.run(10000);
+    EXPECT_EQ(value(1, 1, "P0101"), "12.3");
+    EXPECT_TRUE(frames().isEmpty());
+    EXPECT_EQ(status(), 2) << "it stands still until Escape";
+}
+
 } // namespace

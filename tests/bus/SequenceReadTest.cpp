@@ -37,7 +37,7 @@ TEST_F(SequenceReadTest, OneParameterOnALiveConnection)
     EXPECT_EQ(status(), 1);
     EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
     EXPECT_FALSE(model.progressVisible());
-    EXPECT_EQ(session.rsWork.State(), platform::Recordset::Closed);
+    EXPECT_FALSE(bus.isOperating());
     EXPECT_EQ(logged(),
               QStringList({"--- Reading process start ---",
                            "Group parameters detected: [Measures] - parameter: [EN PR1]",
@@ -201,18 +201,44 @@ TEST_F(SequenceReadTest, AFieldThatFitsNoByteStopsThePassUntilEscape)
     EXPECT_EQ(status(), 1);
 }
 
-TEST_F(SequenceReadTest, ARecordsetClosedUnderThePassStopsItUntilEscape)
+TEST_F(SequenceReadTest, AReadBegunAnewTakesThePlaceOfTheOneThatRuns)
 {
     openConsole("3_1_1_G01");
     connectByHand();
     console.Read_Param();
-    session.rsWork.Close();
+    clock.run(3000);
+    arrives("ab");
+    EXPECT_EQ(model.progress(), 14);
+    console.Read_Param();
+    EXPECT_EQ(model.progress(), 0);
+    EXPECT_TRUE(model.progressVisible());
     arrives("early bytes");
-    clock.run(60000);
-    EXPECT_TRUE(frames().isEmpty());
-    EXPECT_EQ(status(), 2);
-    bus.abandonOperation();
+    EXPECT_EQ(frames().size(), 1);
+    clock.run(3000);
+    EXPECT_EQ(frames().last(), frames().first()) << "from the first record on";
+    EXPECT_EQ(model.progress(), 14);
+}
+
+TEST_F(SequenceReadTest, TheEndOfAPassEmptiesTheBuffer)
+{
+    openConsole("4_1_1_G02_P0201");
+    connectByHand();
+    console.Read_Param();
+    clock.run(3000);
+    arrives("\x01\x06");
+    arrives("?");
+    ASSERT_EQ(bus.received(), "?");
+    clock.run(3000);
+    EXPECT_TRUE(bus.received().isEmpty());
+    runOnPlant("UPDATE tbParametersUser SET State = 1 WHERE IDPar = 'P0201'");
+    console.Write_Param();
+    ASSERT_TRUE(waitFor(bus::ActionCode::Checking));
+    clock.run(3000);
+    arrives("\x01\x06");
+    arrives("?");
+    clock.run(3000);
     EXPECT_EQ(status(), 1);
+    EXPECT_TRUE(bus.received().isEmpty());
 }
 
 } // namespace

@@ -15,7 +15,7 @@ protected:
     BlockCopyTest()
     {
         writeCompany(published().demo, published().catalogue, published().model, demoFile());
-        EXPECT_TRUE(connectTo("Demo.mdb"));
+        EXPECT_TRUE(connectTo("Demo.mdb") && logIn("1", "1234"));
         session.cnDatabase.Execute("PRAGMA synchronous=OFF;");
     }
 

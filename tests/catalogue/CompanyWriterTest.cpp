@@ -23,8 +23,19 @@ TEST(DemoCompany, isOneCustomerWithSixPlants)
     EXPECT_GE(count(company, "SELECT Count(*) FROM tbInstrumentsUser"), 40);
     EXPECT_EQ(
         count(company, "SELECT Count(*) FROM tbCompanySettings WHERE Company <> '' AND VATNumber <> ''"), 1);
-    EXPECT_EQ(count(company, "SELECT Count(*) FROM tbUsers"), 0);
     EXPECT_EQ(count(company, "SELECT Count(*) FROM tbInstrumentsUser WHERE IDItem = 'ALIEN'"), 0);
+}
+
+// An administrator, somebody who may do everything else, somebody who may do nothing.
+TEST(DemoCompany, hasOperatorsThatShowTheRights)
+{
+    SQLite::Database company = opened(published().company);
+    EXPECT_EQ(
+        column(company,
+               "SELECT IDUser || ' ' || Name || ' ' || coalesce(Password, 'none') || ' ' || State || "
+               "UpgradeDb || Settings || Modify || EventViewer || ReadWrite FROM tbUsers "
+               "ORDER BY IDUser"),
+        QStringList({"0 ADMINISTRATOR none 000000", "1 TECNICO 1234 0-1-1-1-1-1", "2 OSPITE none 000000"}));
 }
 
 TEST(DemoCompany, givesEveryInstrumentAllParametersOfItsType)
@@ -124,6 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"value P020106 22:30:00\n", "\"22:30:00\" is no time such as 07:30"},
         Broken{"value P029008 \"CITTÀ\"\n", "\"CITTÀ\" cannot be the value of P029008"},
         Broken{"added P999999\n", "this instrument has no parameter \"P999999\""},
+        Broken{"instrument 12 NVC-210 \"СКЛAД\"\n", "Latin letters in the Cyrillic word \"СКЛAД\""},
         Broken{"call soon \"HOT\"\n", "\"soon\" is not a whole number"},
         Broken{"call 60\n", "\"call\" takes the seconds and at least one alarm"},
         Broken{"value P999999 1\n", "this instrument has no parameter \"P999999\""},
@@ -134,6 +146,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"changed P020501 2.5\n", "P020501 can only be read"},
         Broken{"colour P020501 red\n", "\"colour\" means nothing here"},
         Broken{"value P020501\n", "\"value\" takes 2 columns"},
+        Broken{"user 1 \"X\"\n", "\"user\" takes at least 3 columns"},
+        Broken{"user 1 \"X\" \"\" Fly\n", "there is no right \"Fly\""},
         Broken{"company Colour red\n", "a company has no \"Colour\""}));
 
 // A newcomer mends all of it in one go.
@@ -220,6 +234,9 @@ TEST(Demo, needsAPlantAndAnInstrument)
     folder.write("b.txt", "value P020101 1\n");
     EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("b.txt")); }),
               "b.txt:1: a value without an instrument above it");
+    folder.write("d.txt", "plant \"TWO\" \"\"\n  ДOМ\n");
+    EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("d.txt")); }),
+              "d.txt:2: Latin letters in the Cyrillic word \"ДOМ\"");
     folder.write("c.txt", "company Fax 1\n  TEXT\n");
     EXPECT_EQ(testing::refusal([&] { readDemo(folder.file("c.txt")); }),
               "c.txt:2: a description that belongs to nothing");

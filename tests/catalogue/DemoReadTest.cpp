@@ -61,6 +61,19 @@ TEST_P(DemoReadTest, readsEveryInstrumentByItsBanks)
     ASSERT_TRUE(waitWhileBusy());
 }
 
+// Whoever just looks at the program hears an alarm within two minutes.
+TEST_P(DemoReadTest, takesDownTheCallThatComesInByItself)
+{
+    openConsole(QString("1_%1").arg(GetParam()));
+    clock.run(120000);
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(panels.picture(bus::Panel::Allarm), bus::images::kAlarm);
+    QStringList alarms;
+    for (const QString& line : logLines())
+        alarms << support::descriptionOf(line);
+    EXPECT_TRUE(alarms.contains("TERMICA DEL VENTILATORE 3")) << alarms.join('\n').toStdString();
+}
+
 INSTANTIATE_TEST_SUITE_P(Plants, DemoReadTest, ::testing::Range(1, 7));
 
 } // namespace

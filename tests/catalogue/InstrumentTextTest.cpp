@@ -21,7 +21,6 @@ QByteArray screenCode(QChar letter)
 // The catalogue's own table and the program's are two; they must agree.
 TEST(InstrumentText, knowsEveryLetterAsTheProgramDoes)
 {
-    values::Inizialize_RUChr();
     for (const QChar letter : kAlphabet + "Ёё")
         EXPECT_EQ(instrumentText(letter), values::Translate_RUChrOut(screenCode(letter)))
             << QString(letter).toStdString();
@@ -42,7 +41,6 @@ TEST(InstrumentText, hasNoCodeForOtherLetters)
 // What the demo's instruments hold comes back letter by letter when the program speaks Russian.
 TEST(InstrumentText, bringsTheDemosCyrillicTextsBack)
 {
-    values::Inizialize_RUChr();
     SQLite::Database company = testing::opened(testing::published().company);
     const QStringList texts = testing::column(
         company, "SELECT Value FROM tbParametersUser WHERE IDGrp = 6 AND Value GLOB '*[А-Я]*'");

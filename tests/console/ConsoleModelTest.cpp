@@ -15,10 +15,10 @@ protected:
 TEST_F(ConsoleModelTest, TheLineOfActivityTellsTheNextStep)
 {
     EXPECT_EQ(activity(), "Not connected. Press Connect to reach group GRP1.");
-    bus.EnableDisable_RWMenu(2);
+    bus.EnableDisable_RWMenu(session::kBusy);
     clock.run(7000);
     EXPECT_EQ(activity(), "connecting: 7 s");
-    bus.EnableDisable_RWMenu(1);
+    bus.EnableDisable_RWMenu(session::kConnected);
     EXPECT_EQ(activity(), "Connected. Read or Write the selected item.");
 }
 
@@ -40,12 +40,12 @@ TEST_F(ConsoleModelTest, EachChangeIsAnnounced)
     int changes = 0, lines = 0, checks = 0;
     QObject::connect(&model, &console::ConsoleModel::changed, [&] { ++changes; });
     QObject::connect(&model, &console::ConsoleModel::lineAdded, [&](int row) { lines += row + 1; });
-    QObject::connect(&model, &console::ConsoleModel::failedChecksChanged, [&] { ++checks; });
+    QObject::connect(&model, &console::ConsoleModel::concernsChanged, [&] { ++checks; });
     model.setProgress(40);
     model.showProgress(true);
     model.setAutoDisconnect(true);
     model.setSimulator(true);
-    model.applyStatus(1);
+    model.applyStatus(session::kConnected);
     EXPECT_EQ(changes, 5);
     EXPECT_EQ(model.progress(), 40);
     EXPECT_TRUE(model.progressVisible());
@@ -56,8 +56,15 @@ TEST_F(ConsoleModelTest, EachChangeIsAnnounced)
     EXPECT_EQ(lines, 3);
     model.checkFailed("I", "G", "P");
     EXPECT_EQ(model.failedChecks(), QStringList{QStringLiteral("I \u203a G \u203a P")});
-    model.forgetFailedChecks();
+    model.forgetConcerns();
     EXPECT_EQ(checks, 2);
+    model.answerDoubtful("I", "G", "P", 3);
+    model.answerDoubtful("I", "", "", 1);
+    EXPECT_EQ(model.doubts(),
+              (QList<console::ConsoleModel::Doubt>{{QStringLiteral("I \u203a G \u203a P"), 3}, {"I", 1}}));
+    EXPECT_EQ(checks, 4);
+    model.forgetConcerns();
+    EXPECT_TRUE(model.doubts().isEmpty());
 }
 
 } // namespace

@@ -22,11 +22,11 @@ TEST_F(ConsoleTest, ItOpensOnTheSelectedItemAndOnTheSelectedNode)
 {
     structure.selectItem("2_1_1");
     console.ReadWrite_Item();
-    EXPECT_EQ(session.ClipKey, "2_1_1");
+    EXPECT_EQ(console.chosenKey(), "2_1_1");
     EXPECT_EQ(op.forms, QStringList{"modal frmReadWrite"});
     structure.selectNode("1_2");
     console.ReadWrite_Node();
-    EXPECT_EQ(session.ClipKey, "1_2");
+    EXPECT_EQ(console.chosenKey(), "1_2");
 }
 
 TEST_F(ConsoleTest, WithoutASelectionNothingHappens)
@@ -43,7 +43,7 @@ TEST_F(ConsoleTest, AClosedOrBusyPortRefusesTheWindow)
     structure.selectItem("2_1_1");
     const std::pair<int, QString> rows[] = {{-1, "COM port not available."}, {2, "COM port is busy."}};
     for (const auto& [status, reason] : rows) {
-        session.COMPort.Status = qint16(status);
+        session.COMPort.Status = session::LineStatus(status);
         for (int way = 0; way < 2; ++way) {
             refuses(reason + "\r\nIt is not possible to open the template in this moment.");
             way == 0 ? console.ReadWrite_Item() : console.ReadWrite_Node();
@@ -169,7 +169,7 @@ TEST_F(ConsoleTest, ASecondConnectionIsRefusedByTheNameOfTheFirst)
     connectByHand();
     openConsole("1_2");
     for (const int status : {1, 2}) {
-        session.COMPort.Status = qint16(status);
+        session.COMPort.Status = session::LineStatus(status);
         refuses("Attention! Connection already opened on group: GRP1\r\nActive connection must be closed in "
                 "advance.");
         console.Connect();
@@ -225,7 +225,6 @@ TEST_F(ConsoleTest, TheGroupIsFoundOrGivesTwoEmptyTexts)
     EXPECT_EQ(name, "");
     EXPECT_EQ(console.Search_AliveParGrp(99), "");
     EXPECT_EQ(console.Search_AliveParGrp(1), QByteArray::fromHex("30 30 01 00 01"));
-    EXPECT_EQ(session.rsWork.State(), platform::Recordset::Closed);
 }
 
 // Toggles
@@ -234,12 +233,12 @@ TEST_F(ConsoleTest, TheSimulatorFlipsAndLoadingOnlyShowsIt)
     openConsole("1_1");
     EXPECT_FALSE(model.simulatorPressed());
     console.Set_Simulator(true);
-    EXPECT_EQ(bus.parTrasm().Simulator, "-1");
+    EXPECT_EQ(bus.parTrasm().Simulator, true);
     EXPECT_TRUE(model.simulatorPressed());
     console.Set_Simulator(false);
     EXPECT_TRUE(model.simulatorPressed());
     console.Set_Simulator(true);
-    EXPECT_EQ(bus.parTrasm().Simulator, "");
+    EXPECT_EQ(bus.parTrasm().Simulator, false);
     EXPECT_FALSE(model.simulatorPressed());
 }
 
@@ -249,7 +248,7 @@ TEST_F(ConsoleTest, BehindAConnectionTheFirstClickFindsAnEmptiedFieldUnderAPress
     connectByHand();
     console.Disconnect();
     arrives("\r");
-    EXPECT_EQ(bus.parTrasm().Simulator, "");
+    EXPECT_EQ(bus.parTrasm().Simulator, false);
     EXPECT_TRUE(model.simulatorPressed());
     console.Set_Simulator(true);
     EXPECT_TRUE(model.simulatorPressed());
@@ -264,7 +263,7 @@ TEST_F(ConsoleTest, ClosingKeepsTheSimulatorsButtonForTheNextTime)
     console.Disconnect();
     arrives("\r");
     console.unload();
-    EXPECT_EQ(bus.parTrasm().Simulator, "-1");
+    EXPECT_EQ(bus.parTrasm().Simulator, true);
     openConsole("1_2");
     EXPECT_TRUE(model.simulatorPressed());
 }

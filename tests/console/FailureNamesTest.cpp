@@ -29,7 +29,7 @@ protected:
     {
         structure.selectItem("2_1_1");
         structure.selectNode("2_1_1");
-        session.COMPort.Status = qint16(status);
+        session.COMPort.Status = session::LineStatus(status);
         setLanguage(kNoLanguage);
     }
     void openBroken(const QString& table)
@@ -52,13 +52,13 @@ protected:
         {"frmReadWrite.Form_Unload",
          [this] {
              openConsole("2_1_1");
-             QObject::connect(&model, &console::ConsoleModel::failedChecksChanged, [] { breakDown(); });
+             QObject::connect(&model, &console::ConsoleModel::concernsChanged, [] { breakDown(); });
              console.unload();
          }},
         {"frmReadWrite/Connect",
          [this] {
              openConsole("2_1_1");
-             session.COMPort.Status = -1;
+             session.COMPort.Status = session::kPortClosed;
              setLanguage(kNoLanguage);
              console.Connect();
          }},
@@ -90,7 +90,7 @@ protected:
         {"frmReadWrite.lvwItems_KeyDown",
          [this] {
              openConsole("2_1_1");
-             session.COMPort.Status = 2;
+             session.COMPort.Status = session::kBusy;
              setLanguage(kNoLanguage);
              console.interrupt();
          }},

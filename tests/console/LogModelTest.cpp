@@ -47,6 +47,23 @@ TEST(LogModelTest, AClickSortsAndASecondFlips)
     EXPECT_EQ(log.sortColumn(), 0);
 }
 
+TEST(LogModelTest, WhatPointsAtALineGoesWithIt)
+{
+    LogModel log;
+    for (const char* text : {"b", "d", "a", "c"})
+        log.add("same", text);
+    const QPersistentModelIndex chosen = log.index(1, 0);
+    const QPersistentModelIndex other = log.index(2, 1);
+    log.clickColumn(1);
+    EXPECT_EQ(chosen.row(), 3);
+    EXPECT_EQ(chosen.column(), 0);
+    EXPECT_EQ(other.row(), 0);
+    log.clickColumn(1);
+    EXPECT_EQ(chosen.row(), 0);
+    EXPECT_EQ(other.row(), 3);
+    EXPECT_EQ(other.column(), 1);
+}
+
 TEST(LogModelTest, EqualLinesKeepTheOrderOfArrival)
 {
     LogModel log;

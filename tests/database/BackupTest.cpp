@@ -25,8 +25,8 @@ TEST_F(BackupTest, ItIsTheFileAndTheCompanyComesBackWithItsOperator)
     EXPECT_EQ(session.cnDatabase.State(), int(platform::Connection::Opened));
     EXPECT_EQ(reconnected.count(), 1);
     EXPECT_EQ(connected.count() + lost.count(), 0) << "no login is asked";
-    EXPECT_EQ(session.CurrentUser.Name, "ADMINISTRATOR");
-    EXPECT_EQ(captions.last(), "Calidora - Database: Plant.mdb - User: ADMINISTRATOR");
+    EXPECT_EQ(session.CurrentUser.Name, "TECHNICIAN");
+    EXPECT_EQ(captions.last(), "Calidora - Database: Plant.mdb - User: TECHNICIAN");
     EXPECT_EQ(op.pointer, platform::Pointer::Default);
     EXPECT_FALSE(op.forms.contains("show frmCopy")) << "a small file is copied before anybody could read it";
 }

@@ -184,6 +184,31 @@ TEST_F(CommandsTest, WithoutAModelTheExistingFileStays)
     EXPECT_EQ(connected.count(), 0);
 }
 
+TEST_F(CommandsTest, ACompanyNeverTakesTheModelsPlaceThroughALink)
+{
+    const QByteArray model = bytesOf(modelFile());
+    QFile::link(modelFile(), file("Data/Linked.mdb"));
+    QFile::link(file("Data Model"), file("Models"));
+    QFile::link(modelFile(), file("Data Model/Other.mdb"));
+    for (const char* target : {"Data/Linked.mdb", "Models/Other.mdb"}) {
+        op.chooseFile(file(target));
+        op.expect(texts.own("model.protected"));
+        database.New_Database();
+        EXPECT_TRUE(op.done()) << target;
+        EXPECT_EQ(session.DbName, "") << target;
+        EXPECT_EQ(op.boxes.back().icon, platform::Icon::Exclamation);
+        EXPECT_EQ(op.boxes.back().title, "Calidora");
+    }
+    EXPECT_EQ(connected.count() + lost.count(), 0);
+    EXPECT_EQ(bytesOf(modelFile()), model);
+
+    QFile::copy(modelFile(), file("Data/Copy.mdb"));
+    QFile::link(file("Data/Copy.mdb"), file("Data/LinkToCompany.mdb"));
+    op.chooseFile(file("Data/LinkToCompany.mdb"));
+    database.New_Database();
+    EXPECT_EQ(connected.count(), 1) << "a link onto a company is a company";
+}
+
 TEST_F(CommandsTest, AFolderThatCantBeWrittenIsReported)
 {
     op.chooseFile(file("Nowhere/Fresh.mdb"));

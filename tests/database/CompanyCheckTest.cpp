@@ -44,7 +44,7 @@ TEST_F(CompanyCheckTest, EveryTableIsNeeded)
 
 TEST_F(CompanyCheckTest, WhatIsNoCompanyIsCalledSo)
 {
-    const QString kForeign = "The file shown is not a company.";
+    const QString kForeign = "The file shown is not a company file.";
     write("Data/short", "SQLite format 3");
     write("Data/letter", QByteArray("Dear Sirs, ").repeated(500));
     write("Data/head", QByteArray("SQLite format 3\0", 16) + QByteArray(8000, 'x'));

@@ -16,8 +16,7 @@ class CompanyUpgradeTest : public SafekeepingFixture
 protected:
     CompanyUpgradeTest()
     {
-        runOnPlant("INSERT INTO tbUsers (IDUser, Name, UpgradeDb) VALUES ('0', 'ADMINISTRATOR', -1), ('7', "
-                   "'Rossi', 0);"
+        runOnPlant("INSERT INTO tbUsers (IDUser, Name, UpgradeDb) VALUES ('7', 'Rossi', 0);"
                    "INSERT INTO tbCompanySettings (Company) VALUES ('Ice & Co');"
                    "INSERT INTO tbEvent (Description) VALUES ('left over');"
                    "INSERT INTO tbParUser_tmp VALUES ('P0101');");
@@ -74,7 +73,7 @@ TEST_F(CompanyUpgradeTest, TheCompanysTablesGoIntoTheModelThatTakesItsPlace)
         EXPECT_EQ(column(plantFile(), QString("SELECT Count(*) FROM ") + emptied), QStringList{"0"})
             << emptied;
     EXPECT_EQ(column(plantFile(), "SELECT Name FROM tbUsers ORDER BY IDUser"),
-              (QStringList{"ADMINISTRATOR", "Rossi"}));
+              (QStringList{"ADMINISTRATOR", "TECHNICIAN", "GUEST", "FORMER", "Rossi"}));
     EXPECT_EQ(column(plantFile(), "PRAGMA foreign_key_check"), QStringList());
     EXPECT_EQ(names("Data"), QStringList{"Plant.mdb"});
     EXPECT_EQ(names("Backup"), QStringList()) << "the safety copy has gone again";
@@ -82,7 +81,7 @@ TEST_F(CompanyUpgradeTest, TheCompanysTablesGoIntoTheModelThatTakesItsPlace)
         << "the model is untouched";
     EXPECT_EQ(reconnected.count(), 1);
     EXPECT_EQ(connected.count() + lost.count(), 0);
-    EXPECT_EQ(captions.last(), "Calidora - Database: Plant.mdb - User: ADMINISTRATOR");
+    EXPECT_EQ(captions.last(), "Calidora - Database: Plant.mdb - User: TECHNICIAN");
     EXPECT_EQ(finished.count(), 1);
     EXPECT_EQ(op.pointer, platform::Pointer::Default);
 }

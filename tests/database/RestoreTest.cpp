@@ -135,9 +135,9 @@ TEST_F(RestoreTest, AWrongFileIsRefusedBeforeAnythingIsReplaced)
     const QByteArray plant = bytesOf("Data/Plant.mdb");
     const auto shown = [this](const char* name) { return file(QString("Backup/") + name); };
     const std::pair<const char*, QString> rows[] = {
-        {"Letter.bak", "The file " + shown("Letter.bak") + " is not a company."},
-        {"Empty.bak", "The file " + shown("Empty.bak") + " is not a company."},
-        {"Other.bak", "The file " + shown("Other.bak") + " is not a company."},
+        {"Letter.bak", "The file " + shown("Letter.bak") + " is not a company file."},
+        {"Empty.bak", "The file " + shown("Empty.bak") + " is not a company file."},
+        {"Other.bak", "The file " + shown("Other.bak") + " is not a company file."},
         {"Gone.bak", "The file " + shown("Gone.bak") + " does not exist."},
         {"Poor.bak", "The file " + shown("Poor.bak") + " is damaged or incomplete: tbEvent, tbUsers"},
     };

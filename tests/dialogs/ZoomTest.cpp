@@ -148,7 +148,7 @@ TEST_F(ZoomTest, ABadQueryIsReportedAndLeavesTheListEmpty)
 
 TEST_F(ZoomTest, AFileThatIsGoneIsReported)
 {
-    zoom.ZoomSet.Connection = "Data Source = " + file("Data/Gone.mdb");
+    zoom.ZoomSet.Connection = file("Data/Gone.mdb");
     EXPECT_EQ(zoom.ShowZoom("*"), "");
     failures.expectOne(platform::errors::kFileNotFound, "frmZoom/Load_Items");
 }

@@ -1,7 +1,5 @@
 #include "e2e/RealLine.h"
 
-#include "values/Cyrillic.h"
-
 #include <QDir>
 #include <QTest>
 
@@ -26,15 +24,13 @@ QByteArray RecordingPort::Input()
 
 RealLine::RealLine()
 {
-    values::Inizialize_RUChr();
     QDir().mkpath(file(QStringLiteral("ports")));
     EXPECT_TRUE(connectPlant());
 }
 
 void RealLine::openConsole(const QString& key)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
 }
 
 bool RealLine::waitUntil(const std::function<bool()>& condition)

@@ -23,6 +23,7 @@ saw "Xvfb on $DISPLAY"
 # The splash may bear the box's title: first the main window, then the box in front of it.
 the_box() {
   wait_for 60 "the main window" window_there "$main"
+  type_the_login # the port opens behind it, and its box comes up at once
   wait_for 20 "the box" window_there "$box"
 }
 goes_on() {
@@ -53,6 +54,7 @@ start_program
 the_box
 shown 01-missing
 goes_on
+keys shift+Tab # from the list to the tree
 refuses_the_console 02-no-console
 leave
 
@@ -77,6 +79,7 @@ step "a port that is pulled out while open"
 ! reports || wrong "a failure report before anything failed"
 start_program
 wait_for 60 "the main window" window_there "$main"
+log_in
 shown 04-open
 ticks() { awk '{ print $14 + $15 }' "/proc/$program_pid/stat"; }
 before=$(ticks)
@@ -108,6 +111,7 @@ shown 07-twice
 focus "$box"
 keys Return
 wait_for 10 "the box's end" window_gone "$box"
+log_in
 one_left() {
   program_pid=$first_pid
   ! program_ended || program_pid=$second_pid

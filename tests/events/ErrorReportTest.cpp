@@ -80,7 +80,7 @@ TEST_F(ErrorReportTest, TellsEverythingLineForLine)
         "CPU: Intel(R) Core(TM) i5",
         "RAM totale: 16,384,000 KB",
         "RAM libera: 999KB",
-        "Spazio disponibile sull'unità / 999 KB di 1,000 KB",
+        "Spazio disponibile sull'unità / 1,000 KB di 1,000 KB",
         "Spazio disponibile sull'unità /srv 2 KB di 1,234,567 KB",
         "",
         "---------------< Informazioni Società >---------------",
@@ -165,6 +165,26 @@ INSTANTIATE_TEST_SUITE_P(
                     DiskRow{"", "", {"/"}}, DiskRow{"", "\\\\server\\firms", {"/"}},
                     DiskRow{"", "//server/firms", {"/"}}, DiskRow{"/@", "/srv/firms", {"/srv"}},
                     DiskRow{"/@", "/home/firms", {"/"}}, DiskRow{"/@", "//server/firms", {}}));
+
+// A machine with one disk, measured to the byte.
+class OneDisk : public Machine
+{
+public:
+    FileSystem disk;
+    FileSystem fileSystemOf(const QString&) const override { return disk; }
+};
+
+TEST_F(ErrorReportTest, SizesOfADiskAreRounded)
+{
+    OneDisk machine;
+    machine.disk = FileSystem{"/", 1'535, 1'536};
+    ErrorReport(session_, clock_, machine).Report_RuntimeError(1, "x", "Module/Main");
+    EXPECT_EQ(disksOf(linesOf(kReport)), QStringList("Spazio disponibile sull'unità / 1 KB di 2 KB"));
+    machine.disk = FileSystem{"/", 1'048'063, 3'000'000'000'000};
+    ErrorReport(session_, clock_, machine).Report_RuntimeError(1, "x", "Module/Main");
+    EXPECT_EQ(disksOf(linesOf(kReport)),
+              QStringList("Spazio disponibile sull'unità / 1,023 KB di 2,929,687,500 KB"));
+}
 
 TEST_F(ErrorReportTest, NumbersAreDecimalAndSigned)
 {

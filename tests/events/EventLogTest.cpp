@@ -27,7 +27,7 @@ protected:
     {
         folder_.write("Data/firm.mdb", "");
         session_.AppPath = folder_.path();
-        session_.cnDatabase.Open("Data Source = " + folder_.file("Data/firm.mdb"));
+        session_.cnDatabase.Open(folder_.file("Data/firm.mdb"));
         session_.cnDatabase.Execute("CREATE TABLE tbEvent (IDType INTEGER, Date_Reg TEXT, Source INTEGER, "
                                     "Equipment TEXT, Instrument TEXT, Description TEXT)");
     }
@@ -117,11 +117,54 @@ TEST_F(EventLogTest, TheConsolesLineRewritesTheDate)
     recorder_.expectOne(errors::kTypeMismatch, "Module/Add_Event_ReadWrite");
 }
 
-TEST_F(EventLogTest, AnInsertWithoutACompanyFails)
+TEST_F(EventLogTest, WithoutACompanyEventsAreKeptForTheNextLog)
 {
     session_.cnDatabase.Close();
+    add("Cella", "Sonda", "Prima");
+    add("Cella", QString(60, 'x'), "");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0], QByteArray("214/03/2026 09:05:071  ") + QByteArray("Cella").leftJustified(50) +
+                            QByteArray("Sonda").leftJustified(50) + QByteArray("Prima").leftJustified(255));
+    EXPECT_EQ(lines[1].size(), kLineLength);
+    EXPECT_EQ(lines[1].mid(73, 50), QByteArray(50, 'x'));
+    log_.deleteEvents();
+    QFile::remove(folder_.file("Log/Calidora_20260314090508.log"));
+    log_.CreateLog_App();
+    EXPECT_TRUE(folder_.names("Log").isEmpty()) << "nothing goes out twice";
+    recorder_.expectNone();
+}
+
+TEST_F(EventLogTest, WhatWasKeptStandsInFrontOfTheTable)
+{
+    session_.cnDatabase.Close();
+    add("P", "U", "kept");
+    session_.cnDatabase.Open("Data Source = " + folder_.file("Data/firm.mdb"));
+    add("P", "U", "stored");
+    const auto lines = flushedLines();
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0].mid(123).trimmed(), "kept");
+    EXPECT_EQ(lines[1].mid(123).trimmed(), "stored");
+    EXPECT_EQ(events().RecordCount(), 1);
+}
+
+TEST_F(EventLogTest, WhatCouldNotBeWrittenStaysKept)
+{
+    session_.cnDatabase.Close();
+    add("P", "U", "kept");
+    {
+        const support::FullDisk full(0);
+        log_.CreateLog_App();
+    }
+    EXPECT_FALSE(recorder_.take().empty());
+    EXPECT_EQ(flushedLines().value(0).mid(123).trimmed(), "kept");
+}
+
+TEST_F(EventLogTest, AnInsertThatFailsIsReported)
+{
+    session_.cnDatabase.Execute("DROP TABLE tbEvent");
     add("", "", "");
-    recorder_.expectOne(errors::kObjectClosed, "Module/Add_Event_Db");
+    EXPECT_EQ(recorder_.take().at(0).procedure, "Module/Add_Event_Db");
 }
 
 TEST_F(EventLogTest, EachFieldOfALineHasItsColumn)
@@ -218,6 +261,8 @@ TEST_F(EventLogTest, TheSecondFlushOfASecondReplacesTheFirst)
     log_.deleteEvents();
     add("", "", "second");
     EXPECT_EQ(flushedLines()[0].mid(123, 6), "second");
+    log_.deleteEvents();
+    add("", "", "third");
     clock_.run(1000);
     log_.CreateLog_App();
     EXPECT_EQ(folder_.names("Log").size(), 2);
@@ -238,6 +283,127 @@ TEST_F(EventLogTest, AFailedFlushLeavesNoFileAndTheDefaultPointer)
     log_.CreateLog_App();
     recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
     EXPECT_EQ(operator_.pointer, Pointer::Default);
+}
+
+// More lines than the disk takes, in a company that is smaller than they are.
+class FullDiskFlush : public EventLogTest
+{
+protected:
+    static constexpr int kEvents = 1000;
+    static constexpr int kWritten = 300;
+
+    FullDiskFlush()
+    {
+        session_.cnDatabase.BeginTrans();
+        for (int event = 0; event < kEvents; ++event)
+            add("", "", QString::number(event));
+        session_.cnDatabase.CommitTrans();
+    }
+    void flushOnFullDisk()
+    {
+        const support::FullDisk full(kWritten * (kLineLength + 1) + 200);
+        log_.CreateLog_App();
+        recorder_.expectOne(errors::kDiskFull, "Module/CreateLog_App");
+    }
+    QStringList logged(const QString& name) const
+    {
+        QStringList descriptions;
+        const QByteArray bytes = folder_.read("Log/" + name);
+        EXPECT_EQ(bytes.size() % (kLineLength + 1), 0) << "no line is cut off";
+        for (qsizetype at = 0; at < bytes.size(); at += kLineLength + 1)
+            descriptions << QString::fromLatin1(bytes.mid(at + 123, 255)).trimmed();
+        return descriptions;
+    }
+    static QStringList numbers(int from, int to)
+    {
+        QStringList numbers;
+        for (int number = from; number < to; ++number)
+            numbers << QString::number(number);
+        return numbers;
+    }
+};
+
+TEST_F(FullDiskFlush, KeepsInTheTableWhatDidntReachTheDisk)
+{
+    flushOnFullDisk();
+    EXPECT_EQ(events().RecordCount(), kEvents) << "emptying the table is the caller's";
+    log_.deleteEvents();
+    EXPECT_EQ(folder_.names("Log"), QStringList("Calidora_20260314090508.log"));
+    EXPECT_EQ(logged("Calidora_20260314090508.log"), numbers(0, kWritten));
+    ASSERT_EQ(events().RecordCount(), kEvents - kWritten);
+    EXPECT_EQ(events().text("Description"), QString::number(kWritten));
+    EXPECT_EQ(operator_.pointer, Pointer::Default);
+}
+
+TEST_F(FullDiskFlush, TheNextFlushBringsTheRestAndNothingTwice)
+{
+    flushOnFullDisk();
+    log_.deleteEvents();
+    log_.deleteEvents(); // a console that opens meanwhile
+    add("", "", "later");
+    clock_.run(1000);
+    log_.CreateLog_App();
+    log_.deleteEvents();
+    EXPECT_EQ(logged("Calidora_20260314090509.log"), numbers(kWritten, kEvents) << "later");
+    EXPECT_EQ(events().RecordCount(), 0);
+    log_.CreateLog_App();
+    EXPECT_EQ(folder_.names("Log").size(), 2);
+    add("", "", "new");
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0) << "the table is emptied again without a flush";
+    recorder_.expectNone();
+}
+
+// Another program holds the company just when the table is emptied: the lines are on the disk already.
+TEST_F(FullDiskFlush, RowsThatStayBehindTheirLinesDontGoOutTwice)
+{
+    log_.CreateLog_App();
+    Connection other;
+    other.Open(folder_.file("Data/firm.mdb"));
+    other.BeginTrans();
+    EXPECT_THROW(log_.deleteEvents(), RuntimeError);
+    other.RollbackTrans();
+    add("", "", "later");
+    clock_.run(1000);
+    log_.CreateLog_App();
+    log_.deleteEvents();
+    EXPECT_EQ(logged("Calidora_20260314090508.log"), numbers(0, kEvents));
+    EXPECT_EQ(logged("Calidora_20260314090509.log"), QStringList("later"));
+    EXPECT_EQ(events().RecordCount(), 0);
+}
+
+TEST_F(FullDiskFlush, TwoFailedFlushesKeepTheRestOfBoth)
+{
+    flushOnFullDisk();
+    log_.deleteEvents();
+    clock_.run(1000);
+    flushOnFullDisk();
+    flushOnFullDisk(); // in the same second, and without an emptying: it goes on where it stood
+    log_.deleteEvents();
+    ASSERT_EQ(events().RecordCount(), kEvents - 3 * kWritten);
+    EXPECT_EQ(events().text("Description"), QString::number(3 * kWritten));
+}
+
+TEST_F(FullDiskFlush, AnotherCompanysTableIsItsOwn)
+{
+    flushOnFullDisk();
+    session_.DbName = "other.mdb";
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0);
+}
+
+TEST_F(EventLogTest, AFlushThatCantBeginKeepsEveryRow)
+{
+    add("", "", "x");
+    QDir(folder_.file("Log")).removeRecursively();
+    log_.CreateLog_App();
+    recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 1);
+    QDir(folder_.path()).mkdir("Log");
+    EXPECT_EQ(flushedLines().size(), 1);
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0);
 }
 
 } // namespace

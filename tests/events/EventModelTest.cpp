@@ -195,6 +195,43 @@ TEST_F(EventModelTest, SortsLettersAsTextsWithoutCaseSort)
     }
 }
 
+TEST_F(EventModelTest, ManyRowsSortLikeFew)
+{
+    // Prefixes of every length up to three looks, in any case; many texts come more than once.
+    QList<QByteArray> texts;
+    quint32 random = 7;
+    for (int i = 0; i < 4000; ++i) {
+        random = random * 1664525 + 1013904223;
+        const QByteArray start = QByteArray(random >> 28 & 15, random >> 20 & 1 ? 'p' : 'P');
+        texts << start + QByteArray::number(random >> 12 & 127) + QByteArray(random >> 24 & 7, 'x');
+    }
+    describe(texts);
+    std::vector<std::pair<QString, quint32>> expected;
+    for (int row = 0; row < model_.rowCount(); ++row)
+        expected.emplace_back(model_.text(row, EventColumn::Description), model_.eventAt(row));
+    for (const int sign : {1, -1}) {
+        std::stable_sort(expected.begin(), expected.end(), [sign](const auto& a, const auto& b) {
+            return QString::compare(a.first, b.first, Qt::CaseInsensitive) * sign < 0;
+        });
+        model_.clickColumn(EventColumn::Description);
+        for (int row = 0; row < model_.rowCount(); ++row)
+            ASSERT_EQ(model_.eventAt(row), expected[std::size_t(row)].second) << row;
+    }
+}
+
+TEST_F(EventModelTest, KnowsItsCellsAndNoOthers)
+{
+    addThree();
+    EXPECT_TRUE(model_.index(2, 5).isValid());
+    EXPECT_FALSE(model_.index(3, 0).isValid());
+    EXPECT_FALSE(model_.index(-1, 0).isValid());
+    EXPECT_FALSE(model_.index(0, 6).isValid());
+    EXPECT_FALSE(model_.index(0, -1).isValid());
+    EXPECT_FALSE(model_.index(0, 0, model_.index(1, 0)).isValid());
+    EXPECT_TRUE(model_.flags(model_.index(1, 1)) & Qt::ItemIsSelectable);
+    EXPECT_TRUE(model_.flags(model_.index(1, 1)) & Qt::ItemIsEnabled);
+}
+
 TEST_F(EventModelTest, ADateThatCannotBeReadSortsAsItsText)
 {
     add("1", "14/03/2026 10:20:30", "2", "", "", "b");
@@ -242,18 +279,18 @@ TEST_F(EventModelTest, GrowsInStepsAndIsWholeAtTheEnd)
     append(3);
     model_.grow();
     EXPECT_EQ(model_.rowCount(), 3);
-    append(2);
-    model_.grow(); // not twice as many
+    append(8);
+    model_.grow(); // not four times as many
     EXPECT_EQ(model_.rowCount(), 3);
     append(1);
     model_.grow();
-    EXPECT_EQ(model_.rowCount(), 6);
+    EXPECT_EQ(model_.rowCount(), 12);
     append(1);
     model_.finish();
-    EXPECT_EQ(model_.rowCount(), 7);
+    EXPECT_EQ(model_.rowCount(), 13);
     ASSERT_EQ(inserted.size(), 3);
     EXPECT_EQ(inserted[1][1], 3);
-    EXPECT_EQ(inserted[1][2], 5);
+    EXPECT_EQ(inserted[1][2], 11);
 }
 
 struct Words

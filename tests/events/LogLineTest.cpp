@@ -34,6 +34,14 @@ TEST(LogLine, TrimsBlanksOnBothSidesAndNothingElse)
     EXPECT_EQ(line.when, kNoStamp);
 }
 
+TEST(LogLine, TrimsAnyNumberOfBlanks)
+{
+    for (int length = 0; length <= 255; ++length) {
+        const QByteArray bytes = logs::line("1", "", "", "", "", QByteArray(length, 'd'));
+        EXPECT_EQ(LogLine(bytes).description.size(), length);
+    }
+}
+
 TEST(LogLine, ACutLineHasWhatStandsThereAndNoMore)
 {
     const QByteArray whole = logs::line("1", "14/03/2026 10:20:30", "2", "PLANT", "BOILER", "Connected.");

@@ -58,6 +58,18 @@ TEST(Timeline, CountsByHourWithinThreeDays)
     EXPECT_FALSE(timelineOf({{20260314235959, 1}, {20260317000000, 1}}).byHour());
 }
 
+TEST(Timeline, EventsInAnyOrderCount)
+{
+    const Timeline timeline = timelineOf({{20260320100000, 1},
+                                          {20260314110000, 1},
+                                          {20260320110000, 2},
+                                          {20260314100000, 3},
+                                          {20260320100001, 1}});
+    ASSERT_EQ(timeline.bars().size(), 2u);
+    EXPECT_THAT(timeline.bars()[0].counts, ElementsAre(0, 1, 0, 1));
+    EXPECT_THAT(timeline.bars()[1].counts, ElementsAre(0, 2, 1, 0));
+}
+
 TEST(Timeline, WithoutEventsThereIsNone)
 {
     EXPECT_TRUE(timelineOf({}).isEmpty());

@@ -1,42 +1,41 @@
-#include "fuzz/Workbench.h"
+#include "fuzz/Require.h"
 
-#include "session/Configuration.h"
-
-#include <QFile>
+#include "platform/CodePage.h"
+#include "platform/RuntimeError.h"
+#include "session/Session.h"
+#include "session/SettingsLines.h"
 
 namespace {
 
-struct Bench : fuzz::Workbench
+bool take(const QStringList& lines, session::Session& session)
 {
-    // Any file is read to its end or reported; what was read can be written, and reads again.
-    void run(const QByteArray& input)
-    {
-        session::Session first;
-        first.AppPath = session.AppPath;
-        QFile file(first.appFile(QStringLiteral("Calidora.ini")));
-        fuzz::require(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(input);
-        file.close();
-        const bool whole = session::Read_Configuration(first);
-        fuzz::require(whole != (failures.take().size() > 0));
-        if (whole) {
-            session::Session second;
-            second.AppPath = first.AppPath;
-            fuzz::require(session::Write_Configuration(first));
-            fuzz::require(session::Read_Configuration(second));
-            fuzz::require(second.COMPort.Port == first.COMPort.Port &&
-                          second.LogSet.LogDays == first.LogSet.LogDays);
-            fuzz::require(second.Language.Code == first.Language.Code);
-        }
-        tidy();
+    try {
+        session::takeSettings(lines, session);
+        return true;
+    } catch (const platform::RuntimeError&) {
+        return false;
     }
-};
+}
+
+// Any lines are taken to their end or refused; what was taken stands in lines that are taken again, and these
+// say the same.
+void run(const QByteArray& input)
+{
+    session::Session first;
+    if (!take(platform::decode(input, 1252).split(u'\n'), first))
+        return;
+    const QStringList lines = session::settingsLines(first);
+    session::Session second;
+    fuzz::require(take(lines, second));
+    fuzz::require(session::settingsLines(second) == lines);
+    fuzz::require(second.ListBusSet.View >= -1 && second.ListBusSet.View <= 3);
+    fuzz::require(second.COMPort.Port >= 0 && second.COMPort.Port <= 15);
+}
 
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static Bench bench;
-    bench.run(fuzz::bytesOf(data, size));
+    run(fuzz::bytesOf(data, size));
     return 0;
 }

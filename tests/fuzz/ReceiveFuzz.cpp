@@ -42,7 +42,7 @@ private:
         openConsole(items[item]);
         const bool cable = state != 1 && state != 2 && state != 3;
         if (model.simulatorPressed() != cable) {
-            bus.parTrasm().Simulator = cable ? QStringLiteral("-1") : QString();
+            bus.parTrasm().Simulator = cable;
             console.Set_Simulator(false);
         }
         switch (state) {

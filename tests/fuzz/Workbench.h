@@ -1,10 +1,9 @@
 #pragma once
 
+#include "fuzz/Require.h"
 #include "support/BusFixture.h"
 
 #include <QFile>
-#include <cstdint>
-#include <cstdlib>
 
 namespace fuzz {
 
@@ -34,17 +33,5 @@ public:
 private:
     void TestBody() override {}
 };
-
-// Stops the fuzzer with the input at hand.
-inline void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
-
-inline QByteArray bytesOf(const uint8_t* data, size_t size)
-{
-    return {reinterpret_cast<const char*>(data), qsizetype(size)};
-}
 
 } // namespace fuzz

@@ -27,6 +27,9 @@ TEST_F(AlarmNotice, SpeaksWhileTheWindowIsInTheBackground)
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() == nullptr; }));
     notice.tell(window);
     EXPECT_EQ(announced, (QStringList{"Calidora", texts(582) + '\n' + texts(585)}));
+    announced.clear();
+    notice.tell(window, {"NORTH, 21/11/2026 03:10"});
+    EXPECT_EQ(announced[1], texts(582) + "\nNORTH, 21/11/2026 03:10\n" + texts(585));
 }
 
 TEST_F(AlarmNotice, IsSilentWhileTheOperatorIsHere)

@@ -34,7 +34,7 @@ TEST_F(MainWindow, WithoutACompanyTheNextStepsStandInThePlaceOfThePlant)
     EXPECT_FALSE(control<QWidget>("emptyState")->isVisible());
     EXPECT_TRUE(tvwBus()->isVisible());
     EXPECT_TRUE(button("Refresh")->isEnabled());
-    EXPECT_EQ(session.CurrentUser.Name, "ADMINISTRATOR");
+    EXPECT_EQ(session.CurrentUser.Name, "TECHNICIAN");
 }
 
 TEST_F(MainWindow, ClosingTheCompanyAsksAndShowsTheNextStepsAgain)
@@ -57,9 +57,9 @@ TEST_F(MainWindow, OffersNoButtonAndNoEntryThatNothingHandles)
         }
     }
     EXPECT_TRUE(button("ReadWrite")->isVisible());
-    EXPECT_FALSE(button("About")->isVisible());
+    EXPECT_TRUE(button("About")->isVisible());
     EXPECT_TRUE(entry("frmTreeBus", "mnuAllarms"));
-    EXPECT_FALSE(entry("frmTreeBus", "mnuAbout"));
+    EXPECT_TRUE(entry("frmTreeBus", "mnuAbout"));
 }
 
 TEST_F(MainWindow, TheMenuBarIsThatOfTheActiveChild)
@@ -192,6 +192,37 @@ TEST_F(MainWindow, TheHelperThatMeasuresTheTitleBarIsNeverSeen)
     EXPECT_EQ(helper.windowTitle(), "Calidora\\Video Property");
     EXPECT_FALSE(helper.isVisible());
     EXPECT_GE(session.TitlebarHeight, 0);
+}
+
+// A plant that calls ten times in a night stands there once a call.
+TEST_F(MainWindow, TheNoticeNamesThePlantsThatCalled)
+{
+    start();
+    const QDateTime night(QDate(2026, 11, 21), QTime(3, 10));
+    events::EventLog& log = program.events();
+    for (int call = 0; call < 10; ++call) {
+        log.Add_Event_Db(2, night.addSecs(600 * call), 1, "NORTH", "ROOM", "TOO WARM");
+        log.Add_Event_Db(2, night.addSecs(600 * call), 1, "NORTH", "FREEZER", "DOOR");
+    }
+    log.Add_Event_Db(1, night, 2, "SOUTH", "", "no alarm");
+    program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
+    inside("frmMessage", [&](QDialog& notice) {
+        const QStringList calls = notice.findChild<QLabel*>("lblCalls")->text().split('\n');
+        EXPECT_EQ(calls.size(), 9);
+        EXPECT_EQ(calls.first(), "...");
+        EXPECT_EQ(calls.last(), "NORTH, 21/11/2026 04:40");
+        EXPECT_FALSE(calls.join(' ').contains("SOUTH"));
+        nothingIsClipped(notice);
+        log.Add_Event_Db(2, night, 1, "WEST", "", "CALLS MEANWHILE");
+    });
+    entry("frmListBus", "mnuAllarms")->trigger();
+    EXPECT_EQ(played, 1);
+    program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
+    inside("frmMessage", [&](QDialog& notice) {
+        EXPECT_EQ(notice.findChild<QLabel*>("lblCalls")->text(), "WEST, 21/11/2026 03:10");
+    });
+    entry("frmListBus", "mnuAllarms")->trigger();
+    EXPECT_EQ(played, 2);
 }
 
 // What the window of the purge shows each time it is painted.

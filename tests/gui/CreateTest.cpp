@@ -195,8 +195,8 @@ TEST_F(Create, WhereNothingMayBeDeletedTheKeyDoesNothing)
 
 TEST_F(Create, AnOperatorWithoutTheRightIsOfferedNothing)
 {
+    setRight("Modify", "0");
     start();
-    session.CurrentUser.Modify = "0";
     clickNode("1_1");
     clickItem("2_1_1");
     EXPECT_FALSE(button("New")->isEnabled());

@@ -37,7 +37,10 @@ public:
     int messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
                    const QString& title) override
     {
-        return script.messageBox(text, buttons, icon, title);
+        const int answer = script.messageBox(text, buttons, icon, title);
+        if (whileABoxStands)
+            whileABoxStands();
+        return answer;
     }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
     platform::ChosenFile saveFile(const platform::FileRequest& request) override
@@ -51,13 +54,29 @@ public:
         return script.inputBox(prompt, title);
     }
 
+    void showFormModal(const QString& name) override
+    {
+        if (name == "frmLogInOut" && atTheGate)
+            atTheGate();
+        else
+            DesktopOperator::showFormModal(name);
+    }
+
     platform::ScriptedOperator script;
+    // What comes in while a box waits for its answer.
+    std::function<void()> whileABoxStands;
+    // Logs in without the window; without it the window comes up.
+    std::function<void()> atTheGate;
 };
 
 // The whole program over the small company, in virtual time, with its real windows. Each test starts it.
 class GuiFixture : public support::CompanyFixture
 {
 protected:
+    GuiFixture()
+    {
+        desktop.atTheGate = [this] { enterAs(support::kTechnician); };
+    }
     ~GuiFixture() override
     {
         EXPECT_EQ(desktop.script.unexpected, QStringList());
@@ -73,6 +92,19 @@ protected:
         ASSERT_TRUE(program.run());
         window()->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    }
+
+    // Logs in as the operator of that number; where the company has none such, as its first.
+    void enterAs(const QString& IDUser, const QString& password = {})
+    {
+        users::Login& login = program.login();
+        login.Load();
+        int chosen = 1;
+        for (int entry = 1; entry < int(login.entries().size()); ++entry) {
+            if (login.entries()[std::size_t(entry)].IDUser == IDUser)
+                chosen = entry;
+        }
+        login.cmdConnect_Click(chosen, password);
     }
 
     program::frmMain* window() const { return qobject_cast<program::frmMain*>(desktop.form("frmMain")); }
@@ -160,6 +192,7 @@ protected:
     // Every text has the room it needs.
     static void nothingIsClipped(QWidget& form)
     {
+        QApplication::processEvents(); // what is still to be laid out
         for (QWidget* part : form.findChildren<QWidget*>()) {
             const auto* label = qobject_cast<QLabel*>(part);
             const auto* button = qobject_cast<QAbstractButton*>(part);
@@ -168,7 +201,8 @@ protected:
                                 label->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored);
             if (!part->isVisible() || !fixed)
                 continue;
-            EXPECT_GE(part->width(), part->minimumSizeHint().width()) << qPrintable(part->objectName());
+            EXPECT_GE(part->width(), part->minimumSizeHint().width())
+                << qPrintable(part->objectName()) << " in " << qPrintable(part->parentWidget()->objectName());
             EXPECT_GE(part->height(), part->minimumSizeHint().height()) << qPrintable(part->objectName());
             EXPECT_TRUE(part->parentWidget()->rect().contains(part->geometry()))
                 << qPrintable(part->objectName());

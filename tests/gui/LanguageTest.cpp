@@ -113,7 +113,8 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
         EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), texts(290));
         EXPECT_EQ(control<QPushButton>("emptyOpen")->text(), texts.own("empty.open"));
         EXPECT_EQ(plant().list().columnCaptions(), (QStringList{texts(102), texts(106), texts(103)}));
-        EXPECT_EQ(window()->windowTitle(), "Calidora - " + texts(156) + " Plant.mdb");
+        EXPECT_EQ(window()->windowTitle(),
+                  "Calidora - " + texts(156) + " Plant.mdb - " + texts(59) + " TECHNICIAN");
         EXPECT_EQ(warning->text(), texts(144));
     }
     EXPECT_EQ(warning->text(), before);
@@ -204,6 +205,29 @@ TEST_F(Language, AnIdentifierThatIsNoneFailsUnderItsProceduresName)
     desktop.showFormModal("frmLanguage");
     EXPECT_EQ(played, 1);
     EXPECT_EQ(session.Language.Code, "EN");
+}
+
+TEST_F(Language, WhatQtItselfSaysFollows)
+{
+    const auto question = [] {
+        return QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?");
+    };
+    const auto speak = [&](const char* identifier) {
+        QWidget form;
+        session.Language = session::LanguageSettings::fromIdentifier(identifier);
+        EXPECT_TRUE(widgets::Set_Language(form, session, texts, desktop));
+    };
+    const QString english = question();
+    speak("IT_Italiano_1000");
+    EXPECT_TRUE(question().contains("esiste")) << question().toStdString();
+    EXPECT_NE(QCoreApplication::translate("QWidgetTextControl", "&Copy"), "&Copy");
+    speak("RU_Russian_6000");
+    EXPECT_TRUE(question().contains("существует")) << question().toStdString();
+    speak("RU_Russian_6000");
+    EXPECT_TRUE(question().contains("существует"));
+    speak("EN_English_2000");
+    EXPECT_EQ(question(), english);
+    EXPECT_EQ(QCoreApplication::translate("QWidgetTextControl", "&Copy"), "&Copy");
 }
 
 TEST_F(Language, TheFirstRunsDialogOffersWhatHasABlock)

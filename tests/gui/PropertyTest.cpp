@@ -123,6 +123,161 @@ TEST_F(Property, APasteIsCutToTheLimit)
     EXPECT_EQ(played, 1);
 }
 
+TEST_F(Property, APasteThatEndsInHalfACharacterDropsItInFieldListAndFile)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QApplication::clipboard()->setText(QString(49, 'X') + QStringLiteral("😀"));
+        QLineEdit* txtValStr1 = field(dialog, "txtValStr1");
+        txtValStr1->setFocus();
+        txtValStr1->selectAll();
+        QTest::keyClick(txtValStr1, Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(txtValStr1->text(), QString(49, 'X'));
+        press(dialog, "cmdOK");
+    });
+    openByKey("Root", "1_1");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(plant().list().item("1_1")->text, QString(49, 'X'));
+    EXPECT_EQ(support::column(plantFile(), "SELECT Name FROM tbGroupsUser WHERE IDGrp = 1"),
+              QStringList{QString(49, 'X')});
+}
+
+TEST_F(Property, ATextLongerThanItsFieldIsShownWholeAndNeverCutByTheWindow)
+{
+    runOnPlant(QString("UPDATE tbGroupsUser SET Name = '%1' WHERE IDGrp = 1").arg(QString(60, 'N')));
+    runOnPlant("UPDATE tbParametersUser SET Value = '4.123456789012' WHERE IDPar = 'P1101'");
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtValStr1 = field(dialog, "txtValStr1");
+        EXPECT_EQ(txtValStr1->text(), QString(60, 'N'));
+        txtValStr1->setCursorPosition(0);
+        QTest::keyClick(txtValStr1, Qt::Key_Delete);
+        EXPECT_EQ(txtValStr1->text(), QString(59, 'N'));
+    });
+    openByKey("Root", "1_1");
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_EQ(field(dialog, "txtVal1")->text(), "4.123456789012");
+        EXPECT_FALSE(field(dialog, "txtVal1")->isEnabled());
+        EXPECT_FALSE(dialog.findChild<QWidget*>("updVal1")->isEnabled());
+        EXPECT_TRUE(pushButton(dialog, "cmdOK")->hasFocus());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 2);
+}
+
+TEST_F(Property, ATypeAndItsNameAreNoMarkup)
+{
+    runOnPlant("UPDATE tbInstrumentLanguage SET mDesc = '<B>Showcase</B>' WHERE mID = 'KT200'");
+    start();
+    insideProperty([&](QDialog& dialog) {
+        const auto* label = dialog.findChild<QLabel*>("lblValDescription");
+        EXPECT_EQ(label->text(), "KT200 = <B>Showcase</B>");
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+        EXPECT_TRUE(label->toolTip().contains("&lt;B&gt;")) << qPrintable(label->toolTip());
+    });
+    openByKey("1_1", "2_1_2");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, ASpinButtonAtItsEndChangesNothing)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '25' WHERE IDPar = 'P1101'");
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QTest::mouseClick(dialog.findChild<QWidget*>("updVal1")->findChild<QToolButton*>("up"),
+                          Qt::LeftButton);
+        EXPECT_EQ(field(dialog, "txtVal1")->text(), "25");
+        EXPECT_FALSE(pushButton(dialog, "cmdApply")->isEnabled());
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+// The refusal takes the focus from the field that was typed in. That is no leaving: one box, and the focus
+// where it is told, whether the posted check comes in behind the box or after it.
+TEST_F(Property, ATimeIsRefusedWithOneBoxAndTheFocusAsTold)
+{
+    start();
+    for (const bool behindTheBox : {false, true}) {
+        if (behindTheBox)
+            desktop.whileABoxStands = [] { QCoreApplication::processEvents(); };
+        for (const char* IDPar : {"P0302", "P0303"}) {
+            insideProperty([&](QDialog& dialog) {
+                QLineEdit* last = field(dialog, IDPar == QString("P0302") ? "txtVal2" : "txtVal3");
+                QLineEdit* hours = field(dialog, "txtVal1");
+                type(hours, "25");
+                desktop.script.expect(texts(530));
+                QTest::keyClick(hours, Qt::Key_Return);
+                QCoreApplication::processEvents();
+                EXPECT_TRUE(desktop.script.done());
+                EXPECT_EQ(desktop.script.unexpected, QStringList()) << IDPar << behindTheBox;
+                EXPECT_TRUE(last->hasFocus()) << qPrintable(QApplication::focusWidget()->objectName());
+                EXPECT_TRUE(dialog.isVisible());
+                // Escape puts back what stands in the field that has the focus now.
+                const QString before = last->text();
+                QTest::keyClick(last, '7');
+                EXPECT_EQ(last->text(), "7") << "selected whole";
+                QTest::keyClick(last, Qt::Key_Escape);
+                EXPECT_EQ(last->text(), before);
+            });
+            openByKey("3_1_1_G03", QString("4_1_1_G03_%1").arg(IDPar));
+        }
+    }
+    EXPECT_EQ(played, 4);
+}
+
+// A field that was refused stays entered: the window system tells of its focus once more when the box has
+// gone, and that must not make the refused text the one that Escape brings back.
+TEST_F(Property, AFocusThatIsToldLateKeepsTheTextOfTheEntry)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* hours = field(dialog, "txtVal1");
+        QLineEdit* minutes = field(dialog, "txtVal2");
+        const auto tell = [](QWidget* widget, QEvent::Type type) {
+            QFocusEvent event(type, Qt::ActiveWindowFocusReason);
+            QApplication::sendEvent(widget, &event);
+        };
+        type(hours, "24");
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 23.");
+        desktop.whileABoxStands = [&] { tell(minutes, QEvent::FocusOut); };
+        QTest::keyClick(hours, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        desktop.whileABoxStands = {};
+        ASSERT_TRUE(hours->hasFocus());
+        tell(hours, QEvent::FocusIn);
+        QTest::keyClick(hours, Qt::Key_Escape);
+        EXPECT_EQ(hours->text(), "2");
+        // The other field is entered afresh when its turn comes.
+        QTest::keyClick(hours, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(minutes->hasFocus());
+        EXPECT_EQ(minutes->selectedText(), "30");
+    });
+    openByKey("3_1_1_G03", "4_1_1_G03_P0302");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, AListWithoutAValueCanBeGivenOne)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = NULL WHERE IDPar = 'P0201'");
+    start();
+    insideProperty([&](QDialog& dialog) {
+        failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
+        auto* list = dialog.findChild<QComboBox*>("cbxValEnum");
+        EXPECT_TRUE(list->hasFocus());
+        EXPECT_EQ(list->count(), 3);
+        EXPECT_EQ(list->currentIndex(), -1);
+        QTest::keyClick(list, Qt::Key_Down);
+        EXPECT_EQ(list->currentText(), "Off");
+        press(dialog, "cmdOK");
+        EXPECT_FALSE(dialog.isVisible());
+    });
+    openByKey("3_1_1_G02", "4_1_1_G02_P0201");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(shownValue("4_1_1_G02_P0201"), "Off");
+}
+
 TEST_F(Property, ASpinButtonChangesTheField)
 {
     start();
@@ -339,8 +494,8 @@ TEST_F(Property, TheRootShowsItsTotals)
 
 TEST_F(Property, WithoutTheRightEverythingIsLocked)
 {
+    setRight("Modify", "0");
     start();
-    session.CurrentUser.Modify = "0";
     insideProperty([&](QDialog& dialog) {
         EXPECT_FALSE(field(dialog, "txtVal1")->isEnabled());
         EXPECT_FALSE(dialog.findChild<QWidget*>("updVal1")->isEnabled());

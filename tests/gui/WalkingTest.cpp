@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTextDocument>
 
 namespace {
 
@@ -13,13 +14,13 @@ class Walking : public gui::GuiFixture
 TEST_F(Walking, ACompanyOpensOnItsRoot)
 {
     start();
-    EXPECT_EQ(window()->windowTitle(), "Calidora - Database: Plant.mdb");
+    EXPECT_EQ(window()->windowTitle(), "Calidora - Database: Plant.mdb - User: TECHNICIAN");
     EXPECT_EQ(control<QLabel>("lblPath")->text(), "ZEL Bus");
     EXPECT_EQ(listKeys(), QStringList{"Root"});
     EXPECT_EQ(plant().tree().keyOf(tvwBus()->currentIndex()), "Root");
     EXPECT_TRUE(tvwBus()->isExpanded(plant().tree().indexOf("Root")));
     EXPECT_TRUE(tvwBus()->isVisible());
-    EXPECT_TRUE(tvwBus()->hasFocus());
+    EXPECT_TRUE(shownList()->hasFocus()) << "the login brings the list forward";
     EXPECT_FALSE(desktop.form("frmConnection"));
     EXPECT_FALSE(desktop.form("frmPresentation"));
     EXPECT_FALSE(control<QProgressBar>("prgUpdate")->isVisible());
@@ -176,6 +177,70 @@ TEST_F(Walking, ExpandShowsEveryLevelAndCollapseLeavesTheGroups)
     button("Collapse")->trigger();
     EXPECT_FALSE(tvwBus()->isExpanded(plant().tree().indexOf("1_1")));
     EXPECT_TRUE(tvwBus()->isExpanded(plant().tree().indexOf("Root")));
+}
+
+// What is marked is what Delete acts on: Ctrl takes the mark from nothing.
+TEST_F(Walking, CtrlNeverUnmarksTheItemThatACommandWouldHit)
+{
+    start();
+    clickNode("Root");
+    for (const char* view : {"mnuLargeIcons", "mnuReportIcons"}) {
+        entry("frmListBus", view)->trigger();
+        clickItem("1_1");
+        QTest::keyClick(shownList(), Qt::Key_Space, Qt::ControlModifier);
+        EXPECT_TRUE(shownList()->selectionModel()->isSelected(shownList()->currentIndex())) << view;
+        QTest::mouseClick(shownList()->viewport(), Qt::LeftButton, Qt::ControlModifier, placeOf("1_1"));
+        EXPECT_TRUE(shownList()->selectionModel()->isSelected(shownList()->currentIndex())) << view;
+        EXPECT_EQ(plant().selectedItem(), "1_1");
+        QTest::keyClick(shownList(), Qt::Key_Home, Qt::ControlModifier);
+        EXPECT_EQ(plant().selectedItem(), "1_2") << view;
+        EXPECT_EQ(lvwBus()->selectedKey(), "1_2") << view;
+        QTest::mouseClick(shownList()->viewport(), Qt::LeftButton, Qt::ControlModifier, placeOf("1_3"));
+        EXPECT_EQ(plant().selectedItem(), "1_3") << view;
+        EXPECT_EQ(shownList()->selectionModel()->selectedRows().size(), 1) << view;
+    }
+}
+
+TEST_F(Walking, CtrlNeverUnmarksTheNodeThatACommandWouldHit)
+{
+    start();
+    clickNode("1_1");
+    const auto isMarked = [this] {
+        return tvwBus()->selectionModel()->isSelected(plant().tree().indexOf(plant().selectedNode()));
+    };
+    QTest::keyClick(tvwBus(), Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(isMarked());
+    QTest::mouseClick(tvwBus()->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      tvwBus()->visualRect(plant().tree().indexOf("1_1")).center());
+    EXPECT_TRUE(isMarked());
+    QTest::keyClick(tvwBus(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_TRUE(isMarked());
+    EXPECT_NE(plant().selectedNode(), "1_1");
+}
+
+TEST_F(Walking, ANameIsNoMarkupInTheTipOfThePath)
+{
+    runOnPlant("UPDATE tbGroupsUser SET Name = '<B>NORTH</B> & <i>  SOUTH' WHERE IDGrp = 1;");
+    start();
+    clickNode("1_1");
+    const auto* lblPath = control<QLabel>("lblPath");
+    EXPECT_EQ(lblPath->text(), "ZEL Bus\\<B>NORTH</B> & <i>  SOUTH");
+    EXPECT_EQ(lblPath->textFormat(), Qt::PlainText);
+    QTextDocument tip;
+    tip.setHtml(lblPath->toolTip());
+    EXPECT_EQ(tip.toPlainText(), lblPath->text());
+    clickNode("1_2");
+    EXPECT_EQ(lblPath->toolTip(), "ZEL Bus\\ALPHA");
+}
+
+// A list full of bad choices is told of once, and is full behind the box.
+TEST_F(Walking, ChoicesThatAreNoNumbersAreToldOnce)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = 'on' WHERE IDPar IN ('P0201', 'P0202');");
+    start();
+    clickNode("3_1_1_G02");
+    failures.expectOne(platform::errors::kTypeMismatch, "Module/Search_ParamEnum");
+    EXPECT_EQ(listKeys().size(), 4);
 }
 
 } // namespace

@@ -64,6 +64,24 @@ TEST(Commands, MakeTheInstrumentCallIn)
     EXPECT_EQ(bench.say("OK"), "<P><E>");
 }
 
+TEST(Commands, DelayTheBlocksOfACallAndQueueASecondOne)
+{
+    Bench bench({smallPlant()}, {LinkMode::Cable, {}, {}});
+    Commands commands(bench.peer);
+    commands.execute(QStringLiteral("call 4000 <P><U><A> | <P><E>"), bench.now);
+    commands.execute(QStringLiteral("call 0 <P><U><B> | <P><E>"), bench.now);
+    bench.wait(1000);
+    EXPECT_EQ(bench.say("CONNECT", 3999), "");
+    EXPECT_EQ(bench.wait(1), "<P><U><A>");
+    EXPECT_EQ(bench.say("OK", 3999), "");
+    EXPECT_EQ(bench.wait(1), "<P><E>");
+    EXPECT_EQ(bench.wait(20000), "ATD\r") << "the second call follows";
+    EXPECT_EQ(bench.say("CONNECT", 0), "<P><U><B>");
+    EXPECT_EQ(bench.say("OK", 0), "<P><E>");
+    EXPECT_EQ(commands.execute(QStringLiteral("call 3600001"), bench.now), QStringLiteral("ok"))
+        << "no delay, a report";
+}
+
 TEST(Commands, TellTheStateOfAConnection)
 {
     Bench bench({smallPlant()});

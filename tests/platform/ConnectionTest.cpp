@@ -2,6 +2,7 @@
 
 #include "platform/Recordset.h"
 #include "platform/RuntimeError.h"
+#include "platform/Statement.h"
 #include "support/CompanyFixture.h"
 #include "support/QtPrinters.h"
 
@@ -41,11 +42,11 @@ protected:
 
     QTemporaryDir folder;
     QString path = folder.filePath("file with blanks = and signs.mdb");
-    QString source = "Provider=Any;Data Source = " + path;
+    const QString& source = path;
     Connection connection;
 };
 
-TEST_F(ConnectionTest, OpensTheFileBehindTheMark)
+TEST_F(ConnectionTest, OpensOnceAndClosesAgain)
 {
     EXPECT_EQ(connection.State(), int(Connection::Closed));
     open();
@@ -54,14 +55,27 @@ TEST_F(ConnectionTest, OpensTheFileBehindTheMark)
     connection.Close();
     connection.Close();
     EXPECT_EQ(connection.State(), int(Connection::Closed));
-    EXPECT_NE(failureOf([&] { connection.Open("Provider=Any;"); }, errors::kInvalidCall), "");
+    EXPECT_NE(failureOf([&] { connection.Open(""); }, errors::kFileNotFound), "");
+}
+
+TEST_F(ConnectionTest, StaysOpenWhileAStatementRunsAndSaysSo)
+{
+    EXPECT_TRUE(connection.Close()) << "closed already";
+    open();
+    {
+        Statement running(connection, "SELECT * FROM tbUnit");
+        EXPECT_FALSE(connection.Close());
+        EXPECT_EQ(connection.State(), int(Connection::Opened));
+    }
+    Statement(connection, "SELECT * FROM tbUnit").step();
+    EXPECT_TRUE(connection.Close()) << "what is only kept prepared doesn't count";
+    EXPECT_EQ(connection.State(), int(Connection::Closed));
 }
 
 TEST_F(ConnectionTest, AMissingFileIsNotMade)
 {
     const QString missing = folder.filePath("missing.mdb");
-    EXPECT_TRUE(failureOf([&] { connection.Open("Data Source = " + missing); }, errors::kFileNotFound)
-                    .contains(missing));
+    EXPECT_TRUE(failureOf([&] { connection.Open(missing); }, errors::kFileNotFound).contains(missing));
     EXPECT_FALSE(QFile::exists(missing));
     EXPECT_EQ(connection.State(), int(Connection::Closed));
 }
@@ -139,13 +153,12 @@ TEST_F(ConnectionTest, AFileThatAnotherHoldsIsInUse)
     Connection other;
     other.Open(source);
     other.Execute("BEGIN EXCLUSIVE");
-    EXPECT_TRUE(failureOf([&] { open(); }).contains("in use by another program"));
+    EXPECT_TRUE(failureOf([&] { open(); }).contains("file.locked"));
     EXPECT_EQ(connection.State(), int(Connection::Closed));
     other.Execute("ROLLBACK");
     open();
     other.BeginTrans();
-    EXPECT_TRUE(
-        failureOf([&] { connection.Execute("DELETE FROM tbUnit"); }).contains("in use by another program"));
+    EXPECT_TRUE(failureOf([&] { connection.Execute("DELETE FROM tbUnit"); }).contains("file.locked"));
     Recordset rows;
     rows.Open("SELECT * FROM tbGroup", connection); // reading goes on
     EXPECT_EQ(rows.RecordCount(), 2);
@@ -209,7 +222,7 @@ TEST_F(ConnectionTest, AnInterruptedChangeIsUndoneAtTheNextOpen)
     connection.RollbackTrans();
     connection.Close();
 
-    connection.Open("Data Source = " + crashed);
+    connection.Open(crashed);
     Recordset rows;
     rows.Open("SELECT * FROM tbGroup WHERE Name = 'half' OR Name = 'filler'", connection);
     EXPECT_EQ(rows.RecordCount(), 0);

@@ -47,4 +47,53 @@ TEST_F(GuardTest, AHookThatThrowsEndsQuietly)
     EXPECT_NO_THROW(guarded("Module/Work", [] { fail(errors::kDiskFull, "Disk full"); }));
 }
 
+TEST_F(GuardTest, CountsWhatIsReported)
+{
+    const int before = failuresReported();
+    reportFailure({1, "a", "Module/A"});
+    reportFailure({2, "b", "Module/B"});
+    EXPECT_EQ(failuresReported(), before + 2);
+}
+
+TEST_F(GuardTest, HeldFailuresAreToldInTheirOrder)
+{
+    FailureQueue queue;
+    {
+        const FailureQueue::Holding holding(queue);
+        reportFailure({1, "a", "Module/A"});
+        reportFailure({2, "b", "Module/B"});
+        EXPECT_TRUE(failures_.empty());
+    }
+    reportFailure({3, "c", "Module/C"});
+    EXPECT_EQ(failures_.size(), 1u);
+    queue.tell();
+    ASSERT_EQ(failures_.size(), 3u);
+    EXPECT_EQ(failures_[1].procedure, "Module/A");
+    EXPECT_EQ(failures_[2].procedure, "Module/B");
+    queue.tell();
+    EXPECT_EQ(failures_.size(), 3u) << "once";
+}
+
+TEST_F(GuardTest, WhatFailsWhileABoxStandsWaitsForItsEnd)
+{
+    FailureQueue queue;
+    QStringList steps;
+    const auto hold = [&](const char* name) {
+        const FailureQueue::Holding holding(queue);
+        reportFailure({1, name, name});
+    };
+    const FailureHook outer = setFailureHook([&](const Failure& failure) {
+        steps << failure.procedure;
+        if (failure.procedure == "first") {
+            hold("second");
+            queue.tell();
+            steps << "closed";
+        }
+    });
+    hold("first");
+    queue.tell();
+    setFailureHook(outer);
+    EXPECT_EQ(steps, QStringList({"first", "closed", "second"}));
+}
+
 } // namespace

@@ -36,7 +36,7 @@ protected:
                         "CREATE TABLE parent (id INTEGER PRIMARY KEY); "
                         "CREATE TABLE t (id INTEGER PRIMARY KEY REFERENCES parent (id), Name TEXT);"
                         "INSERT INTO parent VALUES (1), (2); INSERT INTO t VALUES (1, NULL), (2, 'b');");
-        connection.Open("Data Source = " + path("source"));
+        connection.Open(path("source"));
     }
     QString path(const QString& name) const { return folder_.filePath(name); }
     int insert(const QString& file)

@@ -1,6 +1,7 @@
 #include "platform/Machine.h"
 
 #include "support/ApplicationFolder.h"
+#include "support/QtPrinters.h"
 
 #include <map>
 #include <optional>
@@ -8,32 +9,6 @@
 using namespace platform;
 
 namespace {
-
-struct LocaleRow
-{
-    const char* name;
-    int id;
-};
-
-class LocaleIdTest : public testing::TestWithParam<LocaleRow>
-{
-};
-
-TEST_P(LocaleIdTest, NamesTheLocaleByItsWindowsId)
-{
-    EXPECT_EQ(localeIdOf(GetParam().name), GetParam().id) << GetParam().name;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, LocaleIdTest,
-    testing::Values(LocaleRow{"it_IT.UTF-8", 1040}, LocaleRow{"it_IT", 1040}, LocaleRow{"it", 1040},
-                    LocaleRow{"it_IT@euro", 1040}, LocaleRow{"it_CH.UTF-8", 2064}, LocaleRow{"it_VA", 1040},
-                    LocaleRow{"ru_RU.KOI8-R", 1049}, LocaleRow{"ru_UA", 1049}, LocaleRow{"uk_UA", 1058},
-                    LocaleRow{"sr_RS.UTF-8", 3098}, LocaleRow{"sr_RS.UTF-8@latin", 2074},
-                    LocaleRow{"zh_TW.BIG5", 1028}, LocaleRow{"zh_SG", 4100}, LocaleRow{"ar_EG", 3073},
-                    LocaleRow{"en_GB", 2057}, LocaleRow{"C", 1033}, LocaleRow{"C.UTF-8", 1033},
-                    LocaleRow{"POSIX", 1033}, LocaleRow{"", 1033}, LocaleRow{"xx_XX", 1033},
-                    LocaleRow{"_IT", 1033}));
 
 // Sets the locale's variables for one test and puts the former ones back.
 class Environment
@@ -63,15 +38,15 @@ private:
 
 TEST(MachineLocaleTest, TheFirstVariableThatIsSetDecides)
 {
-    const auto idWith = [](const std::map<const char*, const char*>& values) {
+    const auto nameWith = [](const std::map<const char*, const char*>& values) {
         Environment environment(values);
-        return localeIdOfMachine();
+        return localeOfMachine();
     };
-    EXPECT_EQ(idWith({}), 1033);
-    EXPECT_EQ(idWith({{"LANG", "ru_RU.UTF-8"}}), 1049);
-    EXPECT_EQ(idWith({{"LANG", "ru_RU.UTF-8"}, {"LC_CTYPE", "el_GR"}}), 1032);
-    EXPECT_EQ(idWith({{"LANG", "ru_RU.UTF-8"}, {"LC_CTYPE", "el_GR"}, {"LC_ALL", "it_IT"}}), 1040);
-    EXPECT_EQ(idWith({{"LANG", "ru_RU.UTF-8"}, {"LC_ALL", ""}}), 1049);
+    EXPECT_EQ(nameWith({}), "");
+    EXPECT_EQ(nameWith({{"LANG", "ru_RU.UTF-8"}}), "ru_RU.UTF-8");
+    EXPECT_EQ(nameWith({{"LANG", "ru_RU.UTF-8"}, {"LC_CTYPE", "el_GR"}}), "el_GR");
+    EXPECT_EQ(nameWith({{"LANG", "ru_RU.UTF-8"}, {"LC_CTYPE", "el_GR"}, {"LC_ALL", "it_IT"}}), "it_IT");
+    EXPECT_EQ(nameWith({{"LANG", "ru_RU.UTF-8"}, {"LC_ALL", ""}}), "ru_RU.UTF-8");
 }
 
 TEST(MachineTest, TellsMemoryThatFitsTogether)
@@ -101,6 +76,29 @@ TEST(MachineTest, AFolderThatDoesNotExistLiesWhereItWouldLie)
     EXPECT_GT(here.total, 0);
     EXPECT_LE(here.free, here.total);
     EXPECT_EQ(Machine().fileSystemOf(folder.file("no/such/folder")).mountPoint, here.mountPoint);
+}
+
+// Inside a container the table of mounts may not name what the folders lie on.
+class MachineWithoutMounts : public Machine
+{
+protected:
+    std::optional<FileSystem> mountedFileSystemOf(const QString&) const override { return std::nullopt; }
+};
+
+TEST(MachineTest, WithoutATableOfMountsTheFolderItselfIsAsked)
+{
+    const support::ApplicationFolder folder;
+    const FileSystem listed = Machine().fileSystemOf(folder.path());
+    for (const QString& path : {folder.path(), folder.file("no/such/folder")}) {
+        const FileSystem asked = MachineWithoutMounts().fileSystemOf(path);
+        EXPECT_EQ(asked.total, listed.total);
+        EXPECT_NEAR(double(asked.free), double(listed.free), double(listed.total) / 100);
+        EXPECT_TRUE(folder.path().startsWith(asked.mountPoint)) << asked.mountPoint.toStdString();
+        EXPECT_TRUE(asked.mountPoint.startsWith(listed.mountPoint));
+    }
+    const FileSystem kernel = MachineWithoutMounts().fileSystemOf("/proc/self");
+    EXPECT_EQ(kernel.mountPoint, "/proc");
+    EXPECT_EQ(MachineWithoutMounts().fileSystemOf("/").mountPoint, "/");
 }
 
 } // namespace

@@ -22,7 +22,7 @@ protected:
         support::runSql(path("source"),
                         "CREATE TABLE t (a); INSERT INTO t WITH RECURSIVE n(i) AS (SELECT 1 UNION "
                         "ALL SELECT i + 1 FROM n WHERE i < 200) SELECT hex(zeroblob(500)) FROM n;");
-        source.Open("Data Source = " + path("source"));
+        source.Open(path("source"));
     }
     QString path(const QString& name) const { return folder_.filePath(name); }
     static int stepsOf(OnlineBackup& backup, int pages)
@@ -57,7 +57,7 @@ TEST_F(OnlineBackupTest, TheEndOfTheConnectionEndsIt)
     source.Close();
     EXPECT_TRUE(backup.isAbandoned());
     EXPECT_FALSE(backup.step(1));
-    source.Open("Data Source = " + path("source"));
+    source.Open(path("source"));
     OnlineBackup next(source, path("next"));
     EXPECT_GT(stepsOf(next, 10), 1);
 }
@@ -65,7 +65,7 @@ TEST_F(OnlineBackupTest, TheEndOfTheConnectionEndsIt)
 TEST_F(OnlineBackupTest, ADestroyedConnectionEndsIt)
 {
     auto connection = std::make_unique<Connection>();
-    connection->Open("Data Source = " + path("source"));
+    connection->Open(path("source"));
     OnlineBackup backup(*connection, path("copy"));
     connection.reset();
     EXPECT_TRUE(backup.isAbandoned());

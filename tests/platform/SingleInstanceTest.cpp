@@ -61,7 +61,6 @@ TEST(SingleInstanceTest, TheSecondInAFolderKnowsOfTheFirst)
         EXPECT_TRUE(SingleInstance(folder.path()).anotherIsRunning());
         EXPECT_FALSE(SingleInstance(otherFolder.path()).anotherIsRunning());
     }
-    EXPECT_FALSE(folder.has("Calidora.lock"));
     EXPECT_FALSE(SingleInstance(folder.path()).anotherIsRunning());
 }
 
@@ -79,13 +78,25 @@ TEST(SingleInstanceTest, AKilledProgramLeavesTheFolderFree)
 TEST(SingleInstanceTest, AMarkThatIsRubbishOrCantBeMadeStopsNobody)
 {
     const support::ApplicationFolder folder;
-    for (const char* rubbish : {"", "rubbish", "x\ny\nz\n"}) {
+    // The last two name a living process: here, and on a computer whose folder was copied.
+    for (const char* rubbish : {"", "rubbish", "x\ny\nz\n", "1\ncalidora\n\n", "1\ncalidora\nplant-pc-2\n"}) {
         folder.write("Calidora.lock", rubbish);
         const SingleInstance first(folder.path());
         EXPECT_FALSE(first.anotherIsRunning()) << rubbish;
         EXPECT_TRUE(SingleInstance(folder.path()).anotherIsRunning()) << rubbish;
     }
     EXPECT_FALSE(SingleInstance(folder.file("no/such/folder")).anotherIsRunning());
+}
+
+TEST(SingleInstanceTest, AFolderThatTakesNoFilesIsKnown)
+{
+    const support::ApplicationFolder folder;
+    const SingleInstance first(folder.path());
+    EXPECT_FALSE(first.folderIsClosed());
+    EXPECT_FALSE(SingleInstance(folder.path()).folderIsClosed()) << "held by another is not closed";
+    // The kernel's own folder takes no file of anybody, not even of the administrator.
+    EXPECT_TRUE(SingleInstance("/sys").folderIsClosed());
+    EXPECT_FALSE(SingleInstance("/sys").anotherIsRunning());
 }
 
 } // namespace

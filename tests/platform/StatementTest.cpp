@@ -21,7 +21,7 @@ protected:
                                        "INSERT INTO tbRoom VALUES (1, 'one'), (2, 'two');");
         support::runSql(file("b.mdb"), "CREATE TABLE tbRoom (ID INTEGER PRIMARY KEY, Name TEXT);"
                                        "INSERT INTO tbRoom VALUES (7, 'seven');");
-        connection.Open("Data Source = " + file("a.mdb"));
+        connection.Open(file("a.mdb"));
     }
 
     QString file(const QString& name) const { return folder_.filePath(name); }
@@ -108,7 +108,7 @@ TEST_F(StatementTest, WhatWasKeptBelongsToTheFileThatWasOpen)
     EXPECT_EQ(rowsOf(all).size(), 2);
     connection.Close();
     EXPECT_TRUE(fails(all));
-    connection.Open("Data Source = " + file("b.mdb"));
+    connection.Open(file("b.mdb"));
     EXPECT_EQ(rowsOf(all), QStringList{"7|seven"});
 }
 

@@ -59,7 +59,7 @@ TEST_F(EnableDisableTest, LevelsByRight)
 {
     for (const LevelRow& row : kLevels) {
         for (const char* right : {"True", "False", "-1", "0", ""}) {
-            session.CurrentUser.Modify = right;
+            setRight("Modify", right);
             open(row.key);
             EXPECT_EQ(visible(), names(row.visible)) << row.key;
             EXPECT_EQ(captions(), row.captions) << row.key;
@@ -104,7 +104,7 @@ TEST_F(EnableDisableTest, KindsByRightAndCatalogue)
         runOnPlant(QStringLiteral("UPDATE tbParam SET mEnable = %1").arg(mEnable));
         ASSERT_TRUE(connectPlant());
         for (const char* right : {"True", "False"}) {
-            session.CurrentUser.Modify = right;
+            setRight("Modify", right);
             const bool may = session::rightOf(right);
             for (const KindRow& row : kKinds) {
                 open(row.key);
@@ -140,7 +140,7 @@ TEST_F(EnableDisableTest, CopyFollowsTheRightAndTheCopyIdAlone)
         {"4_1_1_G02_P0204", "True", false}, {"1_1", "True", false},
     };
     for (const auto& row : rows) {
-        session.CurrentUser.Modify = row.right;
+        setRight("Modify", row.right);
         open(row.key);
         EXPECT_EQ(controls().cmdCopy.enabled, row.enabled) << row.key << row.right;
         EXPECT_TRUE(controls().cmdCopy.visible);

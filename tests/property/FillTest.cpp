@@ -99,7 +99,11 @@ TEST_F(FillTest, AnAddressThatIsNotHexadecimalIsReportedAndTheRestStands)
     open("2_1_1");
     failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
     EXPECT_EQ(controls().txtValStr1.text, "INST11");
+    EXPECT_EQ(controls().txtVal2.text, "2");
     EXPECT_EQ(controls().txtVal3.text, "");
+    EXPECT_EQ(controls().lblRange3.text, "0-15");
+    for (const Control* field : {&controls().txtValStr1, &controls().txtValStr2, &controls().txtVal3})
+        EXPECT_TRUE(field->enabled);
 }
 
 TEST_F(FillTest, AParameterGroupCountsItsParametersAndTheModifiedOnes)
@@ -125,7 +129,6 @@ TEST_F(FillTest, AParameterShowsItsCatalogueDetails)
     EXPECT_EQ(model.DP(), "0.0");
     EXPECT_EQ(model.IDCopy(), "AA_CC_01");
     EXPECT_TRUE(model.Enable());
-    EXPECT_TRUE(session.DialogOk);
 }
 
 TEST_F(FillTest, ABankThatIsMissingStaysANumber)
@@ -133,7 +136,6 @@ TEST_F(FillTest, ABankThatIsMissingStaysANumber)
     runOnPlant("DELETE FROM tbInstMem WHERE mID = 2");
     open("4_1_2_G11_P1101");
     EXPECT_EQ(controls().lblValMemory.text, "2");
-    EXPECT_FALSE(session.DialogOk);
     EXPECT_EQ(controls().txtVal1.text, "4.5");
 }
 
@@ -141,7 +143,7 @@ TEST_F(FillTest, ParametersAreFoundInAnyOrder)
 {
     for (const char* key : {"4_1_1_G03_P0303", "4_1_1_G01_P0101", "4_1_1_G03_P0301", "4_1_1_G01_P0107"}) {
         open(key);
-        EXPECT_TRUE(session.DialogOk) << key;
+        EXPECT_NE(controls().lblValMemory.text, "") << key;
         EXPECT_NE(model.KeyType(), "") << key;
     }
 }
@@ -179,6 +181,8 @@ TEST_F(FillTest, AnEnumSelectsTheEntryOfItsValue)
     EXPECT_EQ(controls().entries[2].text, "Broken");
     EXPECT_EQ(controls().entries[2].value, -1);
     EXPECT_EQ(controls().listIndex, 1);
+    EXPECT_EQ(model.catalogue().Load_ParamEnum("P0201", -1), 2);
+    EXPECT_EQ(controls().entries.size(), 3u) << "filled anew";
     open("4_1_1_G02_P0202"); // the former filter is gone
     EXPECT_EQ(controls().entries.size(), 2u);
 }
@@ -198,6 +202,30 @@ TEST_F(FillTest, AnEnumWithoutAValueIsReportedAndItsListStaysEmpty)
     failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
     EXPECT_TRUE(controls().entries.empty());
     EXPECT_TRUE(controls().cbxValEnum.visible);
+    EXPECT_TRUE(controls().cbxValEnum.enabled);
+}
+
+TEST_F(FillTest, AnEnumWithoutAValueIsOfferedItsChoicesWhenTheOperatorComesToIt)
+{
+    for (const char* value : {"NULL", "'on'", "'99999'"}) {
+        runOnPlant(QString("UPDATE tbParametersUser SET Value = %1 WHERE IDPar = 'P0201'").arg(value));
+        open("4_1_1_G02_P0201");
+        EXPECT_EQ(failures.take().size(), 1u) << "told once";
+        model.enterField("cbxValEnum");
+        model.enterField("cbxValEnum");
+        EXPECT_EQ(controls().entries.size(), 3u) << value;
+        EXPECT_EQ(controls().listIndex, -1) << value;
+        model.pickEntry(1);
+        EXPECT_TRUE(model.Update_Item());
+        EXPECT_EQ(row("1", "1", "P0201"), "1|1");
+    }
+    open("4_1_1_G02_P0201");
+    model.enterField("cbxValEnum");
+    EXPECT_EQ(controls().entries.size(), 3u) << "not twice";
+    EXPECT_EQ(controls().listIndex, 1);
+    open("4_1_1_G02_P0204");
+    model.enterField("cbxValEnum");
+    EXPECT_TRUE(controls().entries.empty()) << "a text has no choices";
 }
 
 TEST_F(FillTest, TimesFillTheirFields)
@@ -240,27 +268,27 @@ TEST_F(FillTest, AValueThatIsNoTimeOfDayIsReportedAndTheFieldsStayEmpty)
     runOnPlant("UPDATE tbParametersUser SET Value = '24:00:00' WHERE IDPar = 'P0302'");
     open("4_1_1_G03_P0302");
     failures.expectOne(platform::errors::kTypeMismatch, "frmProperty/FillControls_Item");
-    EXPECT_EQ(controls().txtVal1.text, "");
-    EXPECT_TRUE(controls().txtVal1.visible);
+    for (const Control* field : {&controls().txtVal1, &controls().txtVal2}) {
+        EXPECT_EQ(field->text, "");
+        EXPECT_TRUE(field->visible);
+        EXPECT_TRUE(field->enabled) << "the bad value can be repaired";
+    }
+    EXPECT_EQ(controls().txtVal3.text, "0");
+    EXPECT_FALSE(controls().txtVal3.enabled);
+    EXPECT_EQ(controls().txtVal1.limit, 2);
 }
 
-TEST_F(FillTest, EachLevelReadsItsOwnStatement)
+// Cut to its field it would be another number.
+TEST_F(FillTest, ANumberLongerThanItsFieldStandsThereWholeAndIsLocked)
 {
-    const std::pair<const char*, const char*> rows[] = {
-        {"Root", "SELECT IDGrp, Count(IDInst) AS CountIDInst FROM tbInstrumentsUser GROUP BY IDGrp;"},
-        {"1_1", "SELECT * FROM tbGroupsUser WHERE (IDGrp = 1);"},
-        {"2_1_2", "SELECT tbInstrumentsUser.*, tbInstrumentLanguage.mDesc FROM tbInstrumentsUser INNER JOIN "
-                  "tbInstrumentLanguage ON tbInstrumentsUser.IDItem = tbInstrumentLanguage.mID WHERE "
-                  "((tbInstrumentsUser.IDGrp = 1) AND (tbInstrumentsUser.IDInst = 2) AND "
-                  "(tbInstrumentLanguage.mKeyLang = 'EN'));"},
-        {"3_1_2_G11",
-         "SELECT * FROM tbParametersUser WHERE ((IDGrp = 1) AND (IDInst = 2) AND (IDParGrp = 'G11'));"},
-        {"4_1_2_G11_P1101",
-         "SELECT * FROM tbParametersUser WHERE ((IDGrp = 1) AND (IDInst = 2) AND (IDPar = 'P1101'));"},
-    };
-    for (const auto& [key, statement] : rows) {
-        open(key);
-        EXPECT_EQ(session.strSQL, statement);
+    const std::pair<const char*, bool> rows[] = {
+        {"1.23456789", true}, {"1.234567891", false}, {"-0.123456789012345", false}, {"12345678.9", true}};
+    for (const auto& [value, editable] : rows) {
+        runOnPlant(QString("UPDATE tbParametersUser SET Value = '%1' WHERE IDPar = 'P1101'").arg(value));
+        open("4_1_2_G11_P1101");
+        EXPECT_EQ(controls().txtVal1.text, value);
+        EXPECT_EQ(controls().txtVal1.enabled, editable) << value;
+        EXPECT_EQ(controls().txtVal1.limit, 10);
     }
 }
 
@@ -297,7 +325,6 @@ TEST_F(FillTest, ACatalogueRowThatVanishedLeavesTheRestEmpty)
     runOnPlant("DELETE FROM tbParamLanguage WHERE mID = 'P1101'");
     open("4_1_2_G11_P1101");
     failures.expectOne(platform::errors::kNoCurrentRecord, "frmProperty/FillControls_Item");
-    EXPECT_FALSE(session.DialogOk);
     EXPECT_EQ(controls().lblIDPar.text, "P1101");
     EXPECT_EQ(model.KeyType(), "");
     EXPECT_EQ(controls().txtVal1.text, "");
@@ -342,16 +369,16 @@ TEST_F(FillTest, WhatOnlyCountsMayBeEmpty)
 
 TEST_F(FillTest, ALostConnectionIsReportedByEachProcedure)
 {
-    session.ClipKey = "1_1";
+    model.open("1_1");
     model.load();
     failures.expectOne(platform::errors::kObjectClosed, "frmProperty/FillControls_Item");
     QString unit, mask, keyType, copyId;
     bool enable = false;
-    EXPECT_FALSE(model.Search_Param("P1101", unit, mask, enable, keyType, copyId));
+    EXPECT_FALSE(model.catalogue().Search_Param("P1101", unit, mask, enable, keyType, copyId));
     failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Search_Param");
-    EXPECT_EQ(model.Load_ParamEnum("P0201", 1), -1);
+    EXPECT_EQ(model.catalogue().Load_ParamEnum("P0201", 1), -1);
     failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Load_ParamEnum");
-    EXPECT_FALSE(model.Search_InstMem("1"));
+    EXPECT_FALSE(model.catalogue().Search_InstMem("1"));
     failures.expectOne(platform::errors::kItemNotFound, "frmProperty/Search_InstMem");
 }
 

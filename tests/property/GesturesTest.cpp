@@ -18,9 +18,13 @@ TEST_F(GesturesTest, PropertyItemOpensOnTheSelectedItemOrNotAtAll)
     structure.pressItem("1_2");
     model.Property_Item();
     EXPECT_EQ(op.forms.takeLast(), "modal frmProperty");
-    EXPECT_EQ(session.ClipKey, "1_2");
+    model.load();
+    EXPECT_EQ(model.IDGrp(), "2");
     model.Property_Node();
-    EXPECT_EQ(session.ClipKey, "Root");
+    EXPECT_EQ(op.forms.takeLast(), "modal frmProperty");
+    model.load();
+    EXPECT_EQ(model.Level(), "0");
+    EXPECT_EQ(session.ClipKey, "") << "the clipboard is the operator's";
     structure.selectNode({});
     op.forms.clear();
     model.Property_Node();
@@ -89,6 +93,54 @@ TEST_F(GesturesTest, TextIsCutToTheLimitAndNeverInsideACharacter)
     EXPECT_EQ(controls().txtValStr1.text, QString(49, 'X'));
     model.change("txtValStr1", QString(48, 'X') + QStringLiteral("😀"));
     EXPECT_EQ(controls().txtValStr1.text.size(), 50);
+    // What a paste brings when the window has cut it: half a pair at the end, or in the middle.
+    const QString half = QStringLiteral("😀").left(1), otherHalf = QStringLiteral("😀").mid(1);
+    model.change("txtValStr1", QString(49, 'X') + half);
+    EXPECT_EQ(controls().txtValStr1.text, QString(49, 'X'));
+    model.change("txtValStr1", "A" + half + "B" + otherHalf + "C😀");
+    EXPECT_EQ(controls().txtValStr1.text, "ABC😀");
+    open("4_1_1_G02_P0204");
+    model.change("txtValStr1", half);
+    EXPECT_EQ(controls().txtValStr1.text, "");
+}
+
+TEST_F(GesturesTest, ASpinThatChangesNothingIsNoChange)
+{
+    const struct
+    {
+        const char* key;
+        const char* field;
+        const char* value; // as the company holds it
+        int steps;
+        bool changes;
+    } rows[] = {
+        {"4_1_2_G11_P1101", "txtVal1", "25", 1, false},   {"4_1_2_G11_P1101", "txtVal1", "25", -1, true},
+        {"4_1_2_G11_P1101", "txtVal1", "0", -1, false},   {"4_1_2_G11_P1101", "txtVal1", "0", 1, true},
+        {"4_1_2_G11_P1101", "txtVal1", "25.0", 1, false}, {"4_1_2_G11_P1101", "txtVal1", "24.5", 1, true},
+        {"4_1_2_G11_P1101", "txtVal1", "26", 1, true},
+    };
+    for (const auto& row : rows) {
+        runOnPlant(QString("UPDATE tbParametersUser SET Value = '%1' WHERE IDPar = 'P1101'").arg(row.value));
+        open(row.key);
+        model.spin(row.field, row.steps);
+        EXPECT_EQ(model.Dirty(), row.changes) << row.value << row.steps;
+        EXPECT_EQ(controls().cmdApply.enabled, row.changes) << row.value << row.steps;
+        if (!row.changes) {
+            EXPECT_EQ(controls().txtVal1.text, row.value);
+        }
+    }
+}
+
+TEST_F(GesturesTest, ASpinKnowsNoNumberWithACommaWhereTheMaskGroups)
+{
+    runOnPlant("UPDATE tbParam SET mDP = '#,##0', mLL = 0, mHL = 9999 WHERE mID = 'P0105'");
+    open("4_1_1_G01_P0105");
+    model.change("txtVal1", "1,234");
+    model.spin("txtVal1", 1);
+    EXPECT_EQ(controls().txtVal1.text, "0");
+    open("1_1");
+    model.spin("txtValStr1", 1);
+    EXPECT_FALSE(model.Dirty()) << "no number field";
 }
 
 TEST_F(GesturesTest, SpinButtonsStayInTheirRange)

@@ -563,7 +563,8 @@ protected:
     std::map<QString, QStringList> parameterGroups;        // by type: items of an instrument's list
     std::map<QString, std::map<QString, QString>> choices; // by parameter and value
     ChosenType lookup;
-    structure::PlantEditor editor{{session, texts, op, structure, lookup}};
+    structure::PlantEditor editor{
+        {session, texts, op, structure, lookup, [this](const QString& key) { model.open(key); }}};
     std::mt19937 random;
 
     void (PlantWalk::*dialog)() = nullptr; // what is done in the property dialog

@@ -86,7 +86,7 @@ TEST_F(PropertyCopyTest, ASingleBlockOpensAnEmptyList)
     EXPECT_EQ(copy.rowCount(), 0);
 }
 
-TEST_F(PropertyCopyTest, ReadsAndWritesWithItsStatements)
+TEST_F(PropertyCopyTest, TheHourglassStandsWhileItWorks)
 {
     std::vector<platform::Pointer> pointers;
     QObject::connect(&copy, &property::PropertyCopy::progress, [&](int done, int total) {
@@ -94,26 +94,27 @@ TEST_F(PropertyCopyTest, ReadsAndWritesWithItsStatements)
             pointers.push_back(op.pointer);
     });
     openCopy("P0101");
-    EXPECT_EQ(session.strSQL,
-              "SELECT Mid(tbParam.mIDCopy,4,2) AS IDLev2, tbParamCopyLanguage.mDesc FROM tbParamCopyLanguage "
-              "INNER JOIN (tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID) ON "
-              "tbParamCopyLanguage.mID = tbParam.mIDCopy WHERE ((tbParametersUser.IDGrp = 1) AND "
-              "(tbParametersUser.IDInst = 1) AND (Mid(tbParam.mIDCopy,1,2) = 'CP') AND "
-              "(Mid(tbParam.mIDCopy,1,5) <> 'CP.01') AND (tbParamCopyLanguage.mKeyLang = 'EN')) GROUP BY "
-              "Mid(tbParam.mIDCopy,4,2), tbParamCopyLanguage.mDesc ORDER BY Mid(tbParam.mIDCopy,4,2);");
+    EXPECT_EQ(pointers.size(), 1u);
     check(0);
-    QStringList statements;
-    QObject::connect(&copy, &property::PropertyCopy::progress,
-                     [&](int done) { statements << (done > 0 ? session.strSQL : QString()); });
     copy.Copy_Value();
-    const QString update =
-        "UPDATE tbParametersUser INNER JOIN tbParam ON tbParametersUser.IDPar = tbParam.mID "
-        "SET [Value] = %1, State = 1 WHERE ((tbParametersUser.IDGrp = 1) AND "
-        "(tbParametersUser.IDInst = 1) AND (tbParam.mIDCopy = '%2'));";
-    EXPECT_EQ(statements.mid(1, 2),
-              (QStringList{update.arg("'12.3'", "CP.02.01"), update.arg("NULL", "CP.02.02")}));
-    EXPECT_THAT(pointers, testing::AllOf(testing::Not(testing::IsEmpty()),
-                                         testing::Each(platform::Pointer::Hourglass)));
+    EXPECT_EQ(pointers.size(), 2u);
+    EXPECT_THAT(pointers, testing::Each(platform::Pointer::Hourglass));
+}
+
+// A thousand values are one write to the disk, and another program sees all of them or none.
+TEST_F(PropertyCopyTest, ACopyIsOneTransaction)
+{
+    openCopy("P0101");
+    check(0);
+    std::vector<QStringList> seen;
+    QObject::connect(&copy, &property::PropertyCopy::progress, [&] { seen.push_back(rows()); });
+    copy.Copy_Value();
+    ASSERT_EQ(seen.size(), 4u);
+    for (int step = 0; step < 3; ++step)
+        EXPECT_EQ(seen[step], kBefore) << step;
+    EXPECT_EQ(rows(), (QStringList{"12.3|0", "NULL|0", "12.3|1", "NULL|1", "1234|0", "7|0", "8|0"}));
+    session.cnDatabase.BeginTrans(); // none is open
+    session.cnDatabase.RollbackTrans();
 }
 
 TEST_F(PropertyCopyTest, SeparatorsStayAsTheyStand)
@@ -173,7 +174,6 @@ TEST_F(PropertyCopyTest, SeveralBlocksAreAskedForFirst)
     op.expect(question, kNo);
     copy.Copy_Value();
     EXPECT_EQ(rows(), kBefore);
-    EXPECT_EQ(session.Answer, kNo);
     op.expect(question, kYes);
     copy.Copy_Value();
     EXPECT_EQ(op.boxes.back().buttons, platform::Buttons::YesNo);
@@ -228,6 +228,41 @@ TEST_F(PropertyCopyTest, AFailureKeepsWhatWasCopiedBefore)
     EXPECT_EQ(row("1", "1", "P0103"), "12.3|1");
     EXPECT_EQ(row("1", "1", "P0104"), "466|0");
     EXPECT_EQ(op.pointer, platform::Pointer::Default);
+    session.cnDatabase.BeginTrans(); // none is open
+    session.cnDatabase.RollbackTrans();
+}
+
+// The box lets the bus in, and the bus writes into the same file.
+TEST_F(PropertyCopyTest, AFailureIsToldWhenNothingIsOpenAnyMoreAndTheListHasFollowed)
+{
+    runOnPlant("CREATE TRIGGER refuse BEFORE UPDATE ON tbParametersUser WHEN OLD.IDPar = 'P0104' "
+               "BEGIN SELECT RAISE(FAIL, 'refused'); END;");
+    ASSERT_TRUE(connectPlant());
+    structure.clickNode("3_1_1_G01");
+    openCopy("P0101");
+    check(0);
+    QStringList told;
+    const auto former = platform::setFailureHook([&](const platform::Failure& failure) {
+        told << failure.procedure;
+        runOnPlant("UPDATE tbParametersUser SET State = 0 WHERE IDPar = 'P0105'");
+        EXPECT_EQ(structure.list().item("4_1_1_G01_P0103")->icon, 6);
+    });
+    copy.Copy_Value();
+    platform::setFailureHook(former);
+    EXPECT_EQ(told, QStringList{"frmPropertyCopy/Copy_Value"});
+}
+
+TEST_F(PropertyCopyTest, ACopyThatCannotBeKeptIsReported)
+{
+    openCopy("P0101");
+    check(0);
+    runOnPlant("CREATE TRIGGER undo AFTER UPDATE ON tbParametersUser WHEN OLD.IDPar = 'P0104' "
+               "BEGIN SELECT RAISE(ROLLBACK, 'all undone'); END;");
+    copy.Copy_Value();
+    const auto reported = failures.take();
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_TRUE(reported[0].description.contains("all undone")) << "the first failure is told";
+    EXPECT_EQ(rows(), kBefore);
 }
 
 TEST_F(PropertyCopyTest, AFailureOfTheListIsReported)

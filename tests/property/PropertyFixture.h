@@ -14,7 +14,6 @@ class PropertyFixture : public CompanyFixture
 protected:
     PropertyFixture()
     {
-        session.CurrentUser.Modify = QStringLiteral("True");
         QObject::connect(&model, &property::PropertyModel::focusWanted,
                          [this](const QString& name) { focus = name; });
     }
@@ -25,7 +24,7 @@ protected:
         if (session.cnDatabase.State() == platform::Connection::Closed) {
             ASSERT_TRUE(connectPlant());
         }
-        session.ClipKey = key;
+        model.open(key);
         model.load();
     }
 

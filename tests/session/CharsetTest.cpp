@@ -8,24 +8,9 @@ using namespace session;
 
 namespace {
 
-TEST(CharsetTest, EveryArabicLocaleSharesOneSet)
-{
-    for (int country = 1; country <= 16; ++country)
-        EXPECT_EQ(charsetOfLocale(country * 1024 + 1), 178) << country;
-    EXPECT_EQ(charsetOfLocale(17 * 1024 + 1), 0);
-}
-
-TEST(CharsetTest, TheCyrillicRunIsTakenWhole)
-{
-    for (int locale = 1058; locale <= 1063; ++locale)
-        EXPECT_EQ(charsetOfLocale(locale), 204) << locale;
-    EXPECT_EQ(charsetOfLocale(1057), 0);
-    EXPECT_EQ(charsetOfLocale(1064), 0);
-}
-
 struct LocaleRow
 {
-    int localeId;
+    const char* locale;
     int charset;
     int codePage;
 };
@@ -37,19 +22,40 @@ class MachineLocaleTest : public testing::TestWithParam<LocaleRow>
 TEST_P(MachineLocaleTest, GivesTheSessionItsSetAndPage)
 {
     Session session;
-    applyMachineLocale(session, GetParam().localeId);
-    EXPECT_EQ(session.Charset, GetParam().charset) << GetParam().localeId;
-    EXPECT_EQ(session.CodePage, GetParam().codePage) << GetParam().localeId;
+    session.Charset = 7;
+    applyMachineLocale(session, GetParam().locale);
+    EXPECT_EQ(session.Charset, GetParam().charset) << GetParam().locale;
+    EXPECT_EQ(session.CodePage, GetParam().codePage) << GetParam().locale;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Locales, MachineLocaleTest,
-    testing::Values(LocaleRow{1040, 0, 1252}, LocaleRow{1033, 0, 1252}, LocaleRow{0, 0, 1252},
-                    LocaleRow{-1, 0, 1252}, LocaleRow{1049, 204, 1251}, LocaleRow{3098, 204, 1251},
-                    LocaleRow{1029, 238, 1250}, LocaleRow{1038, 238, 1250}, LocaleRow{1045, 238, 1250},
-                    LocaleRow{1051, 238, 1250}, LocaleRow{1032, 161, 1253}, LocaleRow{1055, 162, 1254},
-                    LocaleRow{1037, 177, 1255}, LocaleRow{1025, 178, 1256}, LocaleRow{1054, 222, 874},
-                    LocaleRow{1028, 136, 1252}, LocaleRow{1041, 128, 1252}, LocaleRow{1042, 129, 1252},
-                    LocaleRow{2052, 134, 1252}, LocaleRow{3076, 134, 1252}, LocaleRow{4100, 134, 1252}));
+INSTANTIATE_TEST_SUITE_P(Western, MachineLocaleTest,
+                         testing::Values(LocaleRow{"it_IT.UTF-8", 0, 1252}, LocaleRow{"en_US", 0, 1252},
+                                         LocaleRow{"C", 0, 1252}, LocaleRow{"C.UTF-8", 0, 1252},
+                                         LocaleRow{"POSIX", 0, 1252}, LocaleRow{"", 0, 1252},
+                                         LocaleRow{"xx_XX", 0, 1252}, LocaleRow{"_RU", 0, 1252},
+                                         LocaleRow{"r", 0, 1252}, LocaleRow{"rus", 0, 1252},
+                                         LocaleRow{"it_IT@euro", 0, 1252}, LocaleRow{"bg_BG", 0, 1252},
+                                         LocaleRow{"hr_HR", 0, 1252}));
+
+INSTANTIATE_TEST_SUITE_P(Cyrillic, MachineLocaleTest,
+                         testing::Values(LocaleRow{"ru_RU.UTF-8", 204, 1251},
+                                         LocaleRow{"ru_UA.KOI8-R", 204, 1251}, LocaleRow{"ru", 204, 1251},
+                                         LocaleRow{"uk_UA", 204, 1251}, LocaleRow{"be_BY", 204, 1251},
+                                         LocaleRow{"sl_SI", 204, 1251}, LocaleRow{"et_EE", 204, 1251},
+                                         LocaleRow{"lv_LV", 204, 1251}, LocaleRow{"lt_LT", 204, 1251},
+                                         LocaleRow{"sr_RS.UTF-8", 204, 1251},
+                                         LocaleRow{"sr_RS.UTF-8@latin", 0, 1252},
+                                         LocaleRow{"sr_RS@latin", 0, 1252}));
+
+INSTANTIATE_TEST_SUITE_P(Others, MachineLocaleTest,
+                         testing::Values(LocaleRow{"cs_CZ", 238, 1250}, LocaleRow{"hu_HU", 238, 1250},
+                                         LocaleRow{"pl_PL", 238, 1250}, LocaleRow{"sk_SK", 238, 1250},
+                                         LocaleRow{"el_GR", 161, 1253}, LocaleRow{"tr_TR", 162, 1254},
+                                         LocaleRow{"he_IL", 177, 1255}, LocaleRow{"ar_EG.UTF-8", 178, 1256},
+                                         LocaleRow{"ar_SA", 178, 1256}, LocaleRow{"th_TH", 222, 874},
+                                         LocaleRow{"zh_TW.BIG5", 136, 1252}, LocaleRow{"zh_XX", 136, 1252},
+                                         LocaleRow{"zh_CN", 134, 1252}, LocaleRow{"zh_HK.UTF-8", 134, 1252},
+                                         LocaleRow{"zh_SG", 134, 1252}, LocaleRow{"ja_JP", 128, 1252},
+                                         LocaleRow{"ko_KR", 129, 1252}));
 
 } // namespace

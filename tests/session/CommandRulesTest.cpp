@@ -79,23 +79,23 @@ const std::vector<Row> kListMenus{
     {"mnuReadWrite", "DRRRRR"},
 };
 const std::vector<Row> kTreeMenus{
-    {"mnuRefresh mnuProperty mnuSettings", "EEEE"},
-    {"mnuUsers", "AAAA"},
-    {"mnuUpgradeDb", "UUUU"},
-    {"mnuReset", "MMMM"},
-    {"mnuEventViewer", "VVVV"},
-    {"mnuNew mnuPaste", "MMDD"},
-    {"mnuDelete mnuCut mnuCopy", "DMMD"},
-    {"mnuResync", "MMMD"},
-    {"mnuReadWrite", "DRRR"},
+    {"mnuRefresh mnuProperty mnuSettings", "EEEEE"},
+    {"mnuUsers", "AAAAA"},
+    {"mnuUpgradeDb", "UUUUU"},
+    {"mnuReset", "MMMMM"},
+    {"mnuEventViewer", "VVVVV"},
+    {"mnuNew mnuPaste", "DMMDD"},
+    {"mnuDelete mnuCut mnuCopy", "DDMMD"},
+    {"mnuResync", "MMMMD"},
+    {"mnuReadWrite", "DDRRR"},
 };
 const std::vector<Row> kTreePopup{
-    {"mnuBusRefresh mnuBusProperty", "EEEE"},
-    {"mnuBusNew mnuBusPaste", "MMDD"},
-    {"mnuBusDelete mnuBusCut mnuBusCopy", "DMMD"},
-    {"mnuBusResync", "MMMD"},
-    {"mnuBusReset", "MMMM"},
-    {"mnuBusReadWrite", "DRRR"},
+    {"mnuBusRefresh mnuBusProperty", "EEEEE"},
+    {"mnuBusNew mnuBusPaste", "DMMDD"},
+    {"mnuBusDelete mnuBusCut mnuBusCopy", "DDMMD"},
+    {"mnuBusResync", "MMMMD"},
+    {"mnuBusReset", "MMMMM"},
+    {"mnuBusReadWrite", "DDRRR"},
 };
 const std::vector<Row> kListPopup{
     {"mnuBusRefresh mnuBusProperty", "EEEEEE"},
@@ -139,13 +139,13 @@ TEST(CommandRules, ListMenusByLevelAndRight)
 
 TEST(CommandRules, TreeMenusByLevelAndRight)
 {
-    expectTable(rules::treeMenus, 0, kTreeMenus);
+    expectTable(rules::treeMenus, -1, kTreeMenus);
     EXPECT_EQ(int(rules::treeMenus(0, {}).size()), namesIn(kTreeMenus));
 }
 
-TEST(CommandRules, TreeMenusWithoutANodeTouchNothing)
+TEST(CommandRules, LevelsThatTheTreeLacksTouchNothing)
 {
-    for (const int level : {-2, -1, 4}) {
+    for (const int level : {-2, 4}) {
         EXPECT_TRUE(rules::treeMenus(level, {}).empty()) << level;
         EXPECT_TRUE(rules::treePopup(level, {}).empty()) << level;
     }
@@ -153,7 +153,7 @@ TEST(CommandRules, TreeMenusWithoutANodeTouchNothing)
 
 TEST(CommandRules, PopupsByLevelAndRight)
 {
-    expectTable(rules::treePopup, 0, kTreePopup);
+    expectTable(rules::treePopup, -1, kTreePopup);
     expectTable(rules::listPopup, -1, kListPopup);
     EXPECT_EQ(int(rules::treePopup(0, {}).size()), namesIn(kTreePopup));
     EXPECT_EQ(int(rules::listPopup(0, {}).size()), namesIn(kListPopup));
@@ -187,6 +187,8 @@ TEST(CommandRules, TheAdministratorHasNoRightByBeingOne)
     user.IDUser = "0";
     const Rights rights = Rights::of(user);
     EXPECT_TRUE(rights.administrator);
+    EXPECT_TRUE(rights.loggedIn);
+    EXPECT_FALSE(Rights::of(UserRecord()).loggedIn);
     EXPECT_FALSE(rights.modify || rights.readWrite || rights.eventViewer || rights.upgradeDb);
 }
 
@@ -203,6 +205,32 @@ TEST(CommandRules, RightsAreTheBooleanTextsOfTheRecord)
     EXPECT_TRUE(rights.readWrite);
     EXPECT_FALSE(rights.eventViewer);
     EXPECT_FALSE(rights.upgradeDb);
+}
+
+// Beyond what is greyed: each command with every single right, and with none but the login.
+TEST(CommandRules, ACommandIsPermittedByItsRightAlone)
+{
+    const std::vector<Row> needs{
+        {"New Delete Cut Copy Paste Resync Reset Import NewNode DeleteNode CutNode CopyNode PasteNode "
+         "ResyncNode "
+         "ResetNode",
+         "M"},
+        {"ReadWrite ReadWriteNode", "R"},
+        {"EventViewer", "V"},
+        {"UpgradeDb", "U"},
+        {"Users", "A"},
+        {"Property PropertyNode Refresh Parent View Filter Find Pending Export Print BackupDb", "L"},
+        {"NewDb OpenDb CloseDb RestoreDb Settings Enter About Exit Tree LargeIcon TlbReduced Allarms", "-"},
+    };
+    for (const char right : std::string("-AMRUVL")) {
+        Rights rights = only(right);
+        rights.loggedIn = right == 'L';
+        for (const Row& row : needs) {
+            for (const QString& command : QString(row.names).split(' '))
+                EXPECT_EQ(rules::permits(command, rights), *row.letters == '-' || *row.letters == right)
+                    << qPrintable(command) << " with right " << right;
+        }
+    }
 }
 
 } // namespace

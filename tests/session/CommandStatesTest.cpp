@@ -20,6 +20,37 @@ protected:
     CommandStates commands{session};
 };
 
+// Walking tree and list, a right click, the tree hidden and shown: nothing opens before the login.
+TEST_F(CommandStatesTest, BeforeTheLoginNothingOpensButTheLoginItself)
+{
+    session.DbName = "Plant.mdb";
+    session.CurrentUser = {};
+    commands.EnableDisable_TlbMainButtons(-2);
+    commands.DisableMainMenu();
+    for (int level = -1; level <= 4; ++level) {
+        commands.EnableDisable_TlbMainButtons(level);
+        commands.EnableDisable_MainMenu(level);
+        commands.Enable_MainMenu();
+        commands.EnableDisable_StructureButtons(true);
+        for (const Place place : {Place::Tree, Place::List}) {
+            commands.EnableDisable_Menu(place, level);
+            commands.EnableDisable_PopupMenu(place, level);
+            for (const char* name : {"New", "Delete", "Cut", "Copy", "Paste", "Refresh", "Resync", "Reset",
+                                     "Property", "ReadWrite"}) {
+                EXPECT_FALSE(commands.menuEnabled(place, QString("mnu") + name)) << name << level;
+                if (place == Place::List || level <= 3) {
+                    EXPECT_FALSE(commands.popupEnabled(place, QString("mnuBus") + name)) << name << level;
+                }
+                EXPECT_FALSE(commands.buttonEnabled(name)) << name << level;
+            }
+            EXPECT_FALSE(commands.menuEnabled(place, "mnuUsers"));
+            EXPECT_TRUE(commands.menuEnabled(place, "mnuEnter"));
+        }
+        EXPECT_FALSE(commands.buttonEnabled("Expand") || commands.buttonEnabled("Collapse"));
+        EXPECT_TRUE(commands.buttonEnabled("Enter"));
+    }
+}
+
 TEST_F(CommandStatesTest, EverythingStartsEnabled)
 {
     EXPECT_TRUE(commands.buttonEnabled("Parent"));

@@ -66,7 +66,7 @@ TEST_F(ConfigurationTest, FirstRunDefaultsReplaceEveryValue)
              "[TreeBus]\nVisible=0\nWidth=9\n[Log]\na=0\nb=0\nc=0\nd=7\n[Database]\nName=A.mdb\nPath=/x\n"
              "[Directory]\na=/x\nb=/y\nc=/z\n[COMPort]\na=1\nb=1\nc=1\nd=1\ne=1\nf=1\n"));
     session_.DbVersion = "1.0";
-    session_.COMPort.Status = 2;
+    session_.COMPort.Status = session::kBusy;
     applyFirstRunDefaults(session_);
     EXPECT_EQ(session_.DbVersion, "");
     EXPECT_EQ(session_.COMPort.Status, 0);
@@ -88,7 +88,7 @@ TEST_F(ConfigurationTest, WhatIsWrittenComesBack)
     session_.DirBackup = "/b";
     session_.DirExport = "";
     session_.DirImport = " /i ";
-    session_.COMPort = {15, 7, 2, 1, 2, 1, 2};
+    session_.COMPort = {15, 7, 2, 1, 2, 1, session::kBusy};
     ASSERT_TRUE(Write_Configuration(session_));
 
     Session next;
@@ -126,6 +126,65 @@ TEST_F(ConfigurationTest, ANameBeyondTheCodePageIsNotLost)
     ASSERT_TRUE(Read_Configuration(session_));
     EXPECT_EQ(session_.DbName, "Завод à.mdb");
     EXPECT_EQ(session_.Language.ID, "IT_Italiano_1000");
+}
+
+TEST_F(ConfigurationTest, WhatLiesOutsideItsRangeHealsToTheDefault)
+{
+    struct Row
+    {
+        const char* stored;
+        const char* healed;
+    };
+    const Row rows[] = {
+        {"[ListBus]\nView=-2\na=-2\nb=-3\nc=-32768\n", "[ListBus]\nView=-1\na=-1\nb=-1\nc=-1\n"},
+        {"[ListBus]\nView=4\na=0\nb=32767\nc=-1\n", "[ListBus]\nView=-1\na=0\nb=32767\nc=-1\n"},
+        {"[ListBus]\nView=9\na=1\nb=1\nc=1\n", "[ListBus]\nView=-1\na=1\nb=1\nc=1\n"},
+        {"[ListBus]\nView=3\na=1\nb=1\nc=1\n", "[ListBus]\nView=3\na=1\nb=1\nc=1\n"},
+        {"[ListBus]\nView=0\na=1\nb=1\nc=1\n", "[ListBus]\nView=0\na=1\nb=1\nc=1\n"},
+        {"[TreeBus]\nVisible=-1\nWidth=-2\n", "[TreeBus]\nVisible=-1\nWidth=-1\n"},
+        {"[TreeBus]\nVisible=5\nWidth=0\n", "[TreeBus]\nVisible=5\nWidth=0\n"},
+        {"[Log]\na=7\nb=7\nc=7\nd=0\n", "[Log]\na=7\nb=7\nc=7\nd=180\n"},
+        {"[Log]\na=7\nb=7\nc=7\nd=366\n", "[Log]\na=7\nb=7\nc=7\nd=180\n"},
+        {"[Log]\na=7\nb=7\nc=7\nd=1\n", "[Log]\na=7\nb=7\nc=7\nd=1\n"},
+        {"[Log]\na=7\nb=7\nc=7\nd=365\n", "[Log]\na=7\nb=7\nc=7\nd=365\n"},
+        {"[COMPort]\na=16\nb=13\nc=4\nd=5\ne=3\nf=4\n", "[COMPort]\na=0\nb=3\nc=3\nd=2\ne=0\nf=0\n"},
+        {"[COMPort]\na=-1\nb=-1\nc=-1\nd=-1\ne=-1\nf=-1\n", "[COMPort]\na=0\nb=3\nc=3\nd=2\ne=0\nf=0\n"},
+        {"[COMPort]\na=15\nb=12\nc=0\nd=4\ne=2\nf=3\n", "[COMPort]\na=15\nb=12\nc=0\nd=4\ne=2\nf=3\n"},
+    };
+    const auto valuesOf = [](const QByteArray& section) {
+        QStringList values;
+        for (const QByteArray& line : section.split('\n'))
+            values << QString::fromLatin1(line.mid(line.indexOf('=') + 1));
+        return values;
+    };
+    for (const Row& row : rows) {
+        applyFirstRunDefaults(session_);
+        ASSERT_TRUE(read(row.stored)) << row.stored;
+        ASSERT_TRUE(Write_Configuration(session_));
+        const QByteArray header = QByteArray(row.stored).split('\n').first() + '\n';
+        const QByteArray written = folder_.read("Calidora.ini").replace(kSystemLineEnd, "\n");
+        const QStringList expected = valuesOf(row.healed);
+        EXPECT_EQ(valuesOf(written.mid(written.indexOf(header))).mid(0, expected.size() - 1),
+                  expected.mid(0, expected.size() - 1))
+            << row.stored;
+    }
+    recorder_.expectNone();
+}
+
+TEST_F(ConfigurationTest, ANameThatWouldBreakItsLineIsNotRemembered)
+{
+    applyFirstRunDefaults(session_);
+    session_.DbName = "a\n[COMPort]\nb.mdb";
+    session_.DbPath = QString("/plants\r/x");
+    session_.DirBackup = "/tab\tis text";
+    ASSERT_TRUE(Write_Configuration(session_));
+    ASSERT_TRUE(Read_Configuration(session_));
+    EXPECT_EQ(session_.DbName, "");
+    EXPECT_EQ(session_.DbPath, "");
+    EXPECT_EQ(session_.DirBackup, "/tab\tis text");
+    EXPECT_EQ(session_.DirExport, folder_.file("Log"));
+    EXPECT_EQ(session_.COMPort.Speed, 3);
+    recorder_.expectNone();
 }
 
 TEST_F(ConfigurationTest, OnlyTheOrderOfTheKeysCounts)

@@ -52,7 +52,7 @@ TEST(ComposeSqlTextInStatementTest, EveryTextComesBackAsItWent)
     const support::ApplicationFolder folder;
     folder.write("Data/texts.mdb", "");
     platform::Connection connection;
-    connection.Open("Data Source = " + folder.file("Data/texts.mdb"));
+    connection.Open(folder.file("Data/texts.mdb"));
     const QString nul = QString("a") + QChar(u'\0') + "'b";
     for (const QString& text : {QString("d'oro"), QString("''"), QString("%_;--"), QString("Жà€"), nul}) {
         platform::Recordset rows;

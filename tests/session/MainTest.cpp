@@ -42,9 +42,14 @@ protected:
         services.Write_Configuration = [this] {
             return note("write configuration of '" + session.DbName + "'"), true;
         };
-        services.Inizialize_RUChr = [this] { note("translation tables"); };
         services.anotherInstanceRuns = [this] { return note("instance?"), secondInstance; };
-        services.Connect_Database = [this](const QString& path) { return note("connect " + path), connects; };
+        services.folderIsClosed = [this] { return folderClosed; };
+        services.Connect_Database = [this](const QString& path) {
+            note("connect " + path);
+            if (leavesWhileConnecting)
+                main.Unload();
+            return connects;
+        };
         services.Disconnect_Database = [this] {
             note("disconnect");
             session.DbName.clear();
@@ -55,6 +60,11 @@ protected:
         services.Set_COMPort = [this] { return note("set port"), true; };
         services.Open_COMConnection = [this] { return note("open port"), true; };
         services.Close_COMConnection = [this] { return note("close port"), true; };
+        services.makeSureOfAnOperator = [this] { note("an operator?"); };
+        services.selectAboveRoot = [this] { note("above root"); };
+        services.applyTreeMenus = [this] { note("tree menus"); };
+        services.showCaption = [this] { note("caption of '" + session.CurrentUser.Name + "'"); };
+        services.endProgram = [this] { note("end"); };
         return services;
     }
 
@@ -75,10 +85,35 @@ protected:
         takeForms();
         return {steps.begin(), steps.end()};
     }
+    void comesIn(const QString& name)
+    {
+        session.CurrentUser.IDUser = "7";
+        session.CurrentUser.Name = name;
+        main.loggedIn();
+    }
+    // The commands as with no company, and "Enter".
+    void expectTheGateClosed()
+    {
+        EXPECT_EQ(session.CurrentUser.IDUser, "");
+        for (const char* key :
+             {"Tree", "View", "Refresh", "Property", "Expand", "EventViewer", "Parent", "New"})
+            EXPECT_FALSE(commands.buttonEnabled(key)) << key;
+        for (const char* key : {"Enter", "Settings", "OpenDb", "CloseDb", "About", "Exit"})
+            EXPECT_TRUE(commands.buttonEnabled(key)) << key;
+        for (const Place place : {Place::Tree, Place::List}) {
+            EXPECT_TRUE(commands.menuEnabled(place, "mnuEnter"));
+            EXPECT_TRUE(commands.menuEnabled(place, "mnuRestoreDb"));
+            for (const char* name :
+                 {"mnuCommands", "mnuRefresh", "mnuProperty", "mnuUsers", "mnuBackupDb", "mnuFind"})
+                EXPECT_FALSE(commands.menuEnabled(place, name)) << name;
+        }
+    }
     void makeMarker(const QString& name) { QFile(session.appFile(name)).open(QIODevice::WriteOnly); }
 
     bool configured = true;
     bool secondInstance = false;
+    bool folderClosed = false;
+    bool leavesWhileConnecting = false;
     bool connects = true;
     bool goesOn = false;
     QStringList steps;
@@ -102,6 +137,8 @@ TEST_F(MainTest, AFailureStandsUnderItsProceduresName)
     failures.expectUnder("Module/Close_Database");
     main.leave();
     failures.expectUnder("frmMain.mnuExit_Click");
+    main.LogInOut();
+    failures.expectUnder("Module/LogInOut");
     EXPECT_TRUE(main.QueryUnload()) << "a question that can't be asked keeps nobody here";
     failures.expectUnder("frmMain.QueryUnload");
     MainServices failing = services();
@@ -113,10 +150,10 @@ TEST_F(MainTest, AFailureStandsUnderItsProceduresName)
 
 TEST_F(MainTest, StartsInItsOrderWithoutACompany)
 {
-    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
-                                   "unload frmPresentation", "instance?", "show frmVideoProperty",
-                                   "unload frmVideoProperty", "show frmMain", "disable frmTreeBus",
-                                   "disable frmListBus", "set port", "open port"));
+    EXPECT_THAT(run(),
+                ElementsAre("show frmPresentation", "read configuration", "unload frmPresentation",
+                            "instance?", "show frmVideoProperty", "unload frmVideoProperty", "show frmMain",
+                            "disable frmTreeBus", "disable frmListBus", "set port", "open port"));
     EXPECT_TRUE(goesOn);
     EXPECT_EQ(clock.elapsed(), 2000);
     EXPECT_FALSE(commands.buttonEnabled("Refresh"));
@@ -125,21 +162,88 @@ TEST_F(MainTest, StartsInItsOrderWithoutACompany)
     EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuBackupDb"));
 }
 
-TEST_F(MainTest, OpensTheLastCompanyPurgesAndHandsItOver)
+TEST_F(MainTest, OpensTheLastCompanyPurgesAndAsksForTheLogin)
 {
     session.DbPath = "/plants";
     session.DbName = "demo.mdb";
     session.LogSet.DelLog = 0;
+    op.onModal = [this](const QString&) {
+        expectTheGateClosed();
+        comesIn("ROSSI");
+    };
     const std::vector<QString> seen = run();
-    EXPECT_THAT(
-        std::vector<QString>(seen.end() - 5, seen.end()),
-        ElementsAre("show frmMain", "connect /plants/demo.mdb", "purge 0 0", "set port", "open port"));
-    EXPECT_EQ(session.CurrentUser.IDUser, "0");
-    EXPECT_EQ(session.CurrentUser.Name, "ADMINISTRATOR");
-    EXPECT_TRUE(rightOf(session.CurrentUser.Modify));
+    EXPECT_THAT(std::vector<QString>(seen.end() - 10, seen.end()),
+                ElementsAre("show frmMain", "connect /plants/demo.mdb", "purge 0 0", "an operator?",
+                            "caption of ''", "modal frmLogInOut", "tree menus", "caption of 'ROSSI'",
+                            "set port", "open port"));
+    EXPECT_TRUE(goesOn);
     EXPECT_TRUE(commands.buttonEnabled("Refresh"));
     EXPECT_FALSE(commands.buttonEnabled("Parent"));
     EXPECT_TRUE(commands.menuEnabled(Place::List, "mnuBackupDb"));
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuNew")) << "nothing is selected";
+    EXPECT_FALSE(commands.menuEnabled(Place::List, "mnuUsers"));
+}
+
+TEST_F(MainTest, ALoginClosedWithoutAnOperatorLeavesTheCompanyOpenAndTheCommandsClosed)
+{
+    session.DbPath = "/plants";
+    session.DbName = "demo.mdb";
+    const std::vector<QString> seen = run();
+    EXPECT_THAT(std::vector<QString>(seen.end() - 3, seen.end()),
+                ElementsAre("modal frmLogInOut", "set port", "open port"));
+    EXPECT_TRUE(goesOn);
+    EXPECT_EQ(session.DbName, "demo.mdb");
+    expectTheGateClosed();
+}
+
+TEST_F(MainTest, TheLoginsExitEndsTheStartAtOnce)
+{
+    session.DbPath = "/plants";
+    session.DbName = "demo.mdb";
+    op.onModal = [this](const QString&) { main.endProgram(); };
+    const std::vector<QString> seen = run();
+    EXPECT_THAT(std::vector<QString>(seen.end() - 2, seen.end()), ElementsAre("modal frmLogInOut", "end"));
+    EXPECT_FALSE(goesOn);
+    EXPECT_EQ(session.DbName, "demo.mdb") << "it doesn't disconnect";
+    EXPECT_TRUE(op.boxes.empty());
+}
+
+TEST_F(MainTest, AnotherLoginClosesTheWindowsAndBeginsAboveTheRoot)
+{
+    session.DbName = "demo.mdb";
+    comesIn("ROSSI");
+    steps.clear();
+    op.expect(texts(513) + "\r\n" + texts(514), kNo);
+    main.LogInOut();
+    EXPECT_TRUE(steps.isEmpty());
+    EXPECT_EQ(session.CurrentUser.Name, "ROSSI");
+    EXPECT_EQ(op.boxes[0].buttons, platform::Buttons::YesNo);
+
+    op.expect(texts(513) + "\r\n" + texts(514), kYes);
+    op.onModal = [this](const QString&) { expectTheGateClosed(); };
+    main.LogInOut();
+    takeForms();
+    EXPECT_EQ(steps, (QStringList{"unload all", "above root", "caption of ''", "modal frmLogInOut"}));
+    EXPECT_EQ(session.CurrentUser.Name, "");
+}
+
+TEST_F(MainTest, WithoutACompanyThereIsNothingToLogInTo)
+{
+    op.expect(texts(504));
+    main.LogInOut();
+    EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
+    EXPECT_TRUE(op.forms.isEmpty());
+}
+
+TEST_F(MainTest, NobodyWorksWithACompanyThatIsLost)
+{
+    session.DbName = "demo.mdb";
+    comesIn("ROSSI");
+    session.DbName.clear();
+    main.companyLost();
+    EXPECT_EQ(session.CurrentUser.IDUser, "");
+    EXPECT_FALSE(commands.buttonEnabled("Enter"));
+    EXPECT_FALSE(commands.menuEnabled(Place::Tree, "mnuEnter"));
 }
 
 TEST_F(MainTest, ACompanyThatDoesNotOpenLeavesTheProgramRunningWithNone)
@@ -161,8 +265,8 @@ TEST_F(MainTest, AFirstRunTakesBothMarkersAndAsksTheLanguageOnce)
     makeMarker("Log/Readme_Log.txt");
     run();
     EXPECT_EQ(steps.count("modal frmLanguage"), 1);
-    EXPECT_EQ(steps.mid(0, 4), (QStringList{"show frmPresentation", "read configuration", "modal frmLanguage",
-                                            "translation tables"}));
+    EXPECT_EQ(steps.mid(0, 4),
+              (QStringList{"show frmPresentation", "read configuration", "modal frmLanguage"}));
     EXPECT_FALSE(QFile::exists(session.appFile("Data/Readme_Data.txt")));
     EXPECT_FALSE(QFile::exists(session.appFile("Log/Readme_Log.txt")));
     EXPECT_EQ(session.Language.ID, "IT_Italiano_1000");
@@ -222,13 +326,39 @@ TEST_F(MainTest, ASecondInstanceSaysSoAfterTheSplashAndEndsAtOnce)
 {
     secondInstance = true;
     op.expect(texts(580) + "\r\n" + texts(581));
-    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "translation tables",
-                                   "unload frmPresentation", "instance?"));
+    EXPECT_THAT(run(), ElementsAre("show frmPresentation", "read configuration", "unload frmPresentation",
+                                   "instance?"));
     EXPECT_FALSE(goesOn);
     EXPECT_EQ(clock.elapsed(), 2000);
     ASSERT_EQ(op.boxes.size(), 1u);
     EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
     EXPECT_EQ(op.boxes[0].title, "Calidora");
+}
+
+TEST_F(MainTest, AFolderThatTakesNoFilesIsToldAndTheStartGoesOn)
+{
+    folderClosed = true;
+    const QString words = texts.own("start.closed").arg(QDir::toNativeSeparators(session.AppPath));
+    op.expect(words);
+    run();
+    EXPECT_TRUE(goesOn);
+    EXPECT_TRUE(op.done());
+    EXPECT_EQ(op.boxes[0].icon, platform::Icon::Exclamation);
+    EXPECT_EQ(op.boxes[0].title, "Calidora");
+    EXPECT_TRUE(steps.contains("show frmMain"));
+}
+
+// An Exit in a window that the start shows: there is nothing left to wait for, and the port stays closed.
+TEST_F(MainTest, LeavingInTheMiddleOfTheStartEndsIt)
+{
+    session.DbPath = "/plants";
+    session.DbName = "demo.mdb";
+    leavesWhileConnecting = true;
+    const std::vector<QString> seen = run();
+    EXPECT_FALSE(goesOn);
+    EXPECT_THAT(seen, testing::Not(testing::Contains("open port")));
+    EXPECT_THAT(seen, testing::Not(testing::Contains("set port")));
+    EXPECT_THAT(seen, testing::Contains("close port"));
 }
 
 TEST_F(MainTest, ClosingWithoutACompanySaysThatThereIsNone)
@@ -278,6 +408,21 @@ TEST_F(MainTest, TheCloseBoxAsksOnceAndNoRefuses)
     op.expect(texts(524), kYes);
     EXPECT_TRUE(main.QueryUnload());
     EXPECT_EQ(op.boxes.size(), 2u);
+    EXPECT_TRUE(op.unexpected.isEmpty());
+}
+
+TEST_F(MainTest, LeavingAnOpenConnectionIsToldInALineOfItsOwn)
+{
+    for (const LineStatus live : {kConnected, kBusy}) {
+        session.COMPort.Status = live;
+        op.expect(texts(524) + "\r\nA connection is open. It will be cut.", kNo);
+        main.leave();
+        op.expect(texts(524) + "\r\nA connection is open. It will be cut.", kNo);
+        EXPECT_FALSE(main.QueryUnload());
+    }
+    session.COMPort.Status = kPortClosed;
+    op.expect(texts(524), kNo);
+    main.leave();
     EXPECT_TRUE(op.unexpected.isEmpty());
 }
 

@@ -41,7 +41,7 @@ protected:
     }
 
     NoType lookup;
-    structure::PlantEditor editor{{session, texts, op, structure, lookup}};
+    structure::PlantEditor editor{{session, texts, op, structure, lookup, {}}};
     BrokenPointer broken;
     const std::vector<NamedFailure> rows{
         {"Module/Delete_Item", [this] { setLanguage(kNoLanguage), editor.Delete_Item(); }},
@@ -49,7 +49,7 @@ protected:
          [this] { structure.clickNode("1_3"), setLanguage(kNoLanguage), editor.Delete_Node(); }},
         {"Module/Erase_Item",
          [this] {
-             structure::PlantEditor eraser({session, texts, broken, structure, lookup});
+             structure::PlantEditor eraser({session, texts, broken, structure, lookup, {}});
              broken.expect(texts(506), platform::answers::kYes);
              eraser.Delete_Item();
          }},

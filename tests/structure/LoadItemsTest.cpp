@@ -35,7 +35,6 @@ TEST_F(LoadItemsTest, TheRootShowsTheGroupsByName)
     EXPECT_EQ(shown("1_2"), "ALPHA|||2") << "NULL is shown as nothing";
     EXPECT_EQ(shown("1_3"), "O'Hara||Empty|2");
     EXPECT_EQ(structure.list().columnCaptions(), (QStringList{"Name", "Phone", "Description"}));
-    EXPECT_EQ(session.rsWork.State(), int(platform::Recordset::Closed));
     EXPECT_EQ(op.pointer, Pointer::Default);
 }
 
@@ -151,20 +150,43 @@ TEST_F(LoadItemsTest, TextsFollowTheLanguage)
     EXPECT_EQ(shown("4_1_1_G02_P0201"), "IT MOD|Acceso||6");
 }
 
-TEST_F(LoadItemsTest, AFailureClosesRsWorkAndLeavesTheListAsFarAsItWasFilled)
+TEST_F(LoadItemsTest, AFailureLeavesAnEmptyListAndTheNextLoadWorks)
 {
     ASSERT_TRUE(connectPlant());
     structure.Load_Items_ListBus("Root");
     const QStringList groups = keys();
-    session.rsWork.Open("SELECT * FROM tbUsers", session.cnDatabase); // another job holds it
+    session.cnDatabase.Close();
     structure.Load_Items_ListBus("1_1");
-    failures.expectOne(platform::errors::kInvalidCall, "Module/Load_Items_ListBus");
+    failures.expectOne(platform::errors::kObjectClosed, "Module/Load_Items_ListBus");
     EXPECT_EQ(keys(), QStringList());
-    EXPECT_EQ(session.rsWork.State(), int(platform::Recordset::Closed));
     EXPECT_EQ(op.pointer, Pointer::Default);
 
+    session.cnDatabase.Open(session.ConnectionString);
     structure.Load_Items_ListBus("Root");
-    EXPECT_EQ(keys(), groups) << "the next load works";
+    EXPECT_EQ(keys(), groups);
+}
+
+// The box lets the bus and the operator in: what it finds is a full list, and a file that anybody may write.
+TEST_F(LoadItemsTest, ChoicesThatAreNoNumbersAreToldOnceWhenNothingIsOpenAnyMore)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = 'on' WHERE IDPar IN ('P0201', 'P0202') AND IDGrp = 1;");
+    ASSERT_TRUE(connectPlant());
+    QStringList told, shownThen;
+    const auto former = platform::setFailureHook([&](const platform::Failure& failure) {
+        told << failure.procedure + ": " + failure.description;
+        shownThen = keys();
+        EXPECT_EQ(op.pointer, Pointer::Default);
+        session.cnDatabase.BeginTrans();
+        session.cnDatabase.CommitTrans();
+        runOnPlant("UPDATE tbParametersUser SET State = 1 WHERE IDPar = 'P0204';");
+    });
+    QSignalSpy menus(&structure, &Structure::levelLoaded);
+    structure.Load_Items_ListBus("3_1_1_G02");
+    platform::setFailureHook(former);
+    EXPECT_EQ(told, QStringList{"Module/Search_ParamEnum: 'on' is not a number."});
+    EXPECT_EQ(shownThen.size(), 4);
+    EXPECT_EQ(menus.count(), 1);
+    EXPECT_EQ(shown("4_1_1_G02_P0202"), "EN FAN|||5");
 }
 
 TEST_F(LoadItemsTest, AChoiceThatIsNoNumberIsReportedAndTheRowsBehindItStillCome)

@@ -71,4 +71,22 @@ TEST(NodeKeyTest, AKeyComposedIsTakenApartAgain)
     }
 }
 
+TEST(NodeKeyTest, AnElementHasOneKey)
+{
+    EXPECT_EQ(structure::groupKey("12"), "1_12");
+    EXPECT_EQ(structure::instrumentKey("12", "3"), "2_12_3");
+    EXPECT_EQ(structure::paramGroupKey("12", "3", "G07"), "3_12_3_G07");
+    EXPECT_EQ(structure::parameterKey("12", "3", "G07", "P0815"), "4_12_3_G07_P0815");
+}
+
+TEST(NodeKeyTest, TheParentIsOneLevelUp)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"Root", "Root"},         {"1_12", "Root"},  {"2_12_3", "1_12"},
+        {"3_12_3_G07", "2_12_3"}, {"5_1_2_3_4", ""}, {"4_12_3_G07_P0815", "3_12_3_G07"},
+    };
+    for (const auto& [key, parent] : rows)
+        EXPECT_EQ(structure::parentKey(key), parent) << key;
+}
+
 } // namespace

@@ -64,9 +64,7 @@ protected:
 TEST_F(RecordsTest, TheNextNumberIsOneAboveTheHighest)
 {
     EXPECT_EQ(records.IDMax_Grp(), 4);
-    EXPECT_EQ(session.strSQL, "SELECT Max(IDGrp) AS IDMax FROM tbGroupsUser;");
     EXPECT_EQ(records.IDMax_Inst(1), 3);
-    EXPECT_EQ(session.strSQL, "SELECT Max(IDInst) AS IDMax FROM tbInstrumentsUser WHERE (IDGrp = 1);");
     EXPECT_EQ(records.IDMax_Inst(2), 2);
 }
 
@@ -90,7 +88,6 @@ TEST_F(RecordsTest, TheLastNumberOfAllHasNoNext)
     runOnPlant("INSERT INTO tbGroupsUser (IDGrp, Name) VALUES (2147483647, 'LAST');");
     EXPECT_EQ(records.IDMax_Grp(), 0);
     failures.expectOne(platform::errors::kOverflow, "Module/IDMax_Grp");
-    EXPECT_EQ(session.rsWork.State(), int(platform::Recordset::Closed));
 }
 
 TEST_F(RecordsTest, WithoutACompanyThereAreNoNumbers)
@@ -123,13 +120,10 @@ TEST_F(RecordsTest, LooksATypeUpFromTheFirstRowOn)
 TEST_F(RecordsTest, AGroupIsOneRow)
 {
     EXPECT_TRUE(addGroup("4", "GRP4", "North", "0551"));
-    EXPECT_EQ(session.strSQL, "INSERT INTO tbGroupsUser (IDGrp, Name, Description, Phone) "
-                              "VALUES(4, 'GRP4', 'North', '0551');");
     EXPECT_TRUE(addGroup("5", "GRP5"));
-    EXPECT_EQ(session.strSQL,
-              "INSERT INTO tbGroupsUser (IDGrp, Name, Description, Phone) VALUES(5, 'GRP5', NULL, NULL);");
-    EXPECT_EQ(plant("SELECT Description FROM tbGroupsUser WHERE IDGrp > 3 ORDER BY IDGrp"),
-              (QStringList{"North", "NULL"}));
+    EXPECT_EQ(plant("SELECT IDGrp || Name || quote(Description) || quote(Phone) FROM tbGroupsUser "
+                    "WHERE IDGrp > 3 ORDER BY IDGrp"),
+              (QStringList{"4GRP4'North''0551'", "5GRP5NULLNULL"}));
 }
 
 TEST_F(RecordsTest, AnyNameIsStoredAsTyped)
@@ -148,13 +142,6 @@ TEST_F(RecordsTest, AnInstrumentComesWithItsParametersAtTheirDefaults)
 {
     QSignalSpy progress(&structure, &Structure::updateProgress);
     EXPECT_TRUE(records.Add_Record_Db(2, "3", "1", "KT200", "INST31", "KT200", "2A"));
-    EXPECT_EQ(
-        session.strSQL,
-        "INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State) SELECT 3 AS IDGrp, "
-        "1 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp, tbParam.mDftValue AS Val, 0 AS "
-        "State FROM tbInstrument INNER JOIN (tbParamGroup INNER JOIN tbParam ON tbParamGroup.mID = "
-        "tbParam.mKeyParGroup) ON tbInstrument.mID = tbParamGroup.mKeyInst WHERE (tbInstrument.mTag = "
-        "'KT200');");
     EXPECT_EQ(plant("SELECT IDItem || '|' || Name || '|' || Description || '|' || Address FROM "
                     "tbInstrumentsUser WHERE IDGrp = 3"),
               QStringList{"KT200|INST31|KT200|2A"});
@@ -194,7 +181,6 @@ TEST_F(RecordsTest, AGroupGoesWithAllBelowIt)
 {
     QSignalSpy progress(&structure, &Structure::updateProgress);
     EXPECT_TRUE(records.Remove_Record_Db("1_1"));
-    EXPECT_EQ(session.strSQL, "DELETE FROM tbParametersUser WHERE IDGrp = 1");
     for (const char* table : {"tbGroupsUser", "tbInstrumentsUser", "tbParametersUser"})
         EXPECT_EQ(plant(QString("SELECT Count(*) FROM %1 WHERE IDGrp = 1").arg(table)), QStringList{"0"});
     EXPECT_EQ(plant("SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp"), (QStringList{"2", "3"}));
@@ -207,7 +193,6 @@ TEST_F(RecordsTest, AGroupGoesWithAllBelowIt)
 TEST_F(RecordsTest, AnInstrumentGoesWithItsParameters)
 {
     EXPECT_TRUE(records.Remove_Record_Db("2_1_2"));
-    EXPECT_EQ(session.strSQL, "DELETE FROM tbParametersUser WHERE ((IDGrp = 1) AND (IDInst = 2))");
     EXPECT_EQ(plant("SELECT IDInst FROM tbInstrumentsUser WHERE IDGrp = 1"), QStringList{"1"});
     EXPECT_EQ(plant("SELECT DISTINCT IDGrp || '.' || IDInst FROM tbParametersUser"),
               (QStringList{"1.1", "2.1"}));

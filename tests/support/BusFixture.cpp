@@ -2,7 +2,6 @@
 
 #include "instrument/CompanyFile.h"
 #include "platform/TextFile.h"
-#include "values/Cyrillic.h"
 
 #include <QDir>
 
@@ -41,7 +40,8 @@ InstrumentPeer::~InstrumentPeer()
 
 BusFixture::BusFixture()
 {
-    values::Inizialize_RUChr();
+    if (qEnvironmentVariableIsSet("CALIDORA_EVENTS_FIRST"))
+        clock.setOrder(platform::VirtualClock::Order::EventsFirst);
     QDir(session.AppPath).mkpath(QStringLiteral("Log"));
     connectPlant();
     bus.Set_COMPort();
@@ -61,8 +61,7 @@ instrument::VirtualInstrument& BusFixture::plugIn(instrument::LinkMode link)
 
 void BusFixture::openConsole(const QString& key)
 {
-    session.ClipKey = key;
-    console.load();
+    console.load(key);
 }
 
 void BusFixture::connectOverModem()

@@ -1,5 +1,7 @@
 #include "support/CompanyFixture.h"
 
+#include "users/UserTable.h"
+
 #include <QDir>
 #include <QFile>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -68,10 +70,12 @@ CompanyFixture::CompanyFixture()
     session.AppPath = folder_.path();
     session.DbPath = file(QStringLiteral("Data"));
     setLanguage(QStringLiteral("EN_English_2000"));
+    formerWords_ = platform::setWords([this](const QString& name) { return texts.own(name); });
 }
 
 CompanyFixture::~CompanyFixture()
 {
+    platform::setWords(formerWords_);
     failures.expectNone();
     EXPECT_EQ(op.unexpected, QStringList());
     EXPECT_TRUE(op.done()) << "the operator was asked less than the test expected";
@@ -86,6 +90,21 @@ bool CompanyFixture::connectTo(const QString& name)
 {
     session.DbName = name;
     return database.Connect_Database(session.dbFile());
+}
+
+bool CompanyFixture::logIn(const QString& IDUser, const QString& password)
+{
+    users::requery(session);
+    return gate.SearchUser(IDUser, password);
+}
+
+void CompanyFixture::setRight(const QString& right, const QString& stored)
+{
+    runOnPlant(
+        QStringLiteral("UPDATE tbUsers SET %1 = '%2' WHERE IDUser = '%3'").arg(right, stored, kTechnician));
+    if (session.cnDatabase.State() == platform::Connection::Opened) {
+        EXPECT_TRUE(logIn(kTechnician));
+    }
 }
 
 } // namespace support

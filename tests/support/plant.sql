@@ -10,6 +10,9 @@ INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, Value, State)
  FROM tbInstrumentsUser, tbInstrument, tbParamGroup, tbParam
  WHERE tbInstrumentsUser.IDItem = tbInstrument.mTag AND tbInstrument.mID = tbParamGroup.mKeyInst
    AND tbParamGroup.mID = tbParam.mKeyParGroup;
+INSERT INTO tbUsers (IDUser, Name, State, Password, UpgradeDb, Settings, Modify, EventViewer, ReadWrite) VALUES
+ ('0', 'ADMINISTRATOR', 0, NULL, 0, 0, 0, 0, 0), ('1', 'TECHNICIAN', 0, NULL, -1, -1, -1, -1, -1),
+ ('2', 'GUEST', 0, 'Secret', 0, 0, 0, 0, 0), ('3', 'FORMER', 1, NULL, -1, -1, -1, -1, -1);
 UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0201', 'P1101');
 UPDATE tbParametersUser SET State = 2, Value = '0' WHERE IDPar IN ('P0203', 'P1103');
 UPDATE tbParametersUser SET Value = NULL WHERE IDPar = 'P0102';

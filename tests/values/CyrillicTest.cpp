@@ -9,12 +9,6 @@ using namespace values;
 
 namespace {
 
-class CyrillicTest : public testing::Test
-{
-protected:
-    CyrillicTest() { Inizialize_RUChr(); }
-};
-
 uchar out(int code)
 {
     return static_cast<uchar>(Translate_RUChrOut(QByteArray(1, static_cast<char>(code)))[0]);
@@ -30,7 +24,7 @@ QByteArray page1251(const char16_t* text)
     return platform::encode(QString::fromUtf16(text), 1251);
 }
 
-TEST_F(CyrillicTest, TheTablesHaveTheirEntries)
+TEST(CyrillicTest, TheTablesHaveTheirEntries)
 {
     int outEntries = 0, inEntries = 0, inLowerHalf = 0;
     for (int code = 128; code < 256; ++code) {
@@ -44,7 +38,7 @@ TEST_F(CyrillicTest, TheTablesHaveTheirEntries)
     EXPECT_EQ(inLowerHalf, 30);
 }
 
-TEST_F(CyrillicTest, LettersGoOutUnderTheInstrumentsCodes)
+TEST(CyrillicTest, LettersGoOutUnderTheInstrumentsCodes)
 {
     const struct
     {
@@ -66,7 +60,7 @@ TEST_F(CyrillicTest, LettersGoOutUnderTheInstrumentsCodes)
     }
 }
 
-TEST_F(CyrillicTest, TheInTableIsTheOutTableReadBackwards)
+TEST(CyrillicTest, TheInTableIsTheOutTableReadBackwards)
 {
     for (int code = 128; code < 256; ++code) {
         if (in(code) != '!') {
@@ -75,7 +69,7 @@ TEST_F(CyrillicTest, TheInTableIsTheOutTableReadBackwards)
     }
 }
 
-TEST_F(CyrillicTest, EveryLetterReturnsAsItselfButTheSoftSign)
+TEST(CyrillicTest, EveryLetterReturnsAsItselfButTheSoftSign)
 {
     std::set<int> strangers;
     for (int code = 128; code < 256; ++code) {
@@ -87,7 +81,7 @@ TEST_F(CyrillicTest, EveryLetterReturnsAsItselfButTheSoftSign)
     EXPECT_EQ(in(98), 226);
 }
 
-TEST_F(CyrillicTest, LatinLettersComeInAsTheirLookAlikes)
+TEST(CyrillicTest, LatinLettersComeInAsTheirLookAlikes)
 {
     EXPECT_EQ(Translate_RUChrIn("ABC"), QByteArray("\xC0\xC2\xD1"));
     EXPECT_EQ(Translate_RUChrOut("\xC0\xC2\xD1"), "ABC");
@@ -95,7 +89,7 @@ TEST_F(CyrillicTest, LatinLettersComeInAsTheirLookAlikes)
               page1251(u"\u041C\u0422\u0425\u043C\u0442\u0445\u043A\u0440\u0443"));
 }
 
-TEST_F(CyrillicTest, SixLatinLettersHaveNoWayBack)
+TEST(CyrillicTest, SixLatinLettersHaveNoWayBack)
 {
     const QByteArray shown = Translate_RUChrIn("IJSijs");
     EXPECT_EQ(shown, page1251(u"\u0406\u0408\u0405\u0456\u0458\u0455"));
@@ -103,13 +97,13 @@ TEST_F(CyrillicTest, SixLatinLettersHaveNoWayBack)
 }
 
 // Four small letters have codes of their own in the upper half and share none with the Latin look-alike.
-TEST_F(CyrillicTest, SmallLettersThatLookLatinComeBackFromTheirOwnCodes)
+TEST(CyrillicTest, SmallLettersThatLookLatinComeBackFromTheirOwnCodes)
 {
     EXPECT_EQ(Translate_RUChrIn("hkmt"), page1251(u"\u043D\u043A\u043C\u0442"));
     EXPECT_EQ(Translate_RUChrOut(page1251(u"\u043D\u043A\u043C\u0442")), QByteArray("\xBD\xBA\xBC\xBF"));
 }
 
-TEST_F(CyrillicTest, TheRestOfTheLowerHalfIsCopiedBothWays)
+TEST(CyrillicTest, TheRestOfTheLowerHalfIsCopiedBothWays)
 {
     for (int code = 0; code < 128; ++code) {
         EXPECT_EQ(out(code), code);
@@ -121,7 +115,7 @@ TEST_F(CyrillicTest, TheRestOfTheLowerHalfIsCopiedBothWays)
     EXPECT_EQ(Translate_RUChrIn("DFGLNQRUVWZ"), "DFGLNQRUVWZ");
 }
 
-TEST_F(CyrillicTest, TheLengthStays)
+TEST(CyrillicTest, TheLengthStays)
 {
     const QByteArray bytes("\0A\xA0\xFF ", 5);
     EXPECT_EQ(Translate_RUChrIn(bytes), QByteArray("\0\xC0\xC1! ", 5));

@@ -60,4 +60,21 @@ TEST(DisplayTest, ShowsAPlaceholderWhereNothingIsKnown)
             << row.keyType;
 }
 
+TEST(DisplayTest, AValueJustTypedKeepsTheBlankBeforeAUnitThatIsNotThere)
+{
+    const auto enumText = [](const QString& number) { return '<' + number + '>'; };
+    const auto typed = [&](const std::optional<QString>& value, const char* keyType,
+                           const std::optional<QString>& unit) {
+        return displayTyped(value, {kindOf(QString(keyType)), "0.0", unit}, enumText);
+    };
+    EXPECT_EQ(typed("4.5", "REAL", kNull), "4.5 ");
+    EXPECT_EQ(typed("4.5", "REAL", QString("K")), "4.5 K");
+    EXPECT_EQ(typed(kNull, "REAL", kNull), "--");
+    EXPECT_EQ(typed("2", "ENUM", kNull), "<2>");
+    EXPECT_EQ(typed("PUMP", "STRING", kNull), "PUMP");
+    EXPECT_EQ(typed("02:30:15", "TIME_HM", kNull), "02:30");
+    EXPECT_EQ(typed(kNull, "TIME_HM", kNull), "--.--");
+    EXPECT_EQ(typed("2", "BLOB", kNull), "");
+}
+
 } // namespace

@@ -56,4 +56,12 @@ INSTANTIATE_TEST_SUITE_P(AsItStands, NumberMaskTest,
                                          MaskRow{"12.30", "", "12.3"}, MaskRow{"12.30", "fixed", "12.3"},
                                          MaskRow{"12.30", "0.0.0", "12.3"}));
 
+TEST(NumberMaskTest, KnowsWhetherAMaskGroupsDigits)
+{
+    for (const char* mask : {"#,##0", "#,##0.0", ",0", "0,000"})
+        EXPECT_TRUE(groupsDigits(mask)) << mask;
+    for (const char* mask : {"", "0", "0.0", "0.0,0", "#,##0x", "x,0"})
+        EXPECT_FALSE(groupsDigits(mask)) << mask;
+}
+
 } // namespace

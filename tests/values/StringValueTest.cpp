@@ -1,7 +1,6 @@
 #include "values/StringValue.h"
 
 #include "support/FailureRecorder.h"
-#include "values/Cyrillic.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +11,6 @@ namespace {
 class StringValueTest : public testing::Test
 {
 protected:
-    StringValueTest() { Inizialize_RUChr(); }
     ~StringValueTest() override { recorder_.expectNone(); }
 
     support::FailureRecorder recorder_;

@@ -1,6 +1,7 @@
 #include "structure/widgets/ListBusView.h"
 
 #include "structure/ListModel.h"
+#include "structure/widgets/OneSelected.h"
 #include "widgets/ImageDelegate.h"
 #include "widgets/SortHeader.h"
 
@@ -27,8 +28,8 @@ enum View
 } // namespace
 
 ListBusView::ListBusView(ListModel& model, QWidget* parent)
-    : QStackedWidget(parent), model_(model), report_(new QTreeView), header_(new widgets::SortHeader),
-      icons_(new QListView), empty_(new QLabel(this))
+    : QStackedWidget(parent), model_(model), report_(new OneSelected<QTreeView>),
+      header_(new widgets::SortHeader), icons_(new OneSelected<QListView>), empty_(new QLabel(this))
 {
     report_->setObjectName("lvwBusReport");
     icons_->setObjectName("lvwBusIcons");
@@ -78,6 +79,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     view->setSelectionMode(QAbstractItemView::SingleSelection);
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     auto* delegate = new widgets::ImageDelegate(view, ListModel::ImageRole);
+    delegate->setPaleRole(ListModel::PaleRole);
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
@@ -218,6 +220,11 @@ void ListBusView::resizeEvent(QResizeEvent* event)
 {
     QStackedWidget::resizeEvent(event);
     empty_->setGeometry(rect().adjusted(24, 40, -24, -24));
+}
+
+QList<QAbstractItemView*> ListBusView::views() const
+{
+    return {report_, icons_};
 }
 
 QAbstractItemView* ListBusView::current() const

@@ -35,6 +35,8 @@ public:
     // Widths of the three columns in points; one below 1 stays at its default.
     void setColumnWidth(int column, int points);
     int columnWidth(int column) const;
+    // The views that show the list, one of them at a time.
+    QList<QAbstractItemView*> views() const;
     // What stands in the middle of an empty list.
     void setEmptyText(const QString& text);
 

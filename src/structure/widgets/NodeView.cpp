@@ -4,11 +4,12 @@
 #include "widgets/ImageDelegate.h"
 
 #include <QContextMenuEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
 
 namespace structure {
 
-NodeView::NodeView(QWidget* parent) : QTreeView(parent)
+NodeView::NodeView(QWidget* parent) : OneSelected(parent)
 {
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -16,8 +17,28 @@ NodeView::NodeView(QWidget* parent) : QTreeView(parent)
     setIconSize({16, 16});
     setEditTriggers(NoEditTriggers);
     auto* delegate = new widgets::ImageDelegate(this, TreeModel::ImageRole);
+    delegate->setPaleRole(TreeModel::PaleRole);
     delegate->setRowPadding(2);
     setItemDelegate(delegate);
+}
+
+void NodeView::setDropTarget(const QString& key, bool fits)
+{
+    dropTarget_ = key;
+    dropFits_ = fits;
+    viewport()->update();
+}
+
+void NodeView::drawRow(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QTreeView::drawRow(painter, option, index);
+    if (dropTarget_.isEmpty() || index.data(TreeModel::KeyRole) != dropTarget_)
+        return;
+    const QPalette::ColorRole colour = dropFits_ ? QPalette::Highlight : QPalette::Mid;
+    painter->save();
+    painter->setPen(QPen(palette().color(colour), 2, dropFits_ ? Qt::SolidLine : Qt::DotLine));
+    painter->drawRoundedRect(visualRect(index).adjusted(1, 1, -1, -1), 3, 3);
+    painter->restore();
 }
 
 void NodeView::mousePressEvent(QMouseEvent* event)

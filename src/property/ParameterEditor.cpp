@@ -1,0 +1,92 @@
+#include "property/ParameterEditor.h"
+
+#include "platform/Recordset.h"
+#include "property/Catalogue.h"
+#include "session/Helpers.h"
+#include "session/Session.h"
+#include "structure/Image.h"
+#include "structure/Structure.h"
+#include "values/Display.h"
+
+namespace property {
+
+using session::Compose_SqlText;
+
+QString ParameterEditor::statement() const
+{
+    const structure::KeyParts& ids = with_.element.ids;
+    return QStringLiteral(
+               "SELECT * FROM tbParametersUser WHERE ((IDGrp = %1) AND (IDInst = %2) AND (IDPar = %3));")
+        .arg(ids.IDGrp, ids.IDInst, Compose_SqlText(ids.IDPar));
+}
+
+std::optional<platform::RuntimeError> ParameterEditor::fill(platform::Recordset& row)
+{
+    Element& element = with_.element;
+    Controls& controls = with_.controls;
+    controls.lblIDPar.text = element.ids.IDPar;
+    if (!with_.catalogue.Search_Param(element.ids.IDPar, element.Unit, element.DP, element.Enable,
+                                      element.KeyType, element.IDCopy))
+        failWithoutRow(element);
+    found_ = true;
+    controls.cmdCopy.enabled =
+        session::rightOf(with_.session.CurrentUser.Modify) && !element.IDCopy.isEmpty();
+    with_.catalogue.Search_InstMem(controls.lblValMemory.text);
+    value_ = makeValueEditor(with_);
+    return value_ ? value_->fill(row.optionalText("Value")) : std::nullopt;
+}
+
+void ParameterEditor::arrange(bool editable)
+{
+    show({&Controls::chkDisabled, &Controls::lblDisabled, &Controls::fraProperties,
+          &Controls::lblValDescription, &Controls::lblMemory, &Controls::lblValMemory, &Controls::lblAddress,
+          &Controls::lblValAddress, &Controls::lblType, &Controls::lblValType, &Controls::lblBytes,
+          &Controls::lblValBytes});
+    with_.controls.checked = !with_.element.Enable;
+    with_.controls.chkDisabled.enabled = found_;
+    if (value_)
+        value_->arrange(editable && with_.element.Enable);
+}
+
+void ParameterEditor::enterList()
+{
+    if (value_)
+        value_->enterList();
+}
+
+bool ParameterEditor::update()
+{
+    if (!value_)
+        return false;
+    if (value_->keepsStored())
+        return true;
+    const std::optional<NewValue> value = value_->check();
+    if (!value)
+        return false;
+    static const QString kStatement = QStringLiteral(
+        R"(UPDATE tbParametersUser
+           SET [Value] = %1, State = 1
+           WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4));)");
+    const structure::KeyParts& ids = with_.element.ids;
+    write(kStatement.arg(value->stored ? Compose_SqlText(*value->stored) : QStringLiteral("NULL"), ids.IDGrp,
+                         ids.IDInst, Compose_SqlText(ids.IDPar)));
+    showChanged(value->stored);
+    return true;
+}
+
+void ParameterEditor::showChanged(const std::optional<QString>& value) const
+{
+    const structure::ListItem* shown = with_.structure.list().item(with_.element.key);
+    if (!shown)
+        return;
+    const auto chosen = [this](const QString&) {
+        return with_.controls.entries.at(std::size_t(with_.controls.listIndex)).text;
+    };
+    structure::ListItem item = *shown;
+    item.subtext = values::displayTyped(
+        value, {values::kindOf(with_.element.KeyType), with_.element.DP, with_.element.Unit}, chosen);
+    item.icon = int(structure::Image::ParameterChanged);
+    with_.structure.showItem(item);
+}
+
+} // namespace property

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "property/Editor.h"
+#include "property/ValueEditor.h"
+
+namespace property {
+
+// A parameter: what the catalogue says of it, and its value in the fields of its kind.
+class ParameterEditor : public Editor
+{
+public:
+    using Editor::Editor;
+    QString statement() const override;
+    std::optional<platform::RuntimeError> fill(platform::Recordset& rows) override;
+    void arrange(bool editable) override;
+    void enterList() override;
+    bool update() override;
+
+private:
+    void showChanged(const std::optional<QString>& value) const;
+
+    bool found_ = false;                 // in the catalogue
+    std::unique_ptr<ValueEditor> value_; // none for an unknown kind
+};
+
+} // namespace property

@@ -1,0 +1,179 @@
+#include "structure/PlantStates.h"
+
+#include "platform/Connection.h"
+#include "platform/Guard.h"
+#include "platform/Operator.h"
+#include "platform/Recordset.h"
+#include "session/Helpers.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "structure/ParamGroupNodes.h"
+#include "structure/Structure.h"
+#include "structure/UpdateProgress.h"
+
+#include <QStringBuilder>
+#include <optional>
+
+namespace structure {
+
+using platform::guarded;
+using platform::Recordset;
+using platform::Transaction;
+using session::Compose_SqlText;
+
+namespace {
+
+// Instruments that share a transaction. A slice takes some hundredths of a second; between two the windows
+// paint.
+constexpr int kSlice = 100;
+
+QString instrumentsBelow(int level, const KeyParts& ids)
+{
+    switch (level) {
+    case kRoot:
+        return QStringLiteral("SELECT * FROM tbInstrumentsUser;");
+    case kGroup:
+        return QStringLiteral("SELECT * FROM tbInstrumentsUser WHERE (IDGrp = %1);").arg(ids.IDGrp);
+    default:
+        return QStringLiteral("SELECT * FROM tbInstrumentsUser WHERE ((IDGrp = %1) AND (IDInst = %2));")
+            .arg(ids.IDGrp, ids.IDInst);
+    }
+}
+
+} // namespace
+
+PlantStates::PlantStates(session::Session& session, const session::Texts& texts, platform::Operator& op,
+                         Structure& structure)
+    : session_(session), texts_(texts), operator_(op), structure_(structure)
+{
+}
+
+// Synchronising
+// -----------------------------------------------------------------------------------------------------
+
+bool PlantStates::Synchronize_Item(const QString& key)
+{
+    added_ = 0;
+    return guarded("Module/Synchronize_Item", [&] {
+        added_ = synchronizeAll(key);
+        return true;
+    });
+}
+
+int PlantStates::synchronizeAll(const QString& key)
+{
+    const int level = Extract_Level(key);
+    const KeyParts ids = Extract_Key(key);
+    UpdateProgress progress(structure_, operator_);
+    Recordset instruments;
+    instruments.Open(instrumentsBelow(level, ids), session_.cnDatabase);
+    const int count = level <= kGroup ? instruments.RecordCount() : 1;
+    int added = 0;
+    std::optional<Transaction> slice;
+    for (int done = 1; !instruments.Eof(); instruments.MoveNext(), ++done) {
+        progress.to(done * 100 / count);
+        if (!slice)
+            slice.emplace(session_.cnDatabase);
+        added += synchronizeInstrument(instruments.text(QStringLiteral("IDGrp")),
+                                       instruments.text(QStringLiteral("IDInst")),
+                                       instruments.text(QStringLiteral("IDItem")));
+        if (done % kSlice == 0) {
+            slice->commit();
+            slice.reset();
+            operator_.repaint();
+        }
+    }
+    if (slice)
+        slice->commit();
+    addParamGroupNodes(session_, structure_, ids);
+    return added;
+}
+
+// A left join against the working table: what the catalogue has and the instrument lacks. Returns how many
+// rows were added.
+int PlantStates::synchronizeInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem)
+{
+    platform::Connection& company = session_.cnDatabase;
+    company.Execute(QStringLiteral("DELETE FROM tbParUser_tmp"));
+    company.Execute(QStringLiteral(R"(
+        INSERT INTO tbParUser_tmp (IDPar)
+        SELECT IDPar FROM tbParametersUser
+        WHERE ((IDGrp = %1) AND (IDInst = %2));)")
+                        .arg(IDGrp, IDInst));
+    return company.Execute(QStringLiteral(R"(
+        INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
+        SELECT %1 AS IDGrp, %2 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp,
+               '0' AS Val, 2 AS State
+        FROM tbInstrument INNER JOIN (tbParamGroup INNER JOIN
+             (tbParam LEFT JOIN tbParUser_tmp ON tbParam.mID = tbParUser_tmp.IDPar)
+             ON tbParamGroup.mID = tbParam.mKeyParGroup)
+             ON tbInstrument.mID = tbParamGroup.mKeyInst
+        WHERE ((tbInstrument.mTag = %3) AND (tbParUser_tmp.IDPar IS NULL));)")
+                               .arg(IDGrp, IDInst, Compose_SqlText(IDItem)));
+}
+
+void PlantStates::Resync_Item()
+{
+    guarded("Module/Resync_Item", [&] { resync(structure_.selectedItem()); });
+}
+
+void PlantStates::Resync_Node()
+{
+    guarded("frmTreeBus/Resync_Node", [&] { resync(structure_.selectedNode()); });
+}
+
+void PlantStates::resync(const QString& key)
+{
+    if (key.isEmpty() || !mayModify() || !confirmed(511) || !Synchronize_Item(key))
+        return;
+    structure_.reloadList();
+    tellDone(texts_.own(QStringLiteral("resync.added")).arg(added_));
+}
+
+// Resetting
+// ---------------------------------------------------------------------------------------------------------
+
+void PlantStates::Reset_Item()
+{
+    guarded("Module/Reset_Item", [&] { reset(structure_.selectedItem()); });
+}
+
+void PlantStates::Reset_Node()
+{
+    guarded("frmTreeBus/Reset_Node", [&] { reset(structure_.selectedNode()); });
+}
+
+void PlantStates::reset(const QString& key)
+{
+    if (key.isEmpty() || !mayModify() || !confirmed(512))
+        return;
+    const bool done = Restore_Item(session_, operator_, key);
+    structure_.reloadList();
+    if (done)
+        tellDone();
+}
+
+// Questions and answers
+// ------------------------------------------------------------------------------------------------
+
+bool PlantStates::mayModify() const
+{
+    return session::rightOf(session_.CurrentUser.Modify);
+}
+
+// Yes to the question, and the company that it was asked about is still open.
+bool PlantStates::confirmed(int question)
+{
+    const QString company = session_.dbFile();
+    return operator_.messageBox(texts_(question), platform::Buttons::YesNo, platform::Icon::Question,
+                                session_.AppTitle) == platform::answers::kYes &&
+           session_.dbFile() == company;
+}
+
+void PlantStates::tellDone(const QString& more)
+{
+    operator_.messageBox(more.isEmpty() ? texts_(509) : texts_(509) % u"\r\n" % more, platform::Buttons::Ok,
+                         platform::Icon::Information, session_.AppTitle);
+}
+
+} // namespace structure

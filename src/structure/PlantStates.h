@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+
+namespace platform {
+class Operator;
+}
+namespace session {
+struct Session;
+class Texts;
+} // namespace session
+
+namespace structure {
+
+class Structure;
+
+// Synchronising adds the parameters that a grown catalogue has and the instruments lack; resetting declares
+// that what the company holds is right, by clearing the marks. Both work on everything below an element.
+class PlantStates
+{
+public:
+    PlantStates(session::Session& session, const session::Texts& texts, platform::Operator& op,
+                Structure& structure);
+
+    // New rows hold the text "0" and the mark of an addition; rows that are there stay as they are.
+    // Instruments are done whole, several to a transaction, so that what breaks off leaves none half done.
+    bool Synchronize_Item(const QString& key);
+
+    // The list's selected item.
+    void Resync_Item();
+    void Reset_Item();
+    // The tree's selected node.
+    void Resync_Node();
+    void Reset_Node();
+
+private:
+    void resync(const QString& key);
+    void reset(const QString& key);
+    int synchronizeAll(const QString& key);
+    int synchronizeInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
+    bool mayModify() const;
+    bool confirmed(int question);
+    void tellDone(const QString& more = {});
+
+    session::Session& session_;
+    const session::Texts& texts_;
+    platform::Operator& operator_;
+    Structure& structure_;
+    int added_ = 0; // parameters of the last synchronisation
+};
+
+} // namespace structure
