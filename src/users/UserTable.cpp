@@ -22,7 +22,7 @@ bool find(session::Session& session, const QString& IDUser)
 {
     Recordset& rsUsers = session.rsUsers;
     rsUsers.MoveFirst();
-    rsUsers.Find(u"[IDUser] = " % session::Compose_SqlText(IDUser));
+    rsUsers.Find(QStringLiteral("IDUser"), IDUser);
     return !rsUsers.Eof();
 }
 
