@@ -9,7 +9,7 @@ build_packages=(cmake ninja-build g++ ccache qt6-base-dev qt6-serialport-dev qt6
 run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 qt6-translations-l10n libsqlite3-0
   fonts-dejavu-core fonts-liberation2 sqlite3)
 screen_packages=(xvfb openbox xdotool imagemagick)
-test_packages=(socat faketime iaxmodem)
+test_packages=(socat faketime iaxmodem poppler-utils cups cups-client)
 check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
 
 say() { printf '==> %s\n' "$*"; }

@@ -4,6 +4,7 @@
 #include "events/Narrowing.h"
 #include "platform/CodePage.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace events {

@@ -15,6 +15,7 @@ struct Item
 {
     quint64 key; // of the eight bytes that are looked at
     quint32 row;
+    QByteArrayView text;
 };
 using Items = std::vector<Item>::iterator;
 
@@ -64,31 +65,37 @@ private:
     std::vector<Item> spare_;
 };
 
-// Sorts by eight bytes at a time: first all rows by the start of their texts, then each run of equal ones by
-// what follows. Few rows need more than the first or second look into their texts, which lie far apart in
-// memory.
-template <class Key>
-class Sorter
+// What each event sorts by. It is fetched in the order of the store, which lies in memory in that order; the
+// list's own order may lead anywhere.
+template <class Value, class ValueOf>
+std::vector<Value> inStoreOrder(const EventStore& store, ValueOf valueOf)
+{
+    std::vector<Value> values;
+    values.reserve(store.size());
+    for (quint32 row = 0; row < store.size(); ++row)
+        values.push_back(valueOf(row));
+    return values;
+}
+
+void takeRows(std::vector<quint32>& rows, const std::vector<Item>& items)
+{
+    std::transform(items.begin(), items.end(), rows.begin(), [](const Item& item) { return item.row; });
+}
+
+// Sorts by eight bytes of the texts at a time: first all rows by the start of their texts, then each run of
+// equal ones by what follows.
+class TextSorter
 {
 public:
-    Sorter(Key key, bool ascending, std::size_t count)
-        : key_(std::move(key)), flip_(ascending ? 0 : ~quint64(0)), keys_(count)
+    TextSorter(const CaseFold& fold, bool ascending, std::size_t count)
+        : fold_(fold), flip_(ascending ? 0 : ~quint64(0)), keys_(count)
     {
     }
 
-    void sort(std::vector<quint32>& rows)
-    {
-        std::vector<Item> items(rows.size());
-        std::transform(rows.begin(), rows.end(), items.begin(), [](quint32 row) { return Item{0, row}; });
-        sort(items.begin(), items.end(), 0);
-        std::transform(items.begin(), items.end(), rows.begin(), [](const Item& item) { return item.row; });
-    }
-
-private:
-    void sort(Items begin, Items end, int depth)
+    void sort(Items begin, Items end, int depth = 0)
     {
         for (Items item = begin; item != end; ++item)
-            item->key = key_(item->row, depth) ^ flip_;
+            item->key = fold_.key(item->text, depth * kKeyBytes) ^ flip_;
         keys_.sort(begin, end);
         while (begin != end) {
             const quint64 key = begin->key;
@@ -100,25 +107,36 @@ private:
         }
     }
 
-    Key key_;
+private:
+    const CaseFold& fold_;
     quint64 flip_;
     KeySorter keys_;
 };
 
-// Keys of texts go on eight bytes deeper each time.
 template <class TextOf>
-void sortByText(std::vector<quint32>& rows, const CaseFold& fold, bool ascending, TextOf textOf)
+void sortByText(std::vector<quint32>& rows, const EventStore& store, const CaseFold& fold, bool ascending,
+                TextOf textOf)
 {
-    const auto key = [&](quint32 row, int depth) { return fold.key(textOf(row), depth * 8); };
-    Sorter(key, ascending, rows.size()).sort(rows);
+    const auto texts = inStoreOrder<QByteArrayView>(store, textOf);
+    std::vector<Item> items(rows.size());
+    std::transform(rows.begin(), rows.end(), items.begin(), [&](quint32 row) {
+        return Item{0, row, texts[row]};
+    });
+    TextSorter(fold, ascending, rows.size()).sort(items.begin(), items.end());
+    takeRows(rows, items);
 }
 
-// Keys that tell all at the first look: their last byte is kept free.
 template <class NumberOf>
-void sortByNumber(std::vector<quint32>& rows, bool ascending, NumberOf numberOf)
+void sortByNumber(std::vector<quint32>& rows, const EventStore& store, bool ascending, NumberOf numberOf)
 {
-    const auto key = [&](quint32 row, int) { return quint64(numberOf(row)) << 8; };
-    Sorter(key, ascending, rows.size()).sort(rows);
+    const quint64 flip = ascending ? 0 : ~quint64(0);
+    const auto numbers = inStoreOrder<quint64>(store, numberOf);
+    std::vector<Item> items(rows.size());
+    std::transform(rows.begin(), rows.end(), items.begin(), [&](quint32 row) {
+        return Item{numbers[row] ^ flip, row, {}};
+    });
+    KeySorter(rows.size()).sort(items.begin(), items.end());
+    takeRows(rows, items);
 }
 
 // The rank of each word among them all.
@@ -136,16 +154,15 @@ std::array<int, count> ranksOf(const std::array<QString, count>& words)
 void sortByDate(std::vector<quint32>& rows, const EventStore& store, const CaseFold& fold, bool ascending)
 {
     if (store.allDated()) {
-        sortByNumber(rows, ascending, [&](quint32 row) { return store.when(row); });
+        sortByNumber(rows, store, ascending, [&](quint32 row) { return store.when(row); });
         return;
     }
-    std::array<char, 19> text;
-    sortByText(rows, fold, ascending, [&](quint32 row) -> QByteArrayView {
-        const StoredEvent event = store.at(row);
-        if (event.when == kNoStamp)
-            return event.dateText;
-        text = sortableText(event.when);
-        return {text.data(), qsizetype(text.size())};
+    const auto dates =
+        inStoreOrder<std::array<char, 19>>(store, [&](quint32 row) { return sortableText(store.when(row)); });
+    sortByText(rows, store, fold, ascending, [&](quint32 row) -> QByteArrayView {
+        if (store.when(row) == kNoStamp)
+            return store.at(row).dateText;
+        return {dates[row].data(), qsizetype(dates[row].size())};
     });
 }
 
@@ -156,21 +173,23 @@ void sortEvents(std::vector<quint32>& rows, const EventStore& store, const Event
 {
     switch (column) {
     case EventColumn::Type:
-        return sortByNumber(rows, ascending, [&, ranks = ranksOf(words.types)](quint32 row) {
+        return sortByNumber(rows, store, ascending, [&, ranks = ranksOf(words.types)](quint32 row) {
             return ranks[store.type(row)];
         });
     case EventColumn::Date:
         return sortByDate(rows, store, fold, ascending);
     case EventColumn::Source:
-        return sortByNumber(rows, ascending, [&, ranks = ranksOf(words.sources)](quint32 row) {
+        return sortByNumber(rows, store, ascending, [&, ranks = ranksOf(words.sources)](quint32 row) {
             return ranks[store.source(row)];
         });
     case EventColumn::Equipment:
-        return sortByText(rows, fold, ascending, [&](quint32 row) { return store.at(row).equipment; });
+        return sortByText(rows, store, fold, ascending, [&](quint32 row) { return store.at(row).equipment; });
     case EventColumn::Instrument:
-        return sortByText(rows, fold, ascending, [&](quint32 row) { return store.at(row).instrument; });
+        return sortByText(rows, store, fold, ascending,
+                          [&](quint32 row) { return store.at(row).instrument; });
     case EventColumn::Description:
-        return sortByText(rows, fold, ascending, [&](quint32 row) { return store.at(row).description; });
+        return sortByText(rows, store, fold, ascending,
+                          [&](quint32 row) { return store.at(row).description; });
     }
 }
 

@@ -7,16 +7,24 @@ namespace events {
 
 namespace {
 
+constexpr char kBlanks[] = "                                ";
+
+// The end of a text without the blanks behind it, as far as they come in whole
+// lots.
+template <qsizetype lot>
+const char* withoutLots(const char* begin, const char* end)
+{
+    static_assert(lot < qsizetype(sizeof kBlanks));
+    while (end - begin >= lot && std::memcmp(end - lot, kBlanks, lot) == 0)
+        end -= lot;
+    return end;
+}
+
 // Most of a line is blanks that fill up a field: they go many at a time.
 QByteArrayView trimmed(QByteArrayView text)
 {
-    static constexpr char kBlanks[] = "                                ";
-    constexpr qsizetype kCount = sizeof kBlanks - 1;
     const char *begin = text.begin(), *end = text.end();
-    while (end - begin >= kCount && std::memcmp(end - kCount, kBlanks, kCount) == 0)
-        end -= kCount;
-    while (end != begin && end[-1] == ' ')
-        --end;
+    end = withoutLots<1>(begin, withoutLots<8>(begin, withoutLots<32>(begin, end)));
     while (begin != end && *begin == ' ')
         ++begin;
     return {begin, end};

@@ -11,7 +11,7 @@ namespace events {
 
 namespace {
 
-constexpr qsizetype kReadBytes = 1 << 20;
+constexpr qsizetype kReadBytes = 1 << 18; // stays in the processor's cache until it is parsed
 // A slice ends with the file that brings it over this.
 constexpr qsizetype kSliceBytes = 4 << 20;
 // Four bytes a character at most, in a file that is UTF-8.

@@ -4,32 +4,19 @@ namespace events {
 
 namespace {
 
-constexpr char kForm[] = "00/00/0000 00:00:00";
-constexpr qsizetype kLength = sizeof kForm - 1;
+constexpr qsizetype kLength = 19;
 constexpr Stamp kDay = 1'000'000;
+constexpr int kNoNumber = -10'000; // so low that no digits beside it lift it above 0
 
-bool isDigit(char c)
+int twoDigits(const char* text)
 {
-    return c >= '0' && c <= '9';
+    const unsigned tens = uchar(text[0]) - '0', ones = uchar(text[1]) - '0';
+    return tens > 9 || ones > 9 ? kNoNumber : int(tens * 10 + ones);
 }
 
-bool hasForm(QByteArrayView text)
+bool isParted(const char* text)
 {
-    if (text.size() != kLength)
-        return false;
-    for (qsizetype i = 0; i < kLength; ++i) {
-        if (isDigit(kForm[i]) ? !isDigit(text[i]) : text[i] != kForm[i])
-            return false;
-    }
-    return true;
-}
-
-int number(QByteArrayView text, qsizetype at, int digits)
-{
-    int number = 0;
-    for (qsizetype i = at; i < at + digits; ++i)
-        number = number * 10 + (text[i] - '0');
-    return number;
+    return text[2] == '/' && text[5] == '/' && text[10] == ' ' && text[13] == ':' && text[16] == ':';
 }
 
 Stamp packed(int year, int month, int day, int hour, int minute, int second)
@@ -41,11 +28,13 @@ Stamp packed(int year, int month, int day, int hour, int minute, int second)
 
 Stamp stampOf(QByteArrayView text)
 {
-    if (!hasForm(text))
+    const char* at = text.data();
+    if (text.size() != kLength || !isParted(at))
         return kNoStamp;
-    const int day = number(text, 0, 2), month = number(text, 3, 2), year = number(text, 6, 4);
-    const int hour = number(text, 11, 2), minute = number(text, 14, 2), second = number(text, 17, 2);
-    if (!QDate::isValid(year, month, day) || !QTime::isValid(hour, minute, second))
+    const int day = twoDigits(at), month = twoDigits(at + 3);
+    const int year = twoDigits(at + 6) * 100 + twoDigits(at + 8);
+    const int hour = twoDigits(at + 11), minute = twoDigits(at + 14), second = twoDigits(at + 17);
+    if (year < 0 || !QDate::isValid(year, month, day) || !QTime::isValid(hour, minute, second))
         return kNoStamp;
     return packed(year, month, day, hour, minute, second);
 }

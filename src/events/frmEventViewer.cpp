@@ -32,6 +32,8 @@ constexpr QSize kLargeIcons(32, 32);
 constexpr QSize kSmallIcons(16, 16);
 constexpr int kPauseMilliseconds = 150;
 constexpr int kMostCharacters = 255;
+constexpr int kProgressStep =
+    4; // the bar paints itself at once, which would cost a fast load more than its reading
 
 } // namespace
 
@@ -284,7 +286,7 @@ void frmEventViewer::showState()
         entry->setEnabled(!viewer_.isLoading());
     const std::optional<int> progress = viewer_.progress();
     prgLoad_->setVisible(progress.has_value());
-    prgLoad_->setValue(progress.value_or(0));
+    prgLoad_->setValue(progress.value_or(0) / kProgressStep * kProgressStep);
     (viewer_.isFiltered() ? mnuFilterEvents_ : mnuAllEvents_)->setChecked(true);
     info_->setText(viewer_.info());
     narrowed_->setText(viewer_.narrowed());

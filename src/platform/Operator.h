@@ -78,6 +78,9 @@ public:
     virtual void unloadAllForms() = 0;
     // Whether the window takes input at all.
     virtual void enableForm(const QString& name, bool enabled) = 0;
+    // Asked by a long job from time to time: whether the operator has pressed Escape. Other keys and clicks
+    // that came meanwhile are dropped; nothing else of the program runs.
+    virtual bool escapePressed() { return false; }
     // Paints what is due before a long job holds the thread.
     virtual void repaint() = 0;
 

@@ -47,6 +47,7 @@ public:
     void unloadAllForms() override { forms << "unload all"; }
     void enableForm(const QString& name, bool enabled) override;
     void repaint() override {}
+    bool escapePressed() override { return escapeAfter >= 0 && escapeAfter-- == 0; }
 
     std::vector<Box> boxes; // every box that appeared
     std::vector<FileRequest> fileRequests;
@@ -56,6 +57,7 @@ public:
     QStringList addresses;                               // what the desktop was asked to open
     Pointer pointer = Pointer::Default;
     int beeps = 0;
+    int escapeAfter = -1; // presses Escape when a job has asked so many times; -1 never
     // Plays the operator inside a modal window.
     std::function<void(const QString& form)> onModal;
     std::function<void()> onBeep;

@@ -19,8 +19,37 @@ Statement::Statement(const Connection& connection, const QString& sql)
 
 Statement::~Statement()
 {
-    if (prepared_ && sqlite3_reset(prepared_.get()) == SQLITE_OK)
-        connection_.keep(sql_, std::move(prepared_));
+    if (!prepared_ || sqlite3_reset(prepared_.get()) != SQLITE_OK)
+        return;
+    sqlite3_clear_bindings(prepared_.get());
+    connection_.keep(sql_, std::move(prepared_));
+}
+
+void Statement::bind(int place, qint64 value)
+{
+    require(sqlite3_bind_int64(prepared_.get(), place, value));
+}
+
+void Statement::bind(int place, const std::optional<QString>& text)
+{
+    if (!text) {
+        require(sqlite3_bind_null(prepared_.get(), place));
+        return;
+    }
+    const QByteArray utf8 = text->toUtf8();
+    require(sqlite3_bind_text64(prepared_.get(), place, utf8.constData(), sqlite3_uint64(utf8.size()),
+                                SQLITE_TRANSIENT, SQLITE_UTF8));
+}
+
+void Statement::reset()
+{
+    sqlite3_reset(prepared_.get()); // a run that failed has told so at its step
+}
+
+void Statement::require(int outcome) const
+{
+    if (outcome != SQLITE_OK)
+        connection_.failAs(outcome);
 }
 
 bool Statement::step()

@@ -3,6 +3,7 @@
 #include <QByteArrayView>
 #include <QString>
 #include <memory>
+#include <optional>
 
 struct sqlite3_stmt;
 
@@ -34,6 +35,12 @@ public:
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
 
+    // Gives a "?" of the statement its value, by its place from 1; NULL is none. reset() keeps them.
+    void bind(int place, qint64 value);
+    void bind(int place, const std::optional<QString>& text);
+    // Back before the first row, for another run.
+    void reset();
+
     // On to the next row; false when there is none.
     bool step();
 
@@ -49,6 +56,8 @@ public:
     QByteArrayView text(int column) const;
 
 private:
+    void require(int outcome) const;
+
     const Connection& connection_;
     QString sql_;
     PreparedStatement prepared_;

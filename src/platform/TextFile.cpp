@@ -56,15 +56,15 @@ TextWriter::TextWriter(const QString& path, int codePage, const char* lineEnd)
     if (!file_.open(QIODevice::WriteOnly))
         failWithFile(QFileInfo(path).dir().exists() ? errors::kPermissionDenied : errors::kPathNotFound);
     if (codePage_ == kUtf8WithMark)
-        write(kUtf8Mark);
+        WriteBytes(kUtf8Mark);
 }
 
 void TextWriter::WriteLine(const QString& line)
 {
-    write((codePage_ == kUtf8WithMark ? line.toUtf8() : encode(line, codePage_)) + lineEnd_);
+    WriteBytes((codePage_ == kUtf8WithMark ? line.toUtf8() : encode(line, codePage_)) + lineEnd_);
 }
 
-void TextWriter::write(const QByteArray& bytes)
+void TextWriter::WriteBytes(const QByteArray& bytes)
 {
     if (file_.write(bytes) != bytes.size())
         failWithFile(errors::kDiskFull);

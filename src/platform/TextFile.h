@@ -49,11 +49,12 @@ public:
 
     // A full disk fails at the line that finds it, or at the commit.
     void WriteLine(const QString& line);
+    // The same for what is encoded already, with its line ends.
+    void WriteBytes(const QByteArray& bytes);
     // Puts the file in the place of the former one. Without it nothing is left behind.
     void commit();
 
 private:
-    void write(const QByteArray& bytes);
     [[noreturn]] void failWithFile(int number) const;
 
     QSaveFile file_;

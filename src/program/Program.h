@@ -14,6 +14,9 @@
 #include "events/EventLog.h"
 #include "events/EventViewer.h"
 #include "events/Purge.h"
+#include "exchange/Export.h"
+#include "exchange/Import.h"
+#include "exchange/PlantPrint.h"
 #include "platform/Forward.h"
 #include "platform/Machine.h"
 #include "platform/SingleInstance.h"
@@ -111,6 +114,9 @@ private:
     property::PropertyModel property_;
     property::PropertyCopy propertyCopy_;
     session::Printing printing_;
+    exchange::Export export_;
+    exchange::Import import_;
+    exchange::PlantPrint print_;
     session::CommandHandlers handlers_;
     session::CommandStates commands_;
     session::Main main_;

@@ -61,6 +61,9 @@ void Program::registerCommands()
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
+    handlers_.set("Export", [this] { export_.Export_Item(); });
+    handlers_.set("Import", [this] { import_.Import_Item(); });
+    handlers_.set("Print", [this] { print_.Print_Item(); });
     handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))

@@ -18,7 +18,7 @@ for seeds in "$source"/tests/fuzz/corpus/*/; do
   found=$build/corpus/$target
   mkdir -p "$found"
   echo "--- $target, $seconds s ---"
-  "$build/tests/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=1024 -timeout=20 -print_final_stats=1 \
+  "$build/tests/fuzz/fuzz_$target" -max_total_time="$seconds" -max_len=2048 -timeout=20 -print_final_stats=1 \
     -artifact_prefix="$build/crash-$target-" "$found" "$seeds" 2>"$build/$target.log" || {
     tail -n 40 "$build/$target.log"
     exit 1

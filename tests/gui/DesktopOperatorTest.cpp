@@ -5,7 +5,6 @@
 #include <QComboBox>
 #include <QDesktopServices>
 #include <QDialog>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -228,33 +227,6 @@ TEST_F(SaveDialog, TheEndingFollowsTheFilter)
     EXPECT_EQ(down.filterIndex, 2);
     EXPECT_EQ(save(2, "plant", [](QWidget* dialog) { chooseKind(dialog, Qt::Key_Up); }).filterIndex, 1);
     EXPECT_EQ(save(1, "plant.dat").name, folder.filePath("plant.dat")) << "a typed ending stays";
-}
-
-TEST_F(SaveDialog, AFileThatExistsIsReplacedOnlyAfterAQuestion)
-{
-    ASSERT_TRUE(QFile(folder.filePath("plant.txt")).open(QIODevice::WriteOnly));
-    QStringList asked;
-    QMessageBox::StandardButton answer = QMessageBox::No;
-    QTimer answering;
-    QObject::connect(&answering, &QTimer::timeout, [&] {
-        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            asked << box->text();
-            box->button(answer)->click();
-        }
-    });
-    answering.start(5);
-    const ChosenFile kept = save(1, "other", [&](QWidget* dialog) {
-        auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
-        name->setText("plant");
-        QTest::keyClick(name, Qt::Key_Return);
-        EXPECT_TRUE(dialog->isVisible()) << "the dialog stays";
-    });
-    EXPECT_EQ(kept.name, folder.filePath("other.txt"));
-    answer = QMessageBox::Yes;
-    EXPECT_EQ(save(1, "plant").name, folder.filePath("plant.txt"));
-    ASSERT_EQ(asked.size(), 2);
-    EXPECT_TRUE(asked[0].contains("plant.txt"));
-    EXPECT_TRUE(asked[1].contains("plant.txt"));
 }
 
 // The desktop's own way of opening an address, caught before it leaves the program.

@@ -1,6 +1,7 @@
 #include "platform/widgets/DesktopOperator.h"
 
 #include "platform/RuntimeError.h"
+#include "platform/widgets/EscapeKey.h"
 #include "platform/widgets/Icons.h"
 
 #include <QApplication>
@@ -256,6 +257,11 @@ void DesktopOperator::enableForm(const QString& name, bool enabled)
 {
     if (QWidget* window = form(name))
         window->setEnabled(enabled);
+}
+
+bool DesktopOperator::escapePressed()
+{
+    return takeEscape();
 }
 
 void DesktopOperator::repaint()

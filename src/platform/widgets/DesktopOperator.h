@@ -45,6 +45,7 @@ public:
     void unloadForm(const QString& name) override;
     void unloadAllForms() override;
     void enableForm(const QString& name, bool enabled) override;
+    bool escapePressed() override;
     void repaint() override;
 
 protected:

@@ -1,0 +1,76 @@
+#include "exchange/Fields.h"
+
+#include "platform/CodePage.h"
+
+#include <algorithm>
+
+namespace exchange {
+
+namespace {
+
+constexpr char16_t kDelete = 0x7F;
+
+bool isControl(QChar character)
+{
+    return character < u' ' || character == QChar(kDelete);
+}
+
+QString withoutControls(const QString& text)
+{
+    QString line = text;
+    std::replace_if(line.begin(), line.end(), isControl, QChar(u' '));
+    return line;
+}
+
+// A control character of the upper half is one only where the page has no place for it: a byte that the page
+// leaves undefined goes back as it came.
+void blankUpperControls(const QString& line, QByteArray& bytes, int codePage)
+{
+    const auto upper = [](QChar character) { return character.category() == QChar::Other_Control; };
+    if (std::none_of(line.begin(), line.end(), upper))
+        return;
+    bytes.clear();
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        const bool pair = line[i].isHighSurrogate() && i + 1 < line.size() && line[i + 1].isLowSurrogate();
+        const QByteArray one = platform::encode(line.mid(i, pair ? 2 : 1), codePage);
+        bytes += upper(line[i]) && one == "?" ? QByteArray(" ") : one;
+        i += pair;
+    }
+}
+
+} // namespace
+
+QByteArray pageField(const QString& text, int codePage)
+{
+    const QString line = withoutControls(text);
+    QByteArray bytes = platform::encode(line, codePage);
+    blankUpperControls(line, bytes, codePage);
+    return bytes;
+}
+
+QByteArray fixedField(const QString& text, int width, int codePage)
+{
+    return pageField(text, codePage).leftJustified(width, ' ', true);
+}
+
+QByteArray trimmedField(const QString& text, int codePage)
+{
+    QByteArray field = pageField(text, codePage);
+    while (field.endsWith(' '))
+        field.chop(1);
+    return field;
+}
+
+QByteArray quotedField(const QString& text)
+{
+    const QString line = withoutControls(text);
+    QByteArray field = line.toUtf8();
+    const bool quoted =
+        field.contains(',') || field.contains('"') || field.startsWith(' ') || field.endsWith(' ');
+    if (!quoted)
+        return field;
+    field.replace("\"", "\"\"");
+    return '"' + field + '"';
+}
+
+} // namespace exchange
