@@ -11,8 +11,8 @@ source scripts/common.sh
 need "${build_packages[@]}" "${run_packages[@]}"
 cmake -S . -B "$build_folder" -G Ninja -DCALIDORA_BENCHMARKS=ON >/dev/null
 build calidora calidora-catalogue calidora-instrument calidora-generate-company calidora-side-by-side \
-  calidora-find-side-by-side calidora-copy-side-by-side calidora-events-side-by-side calidora-benchmarks
-  calidora-find-side-by-side calidora-exchange-side-by-side calidora-events-side-by-side calidora-benchmarks
+  calidora-find-side-by-side calidora-copy-side-by-side calidora-exchange-side-by-side \
+  calidora-events-side-by-side calidora-benchmarks
 
 company=$build_folder/benchmarks/Large.mdb
 if [ ! -f "$company" ]; then
