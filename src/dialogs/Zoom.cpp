@@ -105,9 +105,9 @@ int Zoom::search(int selectedRow)
         return found;
     const bool rowsSkipped = first > 0;
     if (rowsSkipped) {
-        session_.Answer = operator_.messageBox(kEndOfList, platform::Buttons::YesNo, platform::Icon::Question,
-                                               session_.AppTitle);
-        if (session_.Answer != platform::answers::kYes)
+        const int answer = operator_.messageBox(kEndOfList, platform::Buttons::YesNo,
+                                                platform::Icon::Question, session_.AppTitle);
+        if (answer != platform::answers::kYes)
             return kNoRow;
         if (const int found = list_.find(sought_, 0, first); found != kNoRow)
             return found;

@@ -69,7 +69,6 @@ void Program::registerCommands()
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");
     });
-    handlers_.set("Allarms", [this] { bus_.Delete_Allarms(); });
 }
 
 // A window that stays beside the main one while the operator works in either.

@@ -13,7 +13,7 @@
 
 namespace property {
 
-class Catalogue;
+class CatalogueSearch;
 
 // What the editors of all kinds work with. It outlives them.
 struct EditorTools
@@ -21,7 +21,7 @@ struct EditorTools
     session::Session& session;
     const session::Texts& texts;
     structure::Structure& structure;
-    Catalogue& catalogue;
+    CatalogueSearch& catalogue;
     Element& element;
     Controls& controls;
     // Tells why an input is refused, with the focus on the field named.

@@ -1,6 +1,6 @@
 #include "property/EnumEditor.h"
 
-#include "property/Catalogue.h"
+#include "property/CatalogueSearch.h"
 #include "property/Checks.h"
 #include "session/Int16.h"
 #include "session/Texts.h"

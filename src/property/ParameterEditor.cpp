@@ -1,7 +1,7 @@
 #include "property/ParameterEditor.h"
 
 #include "platform/Recordset.h"
-#include "property/Catalogue.h"
+#include "property/CatalogueSearch.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "structure/Image.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "property/Catalogue.h"
+#include "property/CatalogueSearch.h"
 #include "property/Controls.h"
 #include "property/Editor.h"
 #include "property/Element.h"
@@ -47,7 +47,7 @@ public:
     double HighLimit() const { return element_.HighLimit; }
     bool Dirty() const { return Dirty_; }
     const QString& SavedText() const { return SavedText_; }
-    Catalogue& catalogue() { return catalogue_; }
+    CatalogueSearch& catalogue() { return catalogue_; }
 
     // The operator's gestures, by the field's name
     // ----------------------------------------------------------------------------
@@ -95,7 +95,7 @@ private:
 
     Controls controls_;
     Element element_;
-    Catalogue catalogue_;
+    CatalogueSearch catalogue_;
     EditorTools tools_;
     std::unique_ptr<Editor> editor_;
     bool Dirty_ = false;

@@ -288,9 +288,8 @@ void Structure::Set_ColName_ListBus(int level)
             list_.setColumnCaptions({name, texts_(107), QString()});
             break;
         default:
-            return;
+            break;
         }
-        emit columnsChanged();
     });
 }
 

@@ -93,9 +93,8 @@ signals:
     void nodeMenusWanted();                  // EnableDisable_Menu of frmTreeBus
     void itemMenusWanted();                  // EnableDisable_Menu of frmListBus
     void propertyWanted(const QString& key); // a parameter was opened
-    void columnsChanged();
-    void updateShown(bool visible);   // prgUpdate
-    void updateProgress(int percent); // prgUpdate
+    void updateShown(bool visible);          // prgUpdate
+    void updateProgress(int percent);        // prgUpdate
     void listFocusWanted();
 
 private:

@@ -93,9 +93,8 @@ bool TreeModel::setCaption(const QString& key, const QString& caption)
 
 void TreeModel::sortChildren(const QString& key)
 {
-    sortChildren(key, [](const Node& one, const Node& other) {
-        return compareNames(one.caption, other.caption) < 0;
-    });
+    sortChildren(
+        key, [](const Node& one, const Node& other) { return compareNames(one.caption, other.caption) < 0; });
 }
 
 void TreeModel::orderChildren(const QString& key)

@@ -58,6 +58,55 @@ TEST_F(PendingWritesTest, ShowsAValueBeyondItsMeaningAsItStands)
     EXPECT_EQ(rows(), QStringList{"4_1_1_G02_P0201|EN MOD|rubbish|GRP1\\INST11\\States|6"});
 }
 
+// What the names leave open stands in the order of the ids, so that twins don't mix.
+TEST_F(PendingWritesTest, TwinsStandOneBehindTheOther)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 0;"
+               "UPDATE tbGroupsUser SET Name = 'TWIN' WHERE IDGrp IN (1, 2);"
+               "UPDATE tbInstrumentsUser SET Name = 'SAME';"
+               "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0204', 'P0101', 'P0301', 'P1101');"
+               "INSERT INTO tbParametersUser VALUES (1, 2, 'P0204', 'G02', 'X', 1);");
+    QStringList keys;
+    for (const QString& row : rows())
+        keys << row.section('|', 0, 0);
+    EXPECT_EQ(keys, (QStringList{"4_1_1_G01_P0101", "4_1_1_G02_P0204", "4_1_1_G03_P0301", "4_1_2_G02_P0204",
+                                 "4_1_2_G11_P1101", "4_2_1_G11_P1101"}));
+}
+
+TEST_F(PendingWritesTest, NamesStandInTheOrderOfTheTree)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 0;"
+               "UPDATE tbParametersUser SET State = 1 WHERE IDPar = 'P1101' OR IDPar = 'P0101';"
+               "UPDATE tbGroupsUser SET Name = 'б' WHERE IDGrp = 1; UPDATE tbGroupsUser SET Name = 'В' WHERE "
+               "IDGrp = 2; UPDATE tbInstrumentsUser SET Name = 'z' WHERE IDGrp = 1 AND IDInst = 1;"
+               "UPDATE tbInstrumentsUser SET Name = 'A' WHERE IDGrp = 1 AND IDInst = 2;");
+    QStringList keys;
+    for (const QString& row : rows())
+        keys << row.section('|', 0, 0);
+    EXPECT_EQ(keys, (QStringList{"4_2_1_G11_P1101", "4_1_2_G11_P1101", "4_1_1_G01_P0101"}));
+}
+
+// The ids of a parameter group sort before those of its parameters.
+TEST_F(PendingWritesTest, AParameterGroupStaysTogether)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 0;"
+               "UPDATE tbParametersUser SET State = 1, IDParGrp = 'G03' WHERE IDPar = 'P0101';"
+               "UPDATE tbParametersUser SET State = 1 WHERE IDPar = 'P0204';");
+    QStringList keys;
+    for (const QString& row : rows())
+        keys << row.section('|', 0, 0);
+    EXPECT_EQ(keys, (QStringList{"4_1_1_G02_P0204", "4_1_1_G03_P0101"}));
+}
+
+TEST_F(PendingWritesTest, WhatTheTreeDoesNotShowIsLeftOut)
+{
+    runOnPlant("UPDATE tbParametersUser SET State = 0;"
+               "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0101', 'P0204', 'P0301');"
+               "DELETE FROM tbParamLanguage WHERE mID = 'P0101';"
+               "DELETE FROM tbParamGroupLanguage WHERE mID = 'G02';");
+    EXPECT_EQ(rows(), QStringList{"4_1_1_G03_P0301|EN DEF|02|GRP1\\INST11\\Times|6"});
+}
+
 TEST_F(PendingWritesTest, TellsWhatIsWrongWithTheFile)
 {
     const structure::StopFlag stop = false;

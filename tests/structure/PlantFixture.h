@@ -56,7 +56,7 @@ protected:
     }
 
     NoLookup noLookup;
-    structure::PlantEditor editor{{session, texts, op, structure, noLookup}};
+    structure::PlantEditor editor{{session, texts, op, structure, noLookup, [](const QString&) {}}};
 
 private:
     void collect(const QModelIndex& node, QStringList& keys)

@@ -123,6 +123,59 @@ TEST_F(PlantSearchTest, ListsSoManyOfAKindAndCountsTheRest)
     EXPECT_EQ(findings.more, 250 - structure::kMostOfAKind);
 }
 
+TEST_F(PlantSearchTest, InstrumentsAndParametersAreListedUpToTheSameNumber)
+{
+    QString sql = "BEGIN;";
+    for (int i = 10; i < 210; ++i)
+        sql += QString("INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name) VALUES (3, %1, 'KT100', "
+                       "'CROWD');INSERT INTO tbParametersUser VALUES (3, %1, 'P0204', 'G02', 'MANY', 0);")
+                   .arg(i);
+    runOnPlant(sql + "COMMIT;");
+    EXPECT_EQ(int(find("crowd").items.size()), 200);
+    EXPECT_EQ(find("crowd").more, 0);
+    EXPECT_EQ(int(find("many").items.size()), 200);
+    EXPECT_EQ(find("many").more, 0);
+    runOnPlant("INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name) VALUES (2, 10, 'KT100', 'CROWD');"
+               "INSERT INTO tbParametersUser VALUES (2, 10, 'P0204', 'G02', 'MANY', 0);");
+    EXPECT_EQ(int(find("crowd").items.size()), 200);
+    EXPECT_EQ(find("crowd").more, 1);
+    EXPECT_EQ(find("crowd").items[0].key, "2_2_10") << "ALPHA stands before O'Hara";
+    EXPECT_EQ(int(find("many").items.size()), 200);
+    EXPECT_EQ(find("many").more, 1);
+    EXPECT_EQ(find("many").items[0].key, "4_2_10_G02_P0204");
+    EXPECT_EQ(find("many").items[0].detail, "ALPHA\\CROWD\\States");
+}
+
+TEST_F(PlantSearchTest, FindingsStandInTheOrderOfTheTree)
+{
+    runOnPlant(
+        "UPDATE tbGroupsUser SET Name = 'xb' WHERE IDGrp = 1; UPDATE tbGroupsUser SET Name = 'XA' WHERE "
+        "IDGrp = 3; UPDATE tbGroupsUser SET Name = 'XC' WHERE IDGrp = 2;"
+        "UPDATE tbInstrumentsUser SET Name = 'QZ' WHERE IDGrp = 1 AND IDInst = 1;"
+        "UPDATE tbInstrumentsUser SET Name = 'qa' WHERE IDGrp = 1 AND IDInst = 2;"
+        "UPDATE tbInstrumentsUser SET Name = 'QA' WHERE IDGrp = 2;");
+    EXPECT_EQ(keysOf("x"), (QStringList{"1_3", "1_1", "1_2", "4_1_1_G02_P0204"}));
+    EXPECT_EQ(keysOf("q"), (QStringList{"2_1_2", "2_1_1", "2_2_1"}));
+}
+
+TEST_F(PlantSearchTest, ANameOrTheFieldThatIsShownAnywayTellsNothingElse)
+{
+    runOnPlant(
+        "UPDATE tbGroupsUser SET Name = 'QQ', Phone = '77', Description = 'QQ 77' WHERE IDGrp = 3;"
+        "UPDATE tbInstrumentsUser SET Name = 'WW', Address = '55', Description = 'WW 55' WHERE IDGrp = 2;");
+    EXPECT_EQ(only("qq"), "QQ|77|ZEL Bus|2") << "the name holds it";
+    EXPECT_EQ(only("77"), "QQ|77|ZEL Bus|2") << "the phone holds it";
+    EXPECT_EQ(only("qq 7"), "QQ|QQ 77|ZEL Bus|2") << "only the description does";
+    EXPECT_EQ(only("ww"), "WW|55|ALPHA|3");
+    EXPECT_EQ(only("ww 5"), "WW|WW 55|ALPHA|3");
+}
+
+TEST_F(PlantSearchTest, AStateIsAPicture)
+{
+    EXPECT_EQ(only("en mod"), "EN MOD|On|GRP1\\INST11\\States|6");
+    EXPECT_EQ(only("en lgt"), "EN LGT|Dark|GRP1\\INST11\\States|7");
+}
+
 TEST_F(PlantSearchTest, GoesThroughMoreGroupsThanASliceHolds)
 {
     QString sql = "BEGIN;";

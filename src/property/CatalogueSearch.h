@@ -7,10 +7,10 @@ namespace property {
 
 // The look-up recordsets of the session, as the dialog searches them: always from the first row, whoever left
 // them where. Each procedure reports its failure under its own name.
-class Catalogue
+class CatalogueSearch
 {
 public:
-    Catalogue(session::Session& session, Controls& controls) : session_(session), controls_(controls) {}
+    CatalogueSearch(session::Session& session, Controls& controls) : session_(session), controls_(controls) {}
 
     // The catalogue's row of a parameter, which rsParam then stands on; its details go into the frame. False
     // when there is none.

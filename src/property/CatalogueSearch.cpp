@@ -1,4 +1,4 @@
-#include "property/Catalogue.h"
+#include "property/CatalogueSearch.h"
 
 #include "platform/Guard.h"
 #include "platform/Recordset.h"
@@ -31,8 +31,8 @@ QString shownAddress(int address)
 
 } // namespace
 
-bool Catalogue::Search_Param(const QString& IDPar, QString& Unit, QString& DP, bool& Enable, QString& KeyType,
-                             QString& IDCopy)
+bool CatalogueSearch::Search_Param(const QString& IDPar, QString& Unit, QString& DP, bool& Enable,
+                                   QString& KeyType, QString& IDCopy)
 {
     return guarded("frmProperty/Search_Param", [&] {
         Recordset& rsParam = session_.rsParam;
@@ -53,7 +53,7 @@ bool Catalogue::Search_Param(const QString& IDPar, QString& Unit, QString& DP, b
     });
 }
 
-int Catalogue::Load_ParamEnum(const QString& IDPar, qint16 Value)
+int CatalogueSearch::Load_ParamEnum(const QString& IDPar, qint16 Value)
 {
     int index = -1;
     guarded("frmProperty/Load_ParamEnum", [&] {
@@ -69,7 +69,7 @@ int Catalogue::Load_ParamEnum(const QString& IDPar, qint16 Value)
     return index;
 }
 
-bool Catalogue::Search_InstMem(const QString& MemBank)
+bool CatalogueSearch::Search_InstMem(const QString& MemBank)
 {
     return guarded("frmProperty/Search_InstMem", [&] {
         if (!findFromStart(session_.rsInstMem, MemBank))
