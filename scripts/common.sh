@@ -47,7 +47,7 @@ cmake_options=()
 # Makes an application folder: the model of the instruments, the demo company, the settings that open it.
 prepare_application() {
   local home=$1
-  mkdir -p "$home/Data" "$home/Data Model" "$home/Log" "$home/ports"
+  mkdir -p "$home/Data/Safety" "$home/Data Model" "$home/Log" "$home/ports"
   "$build_folder/catalogue/calidora-catalogue" model catalogue "$home/Data Model/Calidora_Model_Instrument.mdb"
   if [ ! -f "$home/Data/Demo.mdb" ]; then
     "$build_folder/catalogue/calidora-catalogue" demo catalogue "$demo_source" \

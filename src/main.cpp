@@ -1,3 +1,4 @@
+#include "database/DamageAdvice.h"
 #include "events/ErrorReport.h"
 #include "platform/Machine.h"
 #include "platform/QtClock.h"
@@ -43,6 +44,7 @@ int main(int argc, char** argv)
     platform::QtSerialPort port(session.AppPath);
     const platform::Machine machine;
     events::installFailureHook(session, op, clock, machine);
+    database::installDamageAdvice(session, texts);
     platform::DesktopPrinters printers([&texts](const QString& key) { return texts.own(key); });
 
     program::Program program({session, texts, op, clock, port, printers});

@@ -92,6 +92,7 @@ bool Database::Connect_Database(const QString& path)
         fillTree();
         structure_.selectNode(structure::kRootKey);
         emit captionChanged(session::mainCaption(session_, texts_));
+        emit opened();
         return true;
     });
 }
@@ -202,13 +203,32 @@ void Database::Disconnect_Database()
         if (session_.DbName.isEmpty())
             return;
         emit aboutToDisconnect();
-        structure_.clearAll();
-        enablePlantWindows(operator_, false);
+        clearPlant();
         closeAll(session_);
         session_.DbName.clear();
         session_.DbVersion.clear();
         emit captionChanged(session::mainCaption(session_, texts_));
     });
+}
+
+void Database::clearPlant()
+{
+    structure_.clearAll();
+    enablePlantWindows(operator_, false);
+}
+
+bool Database::reconnect()
+{
+    if (!Connect_Database(session_.dbFile())) {
+        // Without a name a disconnect has nothing to do; what the connect had shown goes all the same.
+        if (session_.DbName.isEmpty())
+            clearPlant();
+        Disconnect_Database();
+        emit connectionLost();
+        return false;
+    }
+    emit reconnected();
+    return true;
 }
 
 } // namespace database

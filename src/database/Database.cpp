@@ -1,5 +1,6 @@
 #include "database/Database.h"
 
+#include "database/FileChoice.h"
 #include "database/FileCopy.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
@@ -9,7 +10,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <algorithm>
 
 namespace database {
 
@@ -17,7 +17,6 @@ using platform::guarded;
 
 namespace {
 
-const QString kModelName = QStringLiteral("Calidora_Model_Instrument.mdb");
 const QString kFilter = QStringLiteral("Access (*.mdb)|*.mdb");
 
 } // namespace
@@ -34,7 +33,7 @@ void Database::Open_Database()
         if (!isFree())
             return;
         session_.DbPath = startFolder();
-        const auto file = askFile([&] {
+        const auto file = chooseFile(session_, texts_, operator_, [&] {
             return operator_.openFile({texts_(185), kFilter, QString(), session_.DbPath});
         });
         if (file && takeName(*file) && openCompany())
@@ -48,14 +47,14 @@ void Database::New_Database()
         if (!isFree())
             return;
         session_.DbPath = startFolder();
-        const auto file = askFile([&] {
+        const auto file = chooseFile(session_, texts_, operator_, [&] {
             return operator_
                 .saveFile({texts_(187), kFilter, session_.AppTitle + QStringLiteral(".mdb"), session_.DbPath})
                 .name;
         });
         if (!file || !takeName(*file))
             return;
-        if (session_.DbName.compare(kModelName, Qt::CaseInsensitive) == 0) {
+        if (isModelName(session_.DbName)) {
             session_.DbName.clear();
             return;
         }
@@ -88,30 +87,11 @@ QString Database::startFolder() const
     return session::Exist_Path(session_.DbPath) ? session_.DbPath : session_.appFile(QStringLiteral("Data"));
 }
 
-// The chosen file, or none when the operator cancelled.
-std::optional<QString> Database::askFile(const std::function<QString()>& ask)
-{
-    try {
-        return ask();
-    } catch (const platform::RuntimeError& error) {
-        if (error.number != platform::errors::kCancelled)
-            throw;
-        session_.strMsg = error.description + QStringLiteral("\r\n") + texts_(502);
-        operator_.messageBox(session_.strMsg, platform::Buttons::Ok, platform::Icon::Exclamation,
-                             session_.AppTitle);
-        return std::nullopt;
-    }
-}
-
 // False, with no company named, when folder or name is missing.
-bool Database::takeName(const QString& file)
+bool Database::takeName(const ChosenPath& file)
 {
-    const QString path = QDir::fromNativeSeparators(file);
-    const qsizetype separator = path.lastIndexOf(u'/');
-    session_.DbPath = path.left(std::max<qsizetype>(separator, 0));
-    session_.DbName = path.mid(separator + 1);
-    if (session_.DbPath.isEmpty())
-        session_.DbName.clear();
+    session_.DbPath = file.folder;
+    session_.DbName = file.folder.isEmpty() ? QString() : file.name;
     return !session_.DbName.isEmpty();
 }
 
@@ -120,7 +100,6 @@ QString Database::modelFile() const
     return session_.appFile(QStringLiteral("Data Model/") + kModelName);
 }
 
-// Whether a file is the model itself, by another name or way.
 bool Database::isModel(const QString& file) const
 {
     const QString place = QFileInfo(file).canonicalFilePath();

@@ -2,8 +2,6 @@
 
 #include <QObject>
 #include <QString>
-#include <functional>
-#include <optional>
 
 namespace platform {
 class Operator;
@@ -17,6 +15,8 @@ class Structure;
 }
 
 namespace database {
+
+struct ChosenPath;
 
 // The life of the open company: connecting to its file, filling the tree from it, closing it again, and the
 // two commands that choose one.
@@ -35,25 +35,32 @@ public:
     void Open_Database();
     void New_Database();
 
+    // The same company again, behind a copy of its file: whoever was logged in stays it.
+    bool reconnect();
+    // Where the file dialogs open: the last company's folder, or the data folder when that is gone.
+    QString startFolder() const;
+    // Whether a file is the model itself, by another name or way.
+    bool isModel(const QString& file) const;
+
 signals:
     void aboutToDisconnect();                    // the company is still open, for the last time
     void progress(int percent);                  // frmConnection's prgLoad
     void captionChanged(const QString& caption); // of the main window
     void companyMade();    // a new company is connected for the first time: its first user's place
+    void opened();         // a connect succeeded, whoever wanted it
+    void reconnected();    // behind a copy of the file: nobody logs in anew
     void connected();      // after the commands' own success: the login's place
     void connectionLost(); // a command's connect failed and was cleaned up
 
 private:
+    void clearPlant();
     void makeReady();
     void openCatalogue();
     void readCompany();
     void fillTree();
     bool isFree();
-    QString startFolder() const;
-    std::optional<QString> askFile(const std::function<QString()>& ask);
-    bool takeName(const QString& file);
+    bool takeName(const ChosenPath& file);
     QString modelFile() const;
-    bool isModel(const QString& file) const;
     void makeCompany();
     bool openCompany();
 

@@ -1,5 +1,7 @@
 #include "platform/Connection.h"
 
+#include "platform/InsertIntoFile.h"
+#include "platform/OnlineBackup.h"
 #include "platform/RuntimeError.h"
 #include "platform/SqlFailure.h"
 #include "platform/SqlFunctions.h"
@@ -44,17 +46,32 @@ QString wordsFor(const SQLite::Exception& exception, const QString& path)
     }
 }
 
+int numberFor(const SQLite::Exception& exception)
+{
+    switch (exception.getErrorCode()) {
+    case SQLITE_FULL:
+        return errors::kDiskFull;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return errors::kDamaged;
+    default:
+        return errors::kDatabase;
+    }
+}
+
 } // namespace
 
 void failWithSql(const SQLite::Exception& exception, const QString& path)
 {
-    fail(exception.getErrorCode() == SQLITE_FULL ? errors::kDiskFull : errors::kDatabase,
-         wordsFor(exception, path));
+    fail(numberFor(exception), wordsFor(exception, path));
 }
 
 Connection::Connection() : prepared_(kPreparedStatements) {}
 
-Connection::~Connection() = default;
+Connection::~Connection()
+{
+    Close();
+}
 
 void Connection::Open(const QString& file)
 {
@@ -80,6 +97,8 @@ void Connection::Open(const QString& file)
 
 bool Connection::Close()
 {
+    if (backup_)
+        backup_->abandon();
     prepared_.clear();
     const bool inUse = database_ && sqlite3_next_stmt(database_->getHandle(), nullptr);
     if (!inUse)
@@ -96,6 +115,8 @@ int Connection::Execute(const QString& sql)
 {
     SQLite::Database& engine = database();
     try {
+        if (const auto insert = InsertIntoFile::parse(sql))
+            return insert->run(engine);
         return engine.exec(sql.toStdString());
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);

@@ -12,6 +12,8 @@ class Database;
 
 namespace platform {
 
+class OnlineBackup;
+
 // The connection on one database file. Every failure is a RuntimeError with the engine's words and the file's
 // name.
 //
@@ -49,6 +51,10 @@ public:
     // The engine's own handle. Fails when the connection is closed.
     SQLite::Database& database() const;
 
+    // A copy of the file that is under way; it is abandoned before the connection closes. Null when it has
+    // ended.
+    void attend(OnlineBackup* backup) { backup_ = backup; }
+
 private:
     friend class Statement;
 
@@ -61,6 +67,7 @@ private:
     std::unique_ptr<SQLite::Database> database_;
     // The statements that ran last, by their text. They go before the engine does.
     mutable QCache<QString, PreparedStatement> prepared_;
+    OnlineBackup* backup_ = nullptr;
 };
 
 // A transaction that rolls back on every way out unless it was committed.

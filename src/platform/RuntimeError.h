@@ -37,6 +37,7 @@ constexpr int kPermissionDenied = 70;
 constexpr int kPathNotFound = 76;
 constexpr int kObjectNotSet = 91;
 constexpr int kObjectClosed = 3704;
+constexpr int kDamaged = 3343; // a database that is none, or not whole
 constexpr int kItemNotFound = 3265;
 constexpr int kNoCurrentRecord = 3021;
 constexpr int kDatabase = -2147467259;

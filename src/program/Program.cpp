@@ -22,7 +22,10 @@ using namespace session;
 Program::Program(const Surroundings& surroundings)
     : with_(surroundings), structure_(with_.session, with_.texts, with_.op),
       database_(with_.session, with_.texts, with_.op, structure_),
-      events_(with_.session, with_.op, with_.clock), purge_(with_.session, with_.op, with_.clock),
+      safekeeping_({with_.session, with_.texts, with_.op, with_.clock, database_}),
+      upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
+      safetyCopies_(with_.session, with_.clock), events_(with_.session, with_.op, with_.clock),
+      purge_(with_.session, with_.op, with_.clock),
       eventViewer_({with_.session, with_.texts, with_.op, with_.clock, printing_}),
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
@@ -162,6 +165,11 @@ void Program::listen()
         return rules::permits(command, Rights::of(with_.session.CurrentUser));
     });
 
+    connect(&database_, &database::Database::opened, &safetyCopies_, &database::SafetyCopies::companyOpened);
+    connect(&database_, &database::Database::reconnected, this, [this] {
+        commands_.EnableDisable_TlbMainButtons(session::kNoSelection);
+        commands_.EnableDisable_MainMenu(session::kNoSelection);
+    });
     connect(&database_, &database::Database::companyMade, this,
             [this] { users::Create_Admin_Profile(with_.session); });
     connect(&database_, &database::Database::aboutToDisconnect, this, [this] { bus_.cutLine(); });

@@ -4,7 +4,10 @@
 #include "bus/StatusPanels.h"
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
+#include "database/CompanyUpgrade.h"
 #include "database/Database.h"
+#include "database/Safekeeping.h"
+#include "database/SafetyCopies.h"
 #include "dialogs/Info.h"
 #include "dialogs/Settings.h"
 #include "dialogs/Zoom.h"
@@ -93,6 +96,9 @@ private:
     Surroundings with_;
     structure::Structure structure_;
     database::Database database_;
+    database::Safekeeping safekeeping_;
+    database::CompanyUpgrade upgrade_;
+    database::SafetyCopies safetyCopies_;
     events::EventLog events_;
     events::LogPurge purge_;
     events::EventViewer eventViewer_;

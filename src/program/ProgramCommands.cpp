@@ -13,6 +13,9 @@ void Program::registerCommands()
     handlers_.set("NewDb", [this] { database_.New_Database(); });
     handlers_.set("OpenDb", [this] { database_.Open_Database(); });
     handlers_.set("CloseDb", [this] { main_.Close_Database(); });
+    handlers_.set("BackupDb", [this] { safekeeping_.Backup_Database(); });
+    handlers_.set("RestoreDb", [this] { safekeeping_.Restore_Database(); });
+    handlers_.set("UpgradeDb", [this] { upgrade_.Upgrade_Database(); });
     handlers_.set("Users", [this] { with_.op.showFormModal("frmUsers"); });
     handlers_.set("Settings", [this] { settings_.show(); });
     handlers_.set("About", [this] { with_.op.showFormModal("frmInfo"); });

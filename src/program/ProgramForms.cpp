@@ -3,6 +3,8 @@
 #include "console/frmReadWrite.h"
 #include "database/Database.h"
 #include "database/frmConnection.h"
+#include "database/frmCopy.h"
+#include "database/frmUpgrade.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmLanguage.h"
 #include "dialogs/frmMessage.h"
@@ -67,6 +69,14 @@ void Program::registerForms()
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);
         return window;
     });
+    with_.op.registerForm("frmCopy", [&] {
+        auto* window = new database::frmCopy(session, texts);
+        connect(&safekeeping_, &database::Safekeeping::copyProgress, window,
+                &database::frmCopy::showProgress);
+        return window;
+    });
+    with_.op.registerForm("frmUpgrade",
+                          [&, this] { return new database::frmUpgrade(session, texts, op, upgrade_); });
     with_.op.registerForm("frmFind",
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
     with_.op.registerForm("frmPending",

@@ -21,7 +21,7 @@ public:
         Structure& structure;
         session::Lookup& lookup;
         // Lets the operator give a new element its data; returns when that window has closed.
-        std::function<void(const QString& key)> editItem;
+        std::function<void(const QString& key)> editItem = {};
     };
 
     explicit PlantEditor(const Surroundings& surroundings);

@@ -1,9 +1,9 @@
 #include "support/CompanyFixture.h"
+#include "support/OrdinaryUser.h"
 
 #include <QDir>
 #include <QFile>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using platform::Connection;
 using platform::Recordset;
@@ -39,29 +39,6 @@ protected:
         EXPECT_EQ(reported[0].procedure, "Module/Connect_Database");
         return reported[0].description;
     }
-};
-
-// The rights of a file mean nothing to the administrator: the process is an ordinary user while this lives.
-class OrdinaryUser
-{
-public:
-    OrdinaryUser() : former_(geteuid())
-    {
-        if (former_ == 0)
-            active_ = seteuid(kNobody) == 0;
-    }
-    ~OrdinaryUser()
-    {
-        if (active_)
-            active_ = seteuid(former_) == 0;
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-private:
-    static constexpr uid_t kNobody = 65534;
-    uid_t former_;
-    bool active_ = false;
 };
 
 TEST_F(WrongFilesTest, AMissingFile)
@@ -160,7 +137,7 @@ TEST_F(WrongFilesTest, AReadOnlyFileOpensUntilSomethingMustBeWritten)
 {
     ASSERT_EQ(chmod(QFile::encodeName(session.AppPath), 0755), 0);
     ASSERT_EQ(chmod(QFile::encodeName(plantFile()), 0444), 0);
-    const OrdinaryUser user;
+    const support::OrdinaryUser user;
     EXPECT_TRUE(failToConnect("Plant.mdb").contains("read-only")) << "the company's row can't be added";
     EXPECT_EQ(support::column(plantFile(), "SELECT Count(*) FROM tbCompanySettings"), QStringList{"0"});
 }
@@ -171,7 +148,7 @@ TEST_F(WrongFilesTest, AReadOnlyCompanyThatHasItsRowCanBeLookedAt)
     database.Disconnect_Database();
     ASSERT_EQ(chmod(QFile::encodeName(session.AppPath), 0755), 0);
     ASSERT_EQ(chmod(QFile::encodeName(plantFile()), 0444), 0);
-    const OrdinaryUser user;
+    const support::OrdinaryUser user;
     ASSERT_TRUE(connectPlant());
     EXPECT_FALSE(Restore_Item(session, op, "Root"));
     const auto reported = failures.take();

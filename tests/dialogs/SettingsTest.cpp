@@ -16,7 +16,7 @@ protected:
     SettingsTest()
     {
         session.LogSet = {-1, -1, 0, 180};
-        session.COMPort = {4, 5, 2, 1, 1, 2, 0};
+        session.COMPort = {4, 5, 2, 1, 1, 2, session::kLineIdle};
     }
     dialogs::Settings::Verbs verbs()
     {

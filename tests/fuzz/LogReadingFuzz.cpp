@@ -36,6 +36,7 @@ struct Bench : fuzz::Workbench
             write(QStringLiteral("Calidora_2.log"), bytes.mid(end));
             read(choice);
             fuzz::require(viewer.list().rowCount() == whole);
+            fuzz::require(QFile::remove(file(QStringLiteral("Log/Calidora_2.log"))));
         }
         viewer.unload();
     }

@@ -3,6 +3,7 @@
 #include "gui/GuiFixture.h"
 
 #include <QHeaderView>
+#include <QLayout>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>

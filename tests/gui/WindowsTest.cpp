@@ -84,6 +84,16 @@ TEST_P(Windows, TheProgressOfAConnection)
     look("frmConnection");
 }
 
+TEST_P(Windows, TheProgressOfACopy)
+{
+    look("frmCopy");
+}
+
+TEST_P(Windows, AnUpgrade)
+{
+    lookInside("frmUpgrade");
+}
+
 TEST_P(Windows, ThePurgeOfLogFiles)
 {
     look("frmReadLogFiles");
