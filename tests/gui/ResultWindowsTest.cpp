@@ -32,8 +32,15 @@ protected:
     {
         return QTest::qWaitFor([&] { return words(form) == expected; });
     }
+    // The shortcuts are those of the main window.
+    void toTheMainWindow()
+    {
+        window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    }
     void openFind()
     {
+        toTheMainWindow();
         QTest::keyClick(window(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(find());
         ASSERT_TRUE(QTest::qWaitForWindowActive(find()));
@@ -41,6 +48,7 @@ protected:
     }
     void openPending()
     {
+        toTheMainWindow();
         QTest::keyClick(window(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(pending());
         ASSERT_TRUE(QTest::qWaitForWindowActive(pending()));
