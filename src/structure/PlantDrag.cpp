@@ -72,7 +72,9 @@ void PlantDrag::dropOnTree()
     structure_.showCut(session_.ClipOperation == session::ClipCut ? key : QString());
     end();
     structure_.clickNode(target);
-    clipboard_.Paste_Item();
+    // A node that has gone meanwhile takes nothing, and no other takes it instead.
+    if (structure_.selectedNode() == target)
+        clipboard_.Paste_Item();
 }
 
 void PlantDrag::cancel()

@@ -55,7 +55,7 @@ TEST_F(ConnectTest, OpensTheFiveLookUpRecordsetsAndLeavesRsWorkClosed)
     EXPECT_EQ(session.rsParamEnum.RecordCount(), 7);
     EXPECT_EQ(session.rsInstMem.RecordCount(), 2);
     EXPECT_EQ(session.rsUsers.State(), int(Recordset::Opened));
-    EXPECT_EQ(session.rsUsers.RecordCount(), 0);
+    EXPECT_EQ(session.rsUsers.RecordCount(), 4);
     EXPECT_EQ(session.rsWork.State(), int(Recordset::Closed));
     EXPECT_EQ(session.ConnectionString, plantFile());
 

@@ -139,7 +139,7 @@ TEST_F(EventLogTest, WhatWasKeptStandsInFrontOfTheTable)
 {
     session_.cnDatabase.Close();
     add("P", "U", "kept");
-    session_.cnDatabase.Open("Data Source = " + folder_.file("Data/firm.mdb"));
+    session_.cnDatabase.Open(folder_.file("Data/firm.mdb"));
     add("P", "U", "stored");
     const auto lines = flushedLines();
     ASSERT_EQ(lines.size(), 2);
