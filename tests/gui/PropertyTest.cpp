@@ -8,7 +8,6 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolBar>
@@ -254,53 +253,6 @@ TEST_F(Property, AFocusThatIsToldLateKeepsTheTextOfTheEntry)
         QCoreApplication::processEvents();
         EXPECT_TRUE(minutes->hasFocus());
         EXPECT_EQ(minutes->selectedText(), "30");
-    });
-    openByKey("3_1_1_G03", "4_1_1_G03_P0302");
-    EXPECT_EQ(played, 1);
-}
-
-// With a real box the window system takes the window's activation away and gives it back, late.
-TEST_F(Property, ARealBoxGivesTheFocusBackWhereItIsTold)
-{
-    start();
-    const auto standBoxOn = [](QWidget& dialog) {
-        QMessageBox box(&dialog);
-        QTimer seen;
-        QObject::connect(&seen, &QTimer::timeout, &box, [&] {
-            if (box.isActiveWindow())
-                box.accept();
-        });
-        seen.start(0);
-        box.exec();
-    };
-    insideProperty([&](QDialog& dialog) {
-        QLineEdit* hours = field(dialog, "txtVal1");
-        QLineEdit* minutes = field(dialog, "txtVal2");
-        desktop.whileABoxStands = [&] { standBoxOn(dialog); };
-        const auto isBack = [&](QWidget* widget) {
-            return QTest::qWaitForWindowActive(&dialog) &&
-                   QTest::qWaitFor([&] { return widget->hasFocus(); });
-        };
-        type(hours, "25");
-        desktop.script.expect(texts(530));
-        QTest::keyClick(hours, Qt::Key_Return);
-        EXPECT_TRUE(isBack(minutes));
-        EXPECT_TRUE(desktop.script.done());
-
-        type(hours, "26");
-        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 23.");
-        QTest::keyClick(hours, Qt::Key_Tab);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.script.done(); }));
-        EXPECT_TRUE(isBack(hours));
-        QTest::keyClick(hours, Qt::Key_Escape);
-        EXPECT_EQ(hours->text(), "25") << "what stood there when it was entered last";
-        type(hours, "2");
-        QTest::keyClick(hours, Qt::Key_Tab);
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(minutes->hasFocus());
-        EXPECT_EQ(minutes->selectedText(), "30") << "entered afresh";
-        EXPECT_EQ(desktop.script.boxes.size(), 2u);
-        desktop.whileABoxStands = {};
     });
     openByKey("3_1_1_G03", "4_1_1_G03_P0302");
     EXPECT_EQ(played, 1);

@@ -32,15 +32,15 @@ protected:
     {
         return QTest::qWaitFor([&] { return words(form) == expected; });
     }
-    // The shortcuts are those of the main window.
-    void toTheMainWindow()
+    // The shortcuts are the main window's.
+    void toMainWindow()
     {
         window()->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     }
     void openFind()
     {
-        toTheMainWindow();
+        toMainWindow();
         QTest::keyClick(window(), Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(find());
         ASSERT_TRUE(QTest::qWaitForWindowActive(find()));
@@ -48,7 +48,7 @@ protected:
     }
     void openPending()
     {
-        toTheMainWindow();
+        toMainWindow();
         QTest::keyClick(window(), Qt::Key_P, Qt::ControlModifier | Qt::ShiftModifier);
         ASSERT_TRUE(pending());
         ASSERT_TRUE(QTest::qWaitForWindowActive(pending()));
@@ -187,12 +187,11 @@ TEST_F(ResultWindows, NothingWaitingIsAPageOfItsOwn)
     auto* nothing = pending()->findChild<QLabel*>("lblNothing");
     EXPECT_TRUE(QTest::qWaitFor([&] { return nothing->isVisible(); }));
     EXPECT_EQ(nothing->text(), texts.own("pending.nothing"));
-    EXPECT_EQ(words(pending()), "");
+    EXPECT_TRUE(says(pending(), ""));
     EXPECT_FALSE(list(pending())->isVisible());
     session.cnDatabase.Execute("UPDATE tbParametersUser SET State = 1 WHERE IDPar = 'P0201';");
     // Whoever comes back finds it read again.
-    window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    toMainWindow();
     pending()->activateWindow();
     EXPECT_TRUE(counts(1));
     EXPECT_TRUE(list(pending())->isVisible());
@@ -217,8 +216,6 @@ TEST_F(ResultWindows, TheirButtonsCloseThem)
     openFind();
     pushButton(find(), "cmdClose")->click();
     EXPECT_FALSE(find()->isVisible());
-    window()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
     openPending();
     pushButton(pending(), "cmdClose")->click();
     EXPECT_FALSE(pending()->isVisible());
