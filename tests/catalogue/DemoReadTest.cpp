@@ -8,6 +8,7 @@
 namespace catalogue {
 namespace {
 
+using testing::mayBeUnknown;
 using testing::published;
 
 // The demo company in the program, its instruments' memories behind the virtual instrument on a cable.
@@ -34,17 +35,6 @@ protected:
         return support::column(demoFile(), sql.arg(GetParam()).arg(condition)).value(0).toInt();
     }
 };
-
-// Texts may be empty, and a probe may be missing.
-QString mayBeUnknown()
-{
-    QStringList ids;
-    forEachParameter(published().catalogue, [&](const Type&, const Group&, const Parameter& parameter) {
-        if (parameter.wire == "STRING" || (!parameter.editable && !parameter.standard))
-            ids << '\'' + parameter.id + '\'';
-    });
-    return ids.join(',');
-}
 
 // Nothing is left unread: each parameter is marked and emptied first, and has a value and no mark afterwards.
 TEST_P(DemoReadTest, readsEveryInstrumentByItsBanks)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "catalogue/tool/Checks.h"
 #include "catalogue/tool/CompanyWriter.h"
 #include "catalogue/tool/ModelWriter.h"
 #include "tests/catalogue/Sources.h"
@@ -30,6 +31,18 @@ inline const Published& published()
 {
     static const Published kPublished;
     return kPublished;
+}
+
+// Parameters that may have no value in an instrument: texts may be empty, and a probe may be missing. As a
+// list for a statement.
+inline QString mayBeUnknown()
+{
+    QStringList ids;
+    forEachParameter(published().catalogue, [&](const Type&, const Group&, const Parameter& parameter) {
+        if (parameter.wire == "STRING" || (!parameter.editable && !parameter.standard))
+            ids << '\'' + parameter.id + '\'';
+    });
+    return ids.join(',');
 }
 
 inline SQLite::Database opened(const QString& file)
