@@ -4,6 +4,7 @@
 #include "platform/Words.h"
 
 #include <QFileInfo>
+#include <QSocketNotifier>
 
 namespace platform {
 
@@ -70,6 +71,18 @@ QString groupOf(const QString& device)
     }
 }
 
+// The event loop may have taken notice of bytes that have since been read: the port would look for them, find
+// nothing and take that for a device that is gone.
+void forgetNotices(const QSerialPort& port)
+{
+    for (QSocketNotifier* notifier : port.findChildren<QSocketNotifier*>()) {
+        if (notifier->type() != QSocketNotifier::Read || !notifier->isEnabled())
+            continue;
+        notifier->setEnabled(false);
+        notifier->setEnabled(true);
+    }
+}
+
 } // namespace
 
 QtSerialPort::QtSerialPort(QString applicationPath) : applicationPath_(std::move(applicationPath))
@@ -133,6 +146,7 @@ QByteArray QtSerialPort::Input()
     QByteArray bytes = port_.readAll();
     while (port_.waitForReadyRead(0))
         bytes += port_.readAll();
+    forgetNotices(port_);
     return bytes;
 }
 

@@ -1,5 +1,6 @@
 #include "e2e/RealLine.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QTimer>
 
@@ -81,6 +82,29 @@ TEST_F(WaitingBytesTest, MoreThanTheInputBufferHoldsComesWhole)
     ASSERT_TRUE(waitFor(ActionCode::SecondBlock));
     EXPECT_EQ(events().size(), 300);
     EXPECT_EQ(events().value(299), "Alarm 299");
+}
+
+// The event loop has seen the bytes come, and before it hands them over something else reads them: the notice
+// that is still on its way finds nothing, and the port is as good as before.
+TEST_F(WaitingBytesTest, ANoticeOfBytesThatWereReadMeanwhileIsNoFault)
+{
+    const FarEnd instrument(portLink());
+    ASSERT_TRUE(open());
+    QByteArray arrived;
+    port.OnComm = [&] { arrived += port.Input(); };
+    QCoreApplication::processEvents();
+
+    QByteArray taken;
+    instrument.say("OK");
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [&] { taken += port.Input(); }, Qt::QueuedConnection);
+    for (int round = 0; round < 10; ++round)
+        QCoreApplication::processEvents();
+    EXPECT_EQ(taken, "OK");
+    EXPECT_TRUE(port.PortOpen());
+
+    instrument.say("RING");
+    EXPECT_TRUE(waitUntil([&] { return arrived == "RING"; })) << arrived.constData();
 }
 
 } // namespace
