@@ -2,6 +2,7 @@
 
 #include "events/EventLog.h"
 #include "platform/Guard.h"
+#include "platform/Words.h"
 
 namespace bus {
 
@@ -16,14 +17,14 @@ public:
     explicit FieldReader(const QString& text) : text_(text), begin_(text.indexOf(QLatin1Char('<')) + 1)
     {
         if (begin_ == 0)
-            platform::fail(errors::kInvalidCall, QStringLiteral("The alarm report has no \"<\"."));
+            platform::failInWords(errors::kInvalidCall, "alarm.nostart");
     }
 
     QString next()
     {
         const qsizetype end = text_.indexOf(QLatin1Char('>'), begin_);
         if (end < 0)
-            platform::fail(errors::kInvalidCall, QStringLiteral("A field of the alarm report has no end."));
+            platform::failInWords(errors::kInvalidCall, "alarm.noend");
         const QString field = text_.mid(begin_, end - begin_);
         begin_ = end + 2;
         return field;

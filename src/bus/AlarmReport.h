@@ -1,15 +1,12 @@
 #pragma once
 
+#include "events/Forward.h"
 #include "platform/RuntimeError.h"
 
 #include <QDateTime>
 #include <QString>
 #include <optional>
 #include <vector>
-
-namespace events {
-class EventLog;
-}
 
 namespace bus {
 

@@ -7,6 +7,7 @@
 #include "bus/Statements.h"
 #include "bus/Transfer.h"
 #include "platform/Guard.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "values/Coding.h"
 #include "values/RecordCoding.h"
@@ -48,7 +49,7 @@ void Transfer::receiveValue()
         Extract_Param();
     } else {
         const QString value = decode(line_.strReceive, rsWork_);
-        log(line_.texts(543) + QLatin1Char(' ') + value);
+        log(line_.texts(session::rows::kParameterValue) + QLatin1Char(' ') + value);
         values::Update_Param(line_.session, rsWork_.number("IDGrp"), rsWork_.number("IDInst"),
                              rsWork_.text("IDPar"), value);
     }
@@ -112,7 +113,7 @@ void Transfer::Extract_Param()
             return;
         if (failure)
             throw *failure;
-        log(line_.texts(543) + QLatin1Char(' ') + line_.texts(13));
+        log(line_.texts(session::rows::kParameterValue) + QLatin1Char(' ') + line_.texts(13));
     });
 }
 

@@ -3,6 +3,7 @@
 #include "bus/ConsoleView.h"
 #include "bus/StatusPanels.h"
 #include "platform/SerialPort.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <algorithm>
@@ -130,7 +131,7 @@ void Bus::raiseLink()
 void Bus::lowerLink()
 {
     line_.log(line_.texts(557) + QLatin1Char(' ') + line_.parTrasm.Name + QLatin1Char(' ') +
-              line_.texts(558));
+              line_.texts(session::rows::kStars));
     line_.EnableDisable_RWMenu(session::kBusy);
     line_.tmrPolling.stop();
     line_.staMain.setPicture(Panel::COMSet, images::kPortOpen);

@@ -5,6 +5,7 @@
 #include "events/EventLog.h"
 #include "platform/CodePage.h"
 #include "platform/Operator.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <utility>
@@ -37,14 +38,14 @@ void IncomingCall::begin()
         leaveConnection();
     line_.setStatus(session::kBusy);
     line_.staMain.setPicture(Panel::COMSet, images::kPortBusy);
-    line_.staMain.setText(Panel::Info, line_.texts(555));
+    line_.staMain.setText(Panel::Info, line_.texts(session::rows::kAlarmsComing));
 }
 
 // The line is the caller's from here on: clock, panels and console say so.
 void IncomingCall::leaveConnection()
 {
     line_.tmrConnection.stop();
-    line_.log(line_.texts(542));
+    line_.log(line_.texts(session::rows::kDisconnected));
     line_.log(line_.staMain.text(Panel::Info));
     line_.Reset_ParTrasm();
     line_.EnableDisable_RWMenu(session::kBusy);
@@ -104,7 +105,7 @@ void IncomingCall::announce()
 {
     ++reports_;
     line_.staMain.setPicture(Panel::Allarm, images::kAlarm);
-    line_.staMain.setText(Panel::Info, line_.texts(582));
+    line_.staMain.setText(Panel::Info, line_.texts(session::rows::kAlarmsReceived));
     line_.tmrAllarm.start(intervals::kAlarm);
     if (onAlarms)
         onAlarms();
@@ -156,10 +157,10 @@ void IncomingCall::acknowledge()
 void IncomingCall::relabel()
 {
     if (isTaken())
-        line_.staMain.setText(Panel::Info, line_.texts(555));
+        line_.staMain.setText(Panel::Info, line_.texts(session::rows::kAlarmsComing));
     else if (line_.session.COMPort.Status <= session::kLineIdle &&
              line_.staMain.picture(Panel::Allarm) == images::kAlarm)
-        line_.staMain.setText(Panel::Info, line_.texts(582));
+        line_.staMain.setText(Panel::Info, line_.texts(session::rows::kAlarmsReceived));
 }
 
 } // namespace bus

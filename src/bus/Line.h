@@ -3,15 +3,12 @@
 #include "bus/ActionCode.h"
 #include "bus/LineTimer.h"
 #include "bus/ParTrasm.h"
+#include "events/Forward.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
 #include "session/Session.h"
 
 #include <QByteArray>
-
-namespace events {
-class EventLog;
-}
 
 namespace bus {
 

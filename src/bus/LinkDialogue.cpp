@@ -1,6 +1,7 @@
 #include "bus/LinkDialogue.h"
 
 #include "bus/StatusPanels.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 namespace bus {
@@ -20,7 +21,7 @@ void LinkDialogue::connectionUp(const QByteArray& lastWord)
 
 void LinkDialogue::connectionDown()
 {
-    line_.log(line_.texts(542));
+    line_.log(line_.texts(session::rows::kDisconnected));
     line_.log(line_.staMain.text(Panel::Info));
     line_.staMain.setText(Panel::Info, {});
     line_.Reset_ParTrasm();

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "session/Forward.h"
 
-namespace session {
-struct COMPortSettings;
-}
+#include <QString>
 
 namespace bus {
 

@@ -5,6 +5,7 @@
 #include "bus/ConsoleView.h"
 #include "bus/StatusPanels.h"
 #include "platform/SerialPort.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 namespace bus {
@@ -62,7 +63,7 @@ void Bus::abandonOperation()
     transfer_.close();
     line_.code = ActionCode::Idle;
     line_.strReceive.clear();
-    line_.logError(line_.texts(502));
+    line_.logError(line_.texts(session::rows::kCancelled));
     line_.tmrPolling.start(intervals::kPolling);
     line_.EnableDisable_RWMenu(session::kConnected);
 }
@@ -73,7 +74,7 @@ void Bus::truncateConnection()
     line_.code = ActionCode::Idle;
     line_.strReceive.clear();
     line_.send("+++");
-    endConnection(line_.texts(575), "frmReadWrite.lvwItems_KeyDown");
+    endConnection(line_.texts(session::rows::kTruncated), "frmReadWrite.lvwItems_KeyDown");
     if (alarms)
         call_.announce();
 }
@@ -90,7 +91,7 @@ void Bus::cutLine()
         if (!live)
             return;
         platform::guarded("Module/Disconnect_Database", [this] { line_.send("+++"); });
-        endConnection(line_.texts(575), "Module/Disconnect_Database");
+        endConnection(line_.texts(session::rows::kTruncated), "Module/Disconnect_Database");
         if (alarms)
             call_.announce();
     });

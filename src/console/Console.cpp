@@ -12,6 +12,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
 
@@ -94,7 +95,7 @@ void Console::load(const QString& key)
         key_ = key;
         item_ = structure::Extract_Key(key);
         model_.log().clear();
-        model_.log().setColumnCaptions({texts_(241), texts_(103)});
+        model_.log().setColumnCaptions({texts_(session::rows::kDate), texts_(session::rows::kDescription)});
         model_.forgetConcerns();
         model_.setAutoDisconnect(false);
         Set_Simulator(false);
@@ -141,7 +142,7 @@ void Console::Connect()
         connection.AliveFrame += bus::Calculate_CheckSum(connection.AliveFrame);
         bus_.EnableDisable_RWMenu(session::kBusy);
         events_.Add_Event(events::kInformation, clock_.now(), events::kReadWrite, connection.Name, {},
-                          texts_(556) + kBlank + connection.Name + kBlank + texts_(558));
+                          texts_(556) + kBlank + connection.Name + kBlank + texts_(session::rows::kStars));
         bus_.raiseLink();
     });
 }

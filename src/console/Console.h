@@ -1,22 +1,15 @@
 #pragma once
 
+#include "bus/Forward.h"
+#include "events/Forward.h"
 #include "platform/Forward.h"
 #include "platform/Guard.h"
 #include "session/Forward.h"
+#include "structure/Forward.h"
 #include "structure/NodeKey.h"
 
 #include <QString>
 #include <functional>
-
-namespace structure {
-class Structure;
-}
-namespace events {
-class EventLog;
-}
-namespace bus {
-class Bus;
-}
 
 namespace console {
 

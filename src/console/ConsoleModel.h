@@ -4,16 +4,11 @@
 #include "console/ConsoleStates.h"
 #include "console/LogModel.h"
 #include "console/OperationProgress.h"
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
 #include <QObject>
 #include <QStringList>
-
-namespace platform {
-class Clock;
-}
-namespace session {
-class Texts;
-}
 
 namespace console {
 

@@ -7,6 +7,7 @@
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "widgets/FormLanguage.h"
 
@@ -241,6 +242,7 @@ QWidget* frmReadWrite::makeConcerns()
     picture->setPixmap(icon("warning").pixmap(kPanelPicture, devicePixelRatio()));
     lblConcerns_ = new QLabel(concerns_);
     lblConcerns_->setObjectName("lblFailed");
+    lblConcerns_->setTextFormat(Qt::PlainText);
     line->addWidget(picture);
     line->addWidget(lblConcerns_, 1);
     lvwConcerns_ = new QListWidget(concerns_);
@@ -262,6 +264,8 @@ QWidget* frmReadWrite::makeStatusBar()
     comSetText_->setObjectName("COMSet");
     info_ = new QLabel(bar);
     info_->setObjectName("Info");
+    for (QLabel* panel : {comSetText_, info_})
+        panel->setTextFormat(Qt::PlainText);
     bar->addWidget(comSetPicture_);
     bar->addWidget(comSetText_);
     bar->addWidget(info_, 1);
@@ -371,7 +375,8 @@ void frmReadWrite::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
         platform::guarded("Module/Set_Language", [this] {
-            model_.log().setColumnCaptions({texts_(241), texts_(103)});
+            model_.log().setColumnCaptions(
+                {texts_(session::rows::kDate), texts_(session::rows::kDescription)});
         });
         lblGroup_->setText(group_);
         lblItem_->setText(console_.itemPath());

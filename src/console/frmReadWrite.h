@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bus/Forward.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
 
@@ -14,10 +15,6 @@ class QMenuBar;
 class QProgressBar;
 class QToolBar;
 class QTreeView;
-
-namespace bus {
-class StatusPanels;
-}
 
 namespace console {
 

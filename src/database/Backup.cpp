@@ -6,6 +6,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QFileInfo>
@@ -31,7 +32,7 @@ void Safekeeping::Backup_Database()
     guarded("Module/Backup_Database", [&] {
         session::Session& session = with_.session;
         if (session.DbName.isEmpty())
-            return refuse(with_.texts(504));
+            return refuse(with_.texts(session::rows::kNoCompanyOpen));
         if (session.CurrentUser.IDUser.isEmpty())
             return;
         checkBackupFolder(session);
@@ -62,7 +63,7 @@ std::optional<ChosenPath> Safekeeping::askBackupTarget()
     if (!target)
         return std::nullopt;
     if (isModelName(target->name) || with_.database.isModel(target->path()))
-        refuse(with_.texts(501));
+        refuse(with_.texts(session::rows::kBadFileName));
     else if (isSameFile(target->path(), session.dbFile()))
         refuse(with_.texts.own(QStringLiteral("backup.itself")));
     else

@@ -5,12 +5,13 @@
 #include "database/Database.h"
 #include "database/FileChoice.h"
 #include "database/FileCopy.h"
+#include "database/InsertIntoFile.h"
 #include "database/Safekeeping.h"
 #include "platform/Clock.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
-#include "session/Helpers.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QDir>
@@ -72,8 +73,8 @@ bool CompanyUpgrade::isAllowed()
 {
     if (!with_.session.DbName.isEmpty())
         return session::rightOf(with_.session.CurrentUser.UpgradeDb);
-    with_.op.messageBox(with_.texts(504), platform::Buttons::Ok, platform::Icon::Exclamation,
-                        with_.session.AppTitle);
+    with_.op.messageBox(with_.texts(session::rows::kNoCompanyOpen), platform::Buttons::Ok,
+                        platform::Icon::Exclamation, with_.session.AppTitle);
     return false;
 }
 
@@ -137,9 +138,7 @@ void CompanyUpgrade::moveTables()
     for (qsizetype i = 0; i < kTables.size(); ++i) {
         const QString& table = kTables[i];
         emit tableChanged(QStringLiteral("(%1/%2) %3").arg(i + 1).arg(kTables.size()).arg(table));
-        with_.session.cnDatabase.Execute(u"INSERT INTO " % table % u" IN " %
-                                         session::Compose_SqlText(QDir::toNativeSeparators(copyOfModel())) %
-                                         u"SELECT " % table % u".* FROM " % table);
+        insertIntoFile(with_.session.cnDatabase, table, copyOfModel());
     }
 }
 

@@ -8,8 +8,6 @@
 #include "session/Texts.h"
 #include "structure/Structure.h"
 
-#include <QStringBuilder>
-
 namespace database {
 
 using platform::guarded;
@@ -17,6 +15,37 @@ using platform::Recordset;
 using session::Compose_SqlText;
 
 namespace {
+
+// %1 is the language.
+const QString kParameters = QStringLiteral(
+    R"(SELECT tbParam.*, tbParamType.mTag AS KeyType, tbParamLanguage.mDesc AS Des
+       FROM (tbParamType
+             INNER JOIN tbParam ON tbParamType.mID = tbParam.mKeyType)
+             INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID
+       WHERE (tbParamLanguage.mKeyLang = %1)
+       ORDER BY tbParam.mID;)");
+
+const QString kChoices = QStringLiteral(
+    R"(SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue
+       FROM tbParamEnum
+            INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID
+       WHERE (tbParamEnumLanguage.mKeyLang = %1)
+       ORDER BY tbParamEnum.mID;)");
+
+const QString kParamGroups = QStringLiteral(
+    R"(SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
+              tbParamGroupLanguage.mDesc AS Name
+       FROM tbParametersUser
+            INNER JOIN tbParamGroupLanguage ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID
+       WHERE (tbParamGroupLanguage.mKeyLang = %1)
+       GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
+                tbParamGroupLanguage.mDesc
+       ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp;)");
+
+const QString kNoSettings = QStringLiteral(
+    R"(INSERT INTO tbCompanySettings (Company, Address, Postcode, Locality, Country,
+                                      Phone, Fax, EMail, WEB, VATNumber)
+       VALUES (Null, Null, Null, Null, Null, Null, Null, Null, Null, Null);)");
 
 // The window that shows how far a connect is; it goes on every way out.
 class ConnectionWindow
@@ -58,16 +87,16 @@ void enablePlantWindows(platform::Operator& op, bool enabled)
     op.enableForm(QStringLiteral("frmListBus"), enabled);
 }
 
-// In the order in which they are closed: the five for looking up, the one for work.
-std::array<Recordset*, 6> recordsetsOf(session::Session& session)
+// The five for looking up, in the order in which they are closed.
+std::array<Recordset*, 5> lookUpsOf(session::Session& session)
 {
-    return {&session.rsInstrument, &session.rsParam, &session.rsParamEnum,
-            &session.rsInstMem,    &session.rsUsers, &session.rsWork};
+    return {&session.rsInstrument, &session.rsParam, &session.rsParamEnum, &session.rsInstMem,
+            &session.rsUsers};
 }
 
 void closeAll(session::Session& session)
 {
-    for (Recordset* records : recordsetsOf(session)) {
+    for (Recordset* records : lookUpsOf(session)) {
         if (records->State() == Recordset::Opened)
             records->Close();
     }
@@ -102,7 +131,6 @@ void Database::makeReady()
     enablePlantWindows(operator_, true);
     session_.ClipOperation = 0;
     session_.ClipKey.clear();
-    session_.strSQL.clear();
     closeAll(session_);
     structure_.showRootOnly();
     session_.CompanySet.fill(QString());
@@ -113,21 +141,11 @@ void Database::openCatalogue()
     const QString language = Compose_SqlText(session_.Language.Code);
     const auto open = [&](int percent, Recordset& records, const QString& sql) {
         emit progress(percent);
-        session_.strSQL = sql;
-        records.Open(session_.strSQL, session_.cnDatabase);
+        records.Open(sql, session_.cnDatabase);
     };
     open(22, session_.rsInstrument, QStringLiteral("SELECT * FROM tbInstrument ORDER BY mID"));
-    open(33, session_.rsParam,
-         u"SELECT tbParam.*, tbParamType.mTag AS KeyType, tbParamLanguage.mDesc AS Des "
-         u"FROM (tbParamType INNER JOIN tbParam ON tbParamType.mID = tbParam.mKeyType) "
-         u"INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID "
-         u"WHERE (tbParamLanguage.mKeyLang = " %
-             language % u") ORDER BY tbParam.mID;");
-    open(44, session_.rsParamEnum,
-         u"SELECT tbParamEnum.mID, tbParamEnum.mKeyParam, tbParamEnumLanguage.mDesc, tbParamEnum.mValue "
-         u"FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID "
-         u"WHERE (tbParamEnumLanguage.mKeyLang = " %
-             language % u") ORDER BY tbParamEnum.mID;");
+    open(33, session_.rsParam, kParameters.arg(language));
+    open(44, session_.rsParamEnum, kChoices.arg(language));
     open(55, session_.rsInstMem, QStringLiteral("SELECT * FROM tbInstMem ORDER BY mID"));
     open(66, session_.rsUsers, QStringLiteral("SELECT * FROM tbUsers ORDER BY Name;"));
 }
@@ -137,29 +155,21 @@ void Database::readCompany()
     // By CompanyField.
     static const QStringList kFields{"Company", "Address", "Postcode", "Locality", "Country",
                                      "Phone",   "Fax",     "EMail",    "WEB",      "VATNumber"};
-    Recordset& rsWork = session_.rsWork;
 
     emit progress(77);
-    session_.strSQL = QStringLiteral("SELECT * FROM tbCompanySettings");
-    rsWork.Open(session_.strSQL, session_.cnDatabase);
-    if (!rsWork.Eof()) {
+    Recordset settings;
+    settings.Open(QStringLiteral("SELECT * FROM tbCompanySettings"), session_.cnDatabase);
+    if (settings.Eof())
+        session_.cnDatabase.Execute(kNoSettings);
+    else
         for (int field = 0; field < kFields.size(); ++field)
-            session_.CompanySet[field] = session::Null_To_Value(rsWork[kFields[field]]);
-    } else {
-        session_.strSQL =
-            QStringLiteral("INSERT INTO tbCompanySettings (Company, Address, Postcode, Locality, "
-                           "Country, Phone, Fax, EMail, WEB, VATNumber) VALUES(Null, Null, Null, "
-                           "Null, Null, Null, Null, Null, Null, Null);");
-        session_.cnDatabase.Execute(session_.strSQL);
-    }
-    rsWork.Close();
+            session_.CompanySet[field] = session::Null_To_Value(settings[kFields[field]]);
 
     emit progress(88);
-    session_.strSQL = QStringLiteral("SELECT * FROM tbInfoDatabase");
-    rsWork.Open(session_.strSQL, session_.cnDatabase);
-    if (!rsWork.Eof())
-        session_.DbVersion = rsWork.text("Version");
-    rsWork.Close();
+    Recordset info;
+    info.Open(QStringLiteral("SELECT * FROM tbInfoDatabase"), session_.cnDatabase);
+    if (!info.Eof())
+        session_.DbVersion = info.text("Version");
 }
 
 void Database::fillTree()
@@ -169,32 +179,23 @@ void Database::fillTree()
                   name = QStringLiteral("Name");
     const QString parGrp = QStringLiteral("IDParGrp");
     const QString none;
-    Recordset& rsWork = session_.rsWork;
+    const auto eachOf = [this](const QString& sql, const auto& addNode) {
+        Recordset records;
+        for (records.Open(sql, session_.cnDatabase); !records.Eof(); records.MoveNext())
+            addNode(records);
+    };
 
-    session_.strSQL = QStringLiteral("SELECT * FROM tbGroupsUser ORDER BY Name;");
-    for (rsWork.Open(session_.strSQL, session_.cnDatabase); !rsWork.Eof(); rsWork.MoveNext())
-        structure_.Add_Node_TreeBus(structure::kGroup, rsWork.text(grp), none, none, rsWork.text(name));
-    rsWork.Close();
-
-    session_.strSQL = QStringLiteral("SELECT * FROM tbInstrumentsUser ORDER BY Name;");
-    for (rsWork.Open(session_.strSQL, session_.cnDatabase); !rsWork.Eof(); rsWork.MoveNext())
-        structure_.Add_Node_TreeBus(structure::kInstrument, rsWork.text(grp), rsWork.text(inst), none,
-                                    rsWork.text(name));
-    rsWork.Close();
-
-    session_.strSQL =
-        u"SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-        u"tbParamGroupLanguage.mDesc AS Name FROM tbParametersUser INNER JOIN tbParamGroupLanguage "
-        u"ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID "
-        u"WHERE (tbParamGroupLanguage.mKeyLang = " %
-        Compose_SqlText(session_.Language.Code) %
-        u") GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-        u"tbParamGroupLanguage.mDesc ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, "
-        u"tbParametersUser.IDParGrp;";
-    for (rsWork.Open(session_.strSQL, session_.cnDatabase); !rsWork.Eof(); rsWork.MoveNext())
-        structure_.Add_Node_TreeBus(structure::kParamGroup, rsWork.text(grp), rsWork.text(inst),
-                                    rsWork.text(parGrp), rsWork.text(name));
-    rsWork.Close();
+    eachOf(QStringLiteral("SELECT * FROM tbGroupsUser ORDER BY Name;"), [&](const Recordset& row) {
+        structure_.Add_Node_TreeBus(structure::kGroup, row.text(grp), none, none, row.text(name));
+    });
+    eachOf(QStringLiteral("SELECT * FROM tbInstrumentsUser ORDER BY Name;"), [&](const Recordset& row) {
+        structure_.Add_Node_TreeBus(structure::kInstrument, row.text(grp), row.text(inst), none,
+                                    row.text(name));
+    });
+    eachOf(kParamGroups.arg(Compose_SqlText(session_.Language.Code)), [&](const Recordset& row) {
+        structure_.Add_Node_TreeBus(structure::kParamGroup, row.text(grp), row.text(inst), row.text(parGrp),
+                                    row.text(name));
+    });
 }
 
 void Database::Disconnect_Database()

@@ -76,9 +76,7 @@ bool Database::isFree()
 {
     if (session_.DbName.isEmpty())
         return true;
-    session_.strMsg = texts_(505);
-    operator_.messageBox(session_.strMsg, platform::Buttons::Ok, platform::Icon::Exclamation,
-                         session_.AppTitle);
+    operator_.messageBox(texts_(505), platform::Buttons::Ok, platform::Icon::Exclamation, session_.AppTitle);
     return false;
 }
 

@@ -1,18 +1,11 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+#include "structure/Forward.h"
+
 #include <QObject>
 #include <QString>
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
-namespace structure {
-class Structure;
-}
 
 namespace database {
 

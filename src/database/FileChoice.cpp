@@ -3,6 +3,7 @@
 #include "platform/Operator.h"
 #include "platform/RuntimeError.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QDir>
@@ -30,8 +31,8 @@ std::optional<ChosenPath> chooseFile(const session::Session& session, const sess
     } catch (const platform::RuntimeError& error) {
         if (error.number != platform::errors::kCancelled)
             throw;
-        op.messageBox(error.description + QStringLiteral("\r\n") + texts(502), platform::Buttons::Ok,
-                      platform::Icon::Exclamation, session.AppTitle);
+        op.messageBox(error.description + QStringLiteral("\r\n") + texts(session::rows::kCancelled),
+                      platform::Buttons::Ok, platform::Icon::Exclamation, session.AppTitle);
         return std::nullopt;
     }
 }

@@ -7,6 +7,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QDir>
@@ -61,7 +62,7 @@ std::optional<ChosenPath> Safekeeping::askRestoreTarget(const QString& sourceNam
     });
     if (!target || !(isModelName(target->name) || with_.database.isModel(target->path())))
         return target;
-    refuse(with_.texts(501));
+    refuse(with_.texts(session::rows::kBadFileName));
     return std::nullopt;
 }
 

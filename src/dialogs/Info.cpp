@@ -5,6 +5,7 @@
 #include "platform/Machine.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QLocale>
@@ -90,7 +91,8 @@ QString Info::lblVATNumber() const
 
 QString Info::lblPhoneFax() const
 {
-    return with_.texts(6) % u' ' % row(kTelephone) % u" - " % with_.texts(7) % u' ' % row(kFax);
+    return with_.texts(session::rows::kPhoneLabel) % u' ' % row(kTelephone) % u" - " % with_.texts(7) % u' ' %
+           row(kFax);
 }
 
 QString Info::lblEMail() const

@@ -2,6 +2,7 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 #include <array>
@@ -13,11 +14,6 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 class QTabWidget;
-
-namespace widgets {
-class SpinButtons;
-class TextField;
-} // namespace widgets
 
 namespace dialogs {
 

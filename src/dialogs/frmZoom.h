@@ -2,6 +2,7 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 
@@ -11,10 +12,6 @@ class QMenu;
 class QProgressBar;
 class QStatusBar;
 class QTreeView;
-
-namespace widgets {
-class SortHeader;
-}
 
 namespace dialogs {
 

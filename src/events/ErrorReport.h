@@ -1,15 +1,9 @@
 #pragma once
 
-#include <QString>
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
-namespace platform {
-class Clock;
-class Machine;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-}
+#include <QString>
 
 namespace events {
 

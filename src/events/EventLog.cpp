@@ -20,6 +20,10 @@ namespace {
 
 const QString kStoredDate = QStringLiteral("yyyy-MM-dd HH:mm:ss");
 
+const QString kInsert = QStringLiteral(
+    R"(INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, Description)
+       VALUES (%1, '%2', %3, %4, %5, %6);)");
+
 // A date as it is stored, free of any time zone: an instrument's clock may tell an hour that the summer time
 // here leaves out. A text of another form gives an invalid date.
 QDateTime storedDate(const QString& text)
@@ -92,14 +96,9 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
                              Description, session_.CodePage);
             return;
         }
-        session_.strSQL =
-            QStringLiteral("INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, "
-                           "Description) VALUES(") +
-            QString::number(IDType) + QStringLiteral(", '") + When.toString(kStoredDate) +
-            QStringLiteral("', ") + QString::number(Source) + QStringLiteral(", ") +
-            composeTextOrNull(Equipment) + QStringLiteral(", ") + composeTextOrNull(Instrument) +
-            QStringLiteral(", ") + composeTextOrNull(Description) + QStringLiteral(");");
-        session_.cnDatabase.Execute(session_.strSQL);
+        session_.cnDatabase.Execute(kInsert.arg(
+            QString::number(IDType), When.toString(kStoredDate), QString::number(Source),
+            composeTextOrNull(Equipment), composeTextOrNull(Instrument), composeTextOrNull(Description)));
     });
 }
 

@@ -1,18 +1,12 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <functional>
-
-namespace platform {
-class Clock;
-class Operator;
-class Recordset;
-} // namespace platform
-namespace session {
-struct Session;
-}
 
 namespace events {
 

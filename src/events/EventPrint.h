@@ -1,11 +1,9 @@
 #pragma once
 
+#include "platform/Forward.h"
+
 #include <QDate>
 #include <QString>
-
-namespace platform {
-class Printer;
-}
 
 namespace events {
 

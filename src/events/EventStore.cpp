@@ -2,6 +2,7 @@
 
 #include "events/EventLog.h"
 #include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <cstring>
 
@@ -31,7 +32,7 @@ int shownSource(QByteArrayView source)
 void EventStore::append(const LogLine& line)
 {
     if (rows_.size() >= kMostEvents)
-        platform::fail(kOutOfMemory, QStringLiteral("There are more than %1 events.").arg(kMostEvents));
+        platform::failInWords(kOutOfMemory, "viewer.toomany", {QString::number(kMostEvents)});
     const QByteArrayView texts[] = {line.when == kNoStamp ? line.dateText : QByteArrayView(), line.equipment,
                                     line.instrument, line.description};
     qsizetype bytes = kTextsAt;

@@ -7,6 +7,7 @@
 #include "platform/TextFile.h"
 #include "session/Printing.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "values/NumberMask.h"
 
@@ -192,7 +193,8 @@ bool EventViewer::somethingChecked()
 {
     if (list_.checkedCount() > 0)
         return true;
-    operator_.messageBox(texts_(532), Buttons::Ok, Icon::Information, session_.AppTitle);
+    operator_.messageBox(texts_(session::rows::kSelectRecords), Buttons::Ok, Icon::Information,
+                         session_.AppTitle);
     return false;
 }
 
@@ -206,7 +208,7 @@ void EventViewer::Export_List()
             return;
         session_.DirExport = QDir::toNativeSeparators(QFileInfo(file->name).path());
         writeFile(*file);
-        operator_.messageBox(texts_(509), Buttons::Ok, Icon::Information, session_.AppTitle);
+        operator_.messageBox(texts_(session::rows::kDone), Buttons::Ok, Icon::Information, session_.AppTitle);
     });
 }
 
@@ -214,7 +216,10 @@ void EventViewer::Export_List()
 std::optional<ChosenFile> EventViewer::askFile()
 {
     try {
-        return operator_.saveFile({texts_(248), texts_(249), {}, session::exportFolder(session_)});
+        return operator_.saveFile({texts_(session::rows::kSaveAs),
+                                   texts_(session::rows::kTextFilters),
+                                   {},
+                                   session::exportFolder(session_)});
     } catch (const RuntimeError& error) {
         if (error.number != errors::kCancelled)
             throw;
@@ -256,10 +261,10 @@ void EventViewer::Print_List()
     guarded("frmEventViewer/Print_List", [this] {
         if (!somethingChecked())
             return;
-        const EventPrint pages{texts_(227), session_.CompanySet[session::Company], clock_.now().date(),
-                               texts_(283)};
-        printing_.print(
-            {texts_(227), Orientation::Landscape, [&](Printer& printer) { pages.write(printer, list_); }});
+        const EventPrint pages{texts_(session::rows::kEventViewer), session_.CompanySet[session::Company],
+                               clock_.now().date(), texts_(session::rows::kPage)};
+        printing_.print({texts_(session::rows::kEventViewer), Orientation::Landscape,
+                         [&](Printer& printer) { pages.write(printer, list_); }});
     });
 }
 
@@ -294,9 +299,11 @@ QString EventViewer::unread() const
 
 void EventViewer::relabel()
 {
-    list_.setWords({{texts_(240), texts_(241), texts_(242), texts_(243), texts_(244), texts_(103)},
-                    {QString(), texts_(213), texts_(214), texts_(215)},
-                    {QString(), texts_(225), texts_(226)}});
+    list_.setWords(
+        {{texts_(240), texts_(session::rows::kDate), texts_(242), texts_(session::rows::kEquipment),
+          texts_(session::rows::kInstrument), texts_(session::rows::kDescription)},
+         {QString(), texts_(213), texts_(214), texts_(215)},
+         {QString(), texts_(225), texts_(226)}});
     composeInfo();
 }
 

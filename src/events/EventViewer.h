@@ -3,20 +3,13 @@
 #include "events/EventFilter.h"
 #include "events/EventModel.h"
 #include "events/LogLoad.h"
+#include "platform/Forward.h"
 #include "platform/Operator.h"
+#include "session/Forward.h"
 
 #include <QTimer>
 #include <functional>
 #include <optional>
-
-namespace platform {
-class Clock;
-}
-namespace session {
-class Printing;
-struct Session;
-class Texts;
-} // namespace session
 
 namespace events {
 

@@ -1,15 +1,10 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QStringList>
 #include <functional>
-
-namespace platform {
-class Clock;
-class Operator;
-} // namespace platform
-namespace session {
-struct Session;
-}
 
 namespace events {
 

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QString>
+#include "platform/Forward.h"
 
-namespace platform {
-class Machine;
-}
+#include <QString>
 
 namespace events {
 

@@ -8,6 +8,7 @@
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "widgets/FormLanguage.h"
+#include "widgets/PlainToolTip.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -291,7 +292,7 @@ void frmEventViewer::showState()
     info_->setText(viewer_.info());
     narrowed_->setText(viewer_.narrowed());
     unread_->setText(viewer_.unread());
-    unread_->setToolTip(viewer_.unreadReasons());
+    unread_->setToolTip(widgets::plainToolTip(viewer_.unreadReasons()));
 }
 
 void frmEventViewer::showRows()

@@ -1,17 +1,12 @@
 #pragma once
 
+#include "platform/Forward.h"
+#include "session/Forward.h"
+
 #include <QDialog>
 
 class QLineEdit;
 class QProgressBar;
-
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace events {
 

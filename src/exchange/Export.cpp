@@ -9,6 +9,7 @@
 #include "platform/TextFile.h"
 #include "session/Printing.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
 
@@ -52,7 +53,9 @@ void Export::Export_Item()
         const Selection selection = Selection::ofKey(structure.selectedNode());
         try {
             const platform::ChosenFile chosen = op.saveFile(
-                {texts(248), texts(249) % u'|' % texts(286) % u'|' % texts.own("export.spreadsheet"),
+                {texts(session::rows::kSaveAs),
+                 texts(session::rows::kTextFilters) % u'|' % texts(session::rows::kDataTraceFilter) % u'|' %
+                     texts.own("export.spreadsheet"),
                  QString(), session::exportFolder(session)});
             session.DirExport = QDir::toNativeSeparators(QFileInfo(chosen.name).path());
             const bool written = writeChosen(selection, chosen.name, chosen.filterIndex);

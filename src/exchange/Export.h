@@ -3,10 +3,7 @@
 #include "exchange/ReportLines.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
-
-namespace structure {
-class Structure;
-}
+#include "structure/Forward.h"
 
 namespace exchange {
 

@@ -8,6 +8,7 @@
 #include "session/Helpers.h"
 #include "session/Printing.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Records.h"
 #include "structure/Structure.h"
@@ -36,7 +37,8 @@ void Import::Import_Item()
             const QString folder = session::Exist_Path(session.DirImport)
                                        ? session.DirImport
                                        : session.appFile(QStringLiteral("Log"));
-            const QString path = op.openFile({texts(287), texts(286), QString(), folder});
+            const QString path =
+                op.openFile({texts(287), texts(session::rows::kDataTraceFilter), QString(), folder});
             session.DirImport = QDir::toNativeSeparators(QFileInfo(path).path());
             TraceReader file(path, session.CodePage);
             if (!isAgreed(file))
@@ -46,7 +48,8 @@ void Import::Import_Item()
                 return; // it has told why
             read(file, newGrp);
             showGroup(newGrp);
-            op.messageBox(texts(509), platform::Buttons::Ok, platform::Icon::Information, session.AppTitle);
+            op.messageBox(texts(session::rows::kDone), platform::Buttons::Ok, platform::Icon::Information,
+                          session.AppTitle);
         } catch (const platform::RuntimeError& error) {
             if (error.number != platform::errors::kCancelled)
                 throw;

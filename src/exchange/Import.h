@@ -2,12 +2,9 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "structure/Forward.h"
 
 #include <QString>
-
-namespace structure {
-class Structure;
-}
 
 namespace exchange {
 

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "exchange/TraceReader.h"
+#include "platform/Forward.h"
 #include "session/Forward.h"
 
 #include <QSet>
 #include <QStringList>
-
-namespace platform {
-class Connection;
-}
 
 namespace exchange {
 

@@ -9,6 +9,7 @@
 #include "platform/Printer.h"
 #include "session/Printing.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
 
@@ -101,16 +102,17 @@ void PlantPrint::write(const Selection& selection, platform::Printer& printer) c
 
 QStringList PlantPrint::head(const ReportRow& row) const
 {
-    QString group = with_.texts(243) % u": " % fixed(row.text(ReportRow::GrpName), kGroupNameWidth);
+    QString group =
+        with_.texts(session::rows::kEquipment) % u": " % fixed(row.text(ReportRow::GrpName), kGroupNameWidth);
     if (!row.isNull(ReportRow::Phone))
-        group += with_.texts(6) % u' ' % row.text(ReportRow::Phone);
+        group += with_.texts(session::rows::kPhoneLabel) % u' ' % row.text(ReportRow::Phone);
     return {rule(u'*'), QString(5, u'\t') % with_.session.AppTitle % u" - ZEL Bus", rule(u'-'), group};
 }
 
 QString PlantPrint::instrumentLine(const ReportRow& row) const
 {
-    const QString line =
-        with_.texts(244) % u": " % fixed(row.text(ReportRow::InstName), kInstrumentNameWidth);
+    const QString line = with_.texts(session::rows::kInstrument) % u": " %
+                         fixed(row.text(ReportRow::InstName), kInstrumentNameWidth);
     if (row.isNull(ReportRow::Address))
         return line;
     return line % with_.texts(2) % u' ' % row.text(ReportRow::Address);
@@ -118,7 +120,7 @@ QString PlantPrint::instrumentLine(const ReportRow& row) const
 
 QString PlantPrint::foot(int page) const
 {
-    return u'\t' % with_.clock.now().toString("dd/MM/yyyy") % u'\t' % with_.texts(283) %
+    return u'\t' % with_.clock.now().toString("dd/MM/yyyy") % u'\t' % with_.texts(session::rows::kPage) %
            QString::number(page);
 }
 

@@ -3,16 +3,7 @@
 #include "exchange/ReportRows.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
-
-namespace platform {
-class Printer;
-}
-namespace session {
-class Printing;
-}
-namespace structure {
-class Structure;
-}
+#include "structure/Forward.h"
 
 namespace exchange {
 

@@ -8,10 +8,6 @@
 #include <QString>
 #include <vector>
 
-namespace session {
-class Printing;
-}
-
 namespace exchange {
 
 // What frmPrinters shows and decides: the list of printers with the columns name, port and device, the one

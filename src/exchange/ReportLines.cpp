@@ -2,6 +2,7 @@
 
 #include "exchange/Fields.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 namespace exchange {
@@ -27,7 +28,8 @@ QString stateWord(const session::Texts& texts, int state)
 
 ReportLines::ReportLines(const session::Session& session, const session::Texts& texts, ReportForm form,
                          const QString& time)
-    : form_(form), codePage_(session.CodePage), shown_(session), keyTitle_('[' + texts(101) + ']')
+    : form_(form), codePage_(session.CodePage), shown_(session),
+      keyTitle_('[' + texts(session::rows::kId) + ']')
 {
     addColumns(texts);
     if (form == ReportForm::Spreadsheet)
@@ -36,16 +38,20 @@ ReportLines::ReportLines(const session::Session& session, const session::Texts& 
 
 void ReportLines::addColumns(const session::Texts& texts)
 {
-    add(texts(102) + ' ' + texts(243), 50, ReportRow::GrpName);
-    add(texts(103) + ' ' + texts(243), 255, ReportRow::GrpDes);
-    add(texts(106), 30, ReportRow::Phone);
-    add(texts(102) + ' ' + texts(244), 50, ReportRow::InstName);
-    add(texts(103) + ' ' + texts(244), 255, ReportRow::InstDes);
-    add(texts(244), 16, ReportRow::IDItem);
-    add(texts(105), 16, ReportRow::Address);
-    add(texts(103), 255, ReportRow::ParGrpDes);
+    add(texts(session::rows::kName) + ' ' + texts(session::rows::kEquipment), 50, ReportRow::GrpName);
+    add(texts(session::rows::kDescription) + ' ' + texts(session::rows::kEquipment), 255, ReportRow::GrpDes);
+    add(texts(session::rows::kPhone), 30, ReportRow::Phone);
+    add(texts(session::rows::kName) + ' ' + texts(session::rows::kInstrument), 50, ReportRow::InstName);
+    add(texts(session::rows::kDescription) + ' ' + texts(session::rows::kInstrument), 255,
+        ReportRow::InstDes);
+    add(texts(session::rows::kInstrument), 16, ReportRow::IDItem);
+    add(texts(session::rows::kAddress), 16, ReportRow::Address);
+    add(texts(session::rows::kDescription), 255, ReportRow::ParGrpDes);
     add(texts(145), 255, ReportRow::ParDes);
-    columns_.push_back({texts(107), 255, {ReportRow::IDPar, ReportRow::Value}, [this](const ReportRow& row) {
+    columns_.push_back({texts(session::rows::kValue),
+                        255,
+                        {ReportRow::IDPar, ReportRow::Value},
+                        [this](const ReportRow& row) {
                             return form_ == ReportForm::Text ? shown_.of(row) : shown_.ofForCommas(row);
                         }});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/PrinterChoice.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 
@@ -10,11 +11,6 @@ class QMenu;
 class QPushButton;
 class QToolButton;
 class QTreeView;
-
-namespace widgets {
-class FieldEdit;
-class SortHeader;
-} // namespace widgets
 
 namespace exchange {
 

@@ -1,6 +1,5 @@
 #include "platform/Connection.h"
 
-#include "platform/InsertIntoFile.h"
 #include "platform/OnlineBackup.h"
 #include "platform/RuntimeError.h"
 #include "platform/SqlFailure.h"
@@ -17,8 +16,10 @@ namespace platform {
 namespace {
 
 constexpr int kBusyMilliseconds = 500;
+constexpr int kReaderBusyMilliseconds = 2000;
 // A connection stays in the thread that opened it: the engine needn't lock itself at every field.
-constexpr int kOpenFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+constexpr int kReadWriteFlags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
+constexpr int kReadOnlyFlags = SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX;
 // The engine's own small pieces of memory, enough for what it keeps prepared and one large statement on top.
 constexpr int kLookasideBytes = 1200;
 constexpr int kLookasideSlots = 1000;
@@ -73,21 +74,24 @@ Connection::~Connection()
     Close();
 }
 
-void Connection::Open(const QString& file)
+void Connection::Open(const QString& file, Access access)
 {
+    const bool readOnly = access == Access::ReadOnly;
     if (database_)
         fail(errors::kInvalidCall, QStringLiteral("The connection is open already."));
     path_ = QDir::fromNativeSeparators(file);
     if (!QFileInfo(path_).isFile())
         failInWords(errors::kFileNotFound, "file.missing", {QDir::toNativeSeparators(path_)});
     try {
-        auto database = std::make_unique<SQLite::Database>(QFile::encodeName(path_).toStdString(), kOpenFlags,
-                                                           kBusyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(
+            QFile::encodeName(path_).toStdString(), readOnly ? kReadOnlyFlags : kReadWriteFlags,
+            readOnly ? kReaderBusyMilliseconds : kBusyMilliseconds);
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, kLookasideBytes,
                           kLookasideSlots);
         database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
         database->exec("SELECT Count(*) FROM sqlite_master;");
-        database->exec("PRAGMA journal_mode=DELETE;");
+        if (!readOnly)
+            database->exec("PRAGMA journal_mode=DELETE;");
         addSqlFunctions(*database);
         database_ = std::move(database);
     } catch (const SQLite::Exception& exception) {
@@ -115,8 +119,6 @@ int Connection::Execute(const QString& sql)
 {
     SQLite::Database& engine = database();
     try {
-        if (const auto insert = InsertIntoFile::parse(sql))
-            return insert->run(engine);
         return engine.exec(sql.toStdString());
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);

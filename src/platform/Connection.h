@@ -33,8 +33,15 @@ public:
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
+    // A connection that only reads lets writers pass, and waits longer for them.
+    enum class Access
+    {
+        ReadWrite,
+        ReadOnly
+    };
+
     // `file` is the whole name of the database file.
-    void Open(const QString& file);
+    void Open(const QString& file, Access access = Access::ReadWrite);
     // True when it is closed. While a statement of it still runs it stays open.
     bool Close();
     int State() const;

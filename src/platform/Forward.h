@@ -8,6 +8,7 @@ class Connection;
 class DesktopOperator;
 class Machine;
 class Operator;
+class Printer;
 class Recordset;
 class SerialPort;
 class Timer;

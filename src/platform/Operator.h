@@ -26,7 +26,7 @@ enum class Pointer
     ArrowHourglass = 13
 };
 
-// The answer to a question, with the numbers that `Answer` is compared with.
+// The answer to a question.
 namespace answers {
 constexpr int kOk = 1;
 constexpr int kCancel = 2;

@@ -2,6 +2,7 @@
 
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QApplication>
@@ -31,7 +32,8 @@ void AlarmNotice::tell(QWidget& window, const QStringList& calls)
     const bool inBackground = QApplication::activeWindow() == nullptr;
     if (inBackground)
         announce_(session_.AppTitle,
-                  (QStringList{texts_(582)} + calls + QStringList{texts_(585)}).join('\n'));
+                  (QStringList{texts_(session::rows::kAlarmsReceived)} + calls + QStringList{texts_(585)})
+                      .join('\n'));
 }
 
 void AlarmNotice::showOnDesktop(const QString& title, const QString& text)

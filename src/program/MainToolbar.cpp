@@ -46,7 +46,7 @@ MainToolbar::MainToolbar(const Session& session, const Texts& texts, const Comma
         widgetForAction(button)->setObjectName(command.key);
     }
     makeViewMenu();
-    mnuTlb_ = MenuSet::makeMenu({"mnuTlb", 0, {}, offeredEntries(popupToolbar(), handlers)}, this, handlers);
+    mnuTlb_ = MenuSet::makeMenu({"mnuTlb", 0, {}, popupToolbar()}, this, handlers);
     connect(&states, &CommandStates::changed, this, &MainToolbar::refresh);
     refresh();
 }
@@ -86,10 +86,10 @@ void MainToolbar::contextMenuEvent(QContextMenuEvent* event)
 void MainToolbar::refresh()
 {
     setIconSize(session_.ToolbarSet.Icons != 0 ? kLargeIcons : kSmallIcons);
-    const QStringList offered = offeredButtons(handlers_, session_.ToolbarSet.View != 0);
+    const QStringList shown = shownButtons(session_.ToolbarSet.View != 0);
     for (QAction* button : actions()) {
         const QString key = button->objectName();
-        button->setVisible(offered.contains(key));
+        button->setVisible(shown.contains(key));
         button->setEnabled(states_.buttonEnabled(key));
         button->setCheckable(key == "Tree");
         button->setChecked(key == "Tree" && states_.marked(key));

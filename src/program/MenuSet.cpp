@@ -40,9 +40,9 @@ QString tagOf(const MenuEntry& entry)
 MenuSet::MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, CommandStates& states)
     : QObject(form), place_(place), states_(states)
 {
-    for (const MenuEntry& menu : offeredEntries(menuBar(place), handlers))
+    for (const MenuEntry& menu : menuBar(place))
         bar_ << makeMenu(menu, form, handlers);
-    mnuBus_ = makeMenu({"mnuBus", 0, {}, offeredEntries(popupBus(place), handlers)}, form, handlers);
+    mnuBus_ = makeMenu({"mnuBus", 0, {}, popupBus(place)}, form, handlers);
     mnuBus_->setDefaultAction(mnuBus_->findChild<QAction*>("mnuBusProperty"));
     connect(&states, &CommandStates::changed, this, &MenuSet::refresh);
     refresh();

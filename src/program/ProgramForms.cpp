@@ -20,7 +20,6 @@
 #include "program/Program.h"
 #include "program/frmMain.h"
 #include "program/frmPresentation.h"
-#include "program/frmVideoProperty.h"
 #include "property/frmProperty.h"
 #include "property/frmPropertyCopy.h"
 #include "structure/frmFind.h"
@@ -36,7 +35,6 @@ void Program::registerForms()
 {
     const auto& [session, texts, op, clock, port, printers] = with_;
     with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
-    with_.op.registerForm("frmVideoProperty", [&] { return new frmVideoProperty(session); });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
     with_.op.registerForm("frmMessage",

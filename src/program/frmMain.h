@@ -1,23 +1,15 @@
 #pragma once
 
+#include "bus/Forward.h"
 #include "platform/Forward.h"
 #include "session/Commands.h"
 #include "session/Forward.h"
+#include "structure/Forward.h"
 
 #include <QMainWindow>
 
 class QSplitter;
 class QStackedWidget;
-
-namespace bus {
-class StatusPanels;
-}
-namespace structure {
-class PlantDrag;
-class Structure;
-class frmListBus;
-class frmTreeBus;
-} // namespace structure
 
 namespace program {
 

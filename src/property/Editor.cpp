@@ -1,6 +1,7 @@
 #include "property/Editor.h"
 
 #include "platform/Connection.h"
+#include "platform/Words.h"
 #include "property/GroupEditor.h"
 #include "property/InstrumentEditor.h"
 #include "property/ParameterEditor.h"
@@ -31,9 +32,7 @@ void EditorBase::allow(std::initializer_list<Field> fields, bool editable) const
 void Editor::write(const QString& statement) const
 {
     if (with_.session.cnDatabase.Execute(statement) == 0)
-        platform::fail(
-            platform::errors::kNoCurrentRecord,
-            QStringLiteral("The element '%1' is no longer in the company.").arg(with_.element.key));
+        platform::failInWords(platform::errors::kNoCurrentRecord, "element.gone", {with_.element.key});
 }
 
 std::unique_ptr<Editor> makeEditor(const EditorTools& with)
@@ -54,8 +53,7 @@ std::unique_ptr<Editor> makeEditor(const EditorTools& with)
 
 void failWithoutRow(const Element& element)
 {
-    platform::fail(platform::errors::kNoCurrentRecord,
-                   QStringLiteral("Company or catalogue hold no data of '%1'.").arg(element.key));
+    platform::failInWords(platform::errors::kNoCurrentRecord, "element.nodata", {element.key});
 }
 
 } // namespace property

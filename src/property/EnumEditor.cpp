@@ -1,5 +1,6 @@
 #include "property/EnumEditor.h"
 
+#include "platform/Words.h"
 #include "property/CatalogueSearch.h"
 #include "property/Checks.h"
 #include "session/Int16.h"
@@ -12,8 +13,7 @@ std::optional<platform::RuntimeError> EnumEditor::fill(const std::optional<QStri
     const QString& IDPar = with_.element.ids.IDPar;
     try {
         if (!value)
-            platform::fail(platform::errors::kTypeMismatch,
-                           QStringLiteral("The parameter %1 has no value yet.").arg(IDPar));
+            platform::failInWords(platform::errors::kTypeMismatch, "parameter.novalue", {IDPar});
         with_.controls.listIndex = offer(session::toInt16(*value));
     } catch (const platform::RuntimeError& error) {
         return error;

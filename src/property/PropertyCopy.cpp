@@ -7,6 +7,7 @@
 #include "property/PropertyModel.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
 
@@ -193,7 +194,8 @@ bool PropertyCopy::mayCopy(int blocks)
 {
     using namespace platform;
     if (blocks == 0) {
-        operator_.messageBox(texts_(532), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+        operator_.messageBox(texts_(session::rows::kSelectRecords), Buttons::Ok, Icon::Exclamation,
+                             session_.AppTitle);
         return false;
     }
     if (blocks == 1)

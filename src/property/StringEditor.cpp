@@ -2,6 +2,7 @@
 
 #include "platform/Recordset.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QStringBuilder>
@@ -12,7 +13,8 @@ std::optional<platform::RuntimeError> StringEditor::fill(const std::optional<QSt
 {
     const platform::Recordset& rsParam = with_.session.rsParam;
     with_.controls.txtValStr1.limit = rsParam.number("mSize");
-    with_.controls.lblRange2.text = with_.texts(203) % u' ' % rsParam.text("mSize") % u' ' % with_.texts(204);
+    with_.controls.lblRange2.text = with_.texts(session::rows::kAtMost) % u' ' % rsParam.text("mSize") %
+                                    u' ' % with_.texts(session::rows::kCharacters);
     with_.controls.txtValStr1.text = value.value_or(QString());
     return {};
 }

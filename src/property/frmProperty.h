@@ -2,6 +2,7 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 #include <QHash>
@@ -11,11 +12,6 @@ class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
-
-namespace widgets {
-class FieldEdit;
-class SpinButtons;
-} // namespace widgets
 
 namespace property {
 

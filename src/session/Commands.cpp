@@ -178,44 +178,14 @@ void CommandHandlers::run(const QString& command) const
         found->second();
 }
 
-QStringList offeredButtons(const CommandHandlers& handlers, bool completeView)
+QStringList shownButtons(bool completeView)
 {
-    QStringList offered;
-    QString separator; // waits for a button behind it
+    QStringList shown;
     for (const ToolbarCommand& command : toolbarCommands()) {
-        if (!completeView && !command.inReducedView)
-            continue;
-        if (command.isSeparator()) {
-            separator = offered.isEmpty() ? QString() : command.key;
-        } else if (handlers.has(command.key)) {
-            if (!separator.isEmpty())
-                offered << separator;
-            separator.clear();
-            offered << command.key;
-        }
+        if (completeView || command.inReducedView)
+            shown << command.key;
     }
-    return offered;
-}
-
-std::vector<MenuEntry> offeredEntries(const std::vector<MenuEntry>& menu, const CommandHandlers& handlers)
-{
-    std::vector<MenuEntry> offered;
-    bool separate = false;
-    for (const MenuEntry& entry : menu) {
-        if (entry.isSeparator()) {
-            separate = !offered.empty();
-            continue;
-        }
-        MenuEntry kept = entry;
-        kept.entries = offeredEntries(entry.entries, handlers);
-        if (kept.entries.empty() && !handlers.has(entry.command))
-            continue;
-        if (separate)
-            offered.push_back(kSeparator);
-        separate = false;
-        offered.push_back(kept);
-    }
-    return offered;
+    return shown;
 }
 
 } // namespace session

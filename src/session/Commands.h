@@ -53,7 +53,7 @@ std::vector<MenuEntry> popupBus(Place place);
 // The popup mnuTlb of the toolbar.
 std::vector<MenuEntry> popupToolbar();
 
-// What the program can do so far: command -> procedure. A button or an entry is offered only with a handler.
+// The procedure behind each command.
 class CommandHandlers
 {
 public:
@@ -64,7 +64,7 @@ public:
     bool has(const QString& command) const { return handlers_.contains(command); }
     // What is asked before each command, on whatever path it was called.
     void onlyIf(std::function<bool(const QString& command)> permitted) { permitted_ = std::move(permitted); }
-    // Runs the command; one without a handler, or one that isn't permitted, does nothing.
+    // Runs the command; one that isn't permitted does nothing.
     void run(const QString& command) const;
 
 private:
@@ -72,10 +72,7 @@ private:
     std::map<QString, std::function<void()>> handlers_;
 };
 
-// The buttons that stand on the toolbar: those with a handler that the view shows, and the separators between
-// them.
-QStringList offeredButtons(const CommandHandlers& handlers, bool completeView);
-// A menu without the entries that nothing handles yet, and without separators that part nothing.
-std::vector<MenuEntry> offeredEntries(const std::vector<MenuEntry>& menu, const CommandHandlers& handlers);
+// The buttons and separators that the complete or the reduced view of the toolbar shows.
+QStringList shownButtons(bool completeView);
 
 } // namespace session

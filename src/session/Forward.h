@@ -9,6 +9,7 @@ class Lookup;
 class Main;
 class Printing;
 class Texts;
+struct COMPortSettings;
 struct Session;
 struct UserRecord;
 

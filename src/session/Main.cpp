@@ -7,6 +7,7 @@
 #include "session/Helpers.h"
 #include "session/Level.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QDir>
@@ -59,20 +60,19 @@ bool Main::start()
         applyFirstRunDefaults(session_);
         takeFirstRunMarkers();
     }
+    platform::awaitRoomInTheDay(clock_, 2);
     Wait_Seconds(clock_, 2);
     operator_.unloadForm("frmPresentation");
 
     if (services_.anotherInstanceRuns()) {
-        session_.strMsg = texts_(580) + "\r\n" + texts_(581);
-        operator_.messageBox(session_.strMsg, Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+        operator_.messageBox(texts_(580) + "\r\n" + texts_(581), Buttons::Ok, Icon::Exclamation,
+                             session_.AppTitle);
         return false;
     }
     if (services_.folderIsClosed())
         operator_.messageBox(texts_.own("start.closed").arg(QDir::toNativeSeparators(session_.AppPath)),
                              Buttons::Ok, Icon::Exclamation, session_.AppTitle);
 
-    operator_.showForm("frmVideoProperty");
-    operator_.unloadForm("frmVideoProperty");
     operator_.showForm("frmMain");
     openLastCompany();
     if (left_)
@@ -114,7 +114,8 @@ void Main::LogInOut()
 {
     platform::guarded("Module/LogInOut", [&] {
         if (session_.DbName.isEmpty()) {
-            operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+            operator_.messageBox(texts_(rows::kNoCompanyOpen), Buttons::Ok, Icon::Exclamation,
+                                 session_.AppTitle);
             return;
         }
         if (!confirmed(texts_(513) + "\r\n" + texts_(514)))
@@ -162,7 +163,8 @@ void Main::Close_Database()
 {
     platform::guarded("Module/Close_Database", [&] {
         if (session_.DbName.isEmpty()) {
-            operator_.messageBox(texts_(504), Buttons::Ok, Icon::Exclamation, session_.AppTitle);
+            operator_.messageBox(texts_(rows::kNoCompanyOpen), Buttons::Ok, Icon::Exclamation,
+                                 session_.AppTitle);
             return;
         }
         if (!confirmed(texts_(503)))
@@ -212,8 +214,8 @@ bool Main::confirmedLeaving()
 
 bool Main::confirmed(const QString& question)
 {
-    session_.Answer = operator_.messageBox(question, Buttons::YesNo, Icon::Question, session_.AppTitle);
-    return session_.Answer == platform::answers::kYes;
+    return operator_.messageBox(question, Buttons::YesNo, Icon::Question, session_.AppTitle) ==
+           platform::answers::kYes;
 }
 
 } // namespace session

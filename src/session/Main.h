@@ -1,13 +1,10 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "platform/Operator.h"
 
 #include <QString>
 #include <functional>
-
-namespace platform {
-class Clock;
-}
 
 namespace session {
 

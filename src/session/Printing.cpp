@@ -4,6 +4,7 @@
 #include "platform/RuntimeError.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 
 #include <QDir>
@@ -94,7 +95,8 @@ QString Printing::askFile(const QString& title) const
     for (const QChar character : kForbidden)
         name.remove(character);
     return operator_
-        .saveFile({texts_(248), QStringLiteral("PDF (*.pdf)|*.pdf"), name + ".pdf", exportFolder(session_)})
+        .saveFile({texts_(rows::kSaveAs), QStringLiteral("PDF (*.pdf)|*.pdf"), name + ".pdf",
+                   exportFolder(session_)})
         .name;
 }
 
@@ -105,7 +107,8 @@ QString exportFolder(const Session& session)
 
 void tellCancelled(const Session& session, const Texts& texts, platform::Operator& op)
 {
-    op.messageBox(texts(502), platform::Buttons::Ok, platform::Icon::Exclamation, session.AppTitle);
+    op.messageBox(texts(rows::kCancelled), platform::Buttons::Ok, platform::Icon::Exclamation,
+                  session.AppTitle);
 }
 
 } // namespace session

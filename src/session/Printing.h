@@ -1,13 +1,10 @@
 #pragma once
 
+#include "platform/Forward.h"
 #include "platform/Printer.h"
 
 #include <functional>
 #include <optional>
-
-namespace platform {
-class Operator;
-}
 
 namespace session {
 

@@ -119,11 +119,6 @@ struct Session
     QString DbVersion;
 
     platform::Recordset rsInstrument, rsParam, rsParamEnum, rsInstMem, rsUsers; // open while connected
-    platform::Recordset rsWork; // opened and closed by each job
-
-    QString strSQL, strMsg;
-    int Answer = 0; // of the last question: one of platform::answers
-    bool DialogOk = false;
 
     ToolbarSettings ToolbarSet;
     ListBusSettings ListBusSet;
@@ -138,7 +133,6 @@ struct Session
 
     int ClipOperation = ClipNothing;
     QString ClipKey;
-    double TitlebarHeight = 0;
 
     // A path below the application folder, given with forward slashes.
     QString appFile(const QString& below) const { return AppPath + QLatin1Char('/') + below; }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/Connection.h"
+#include "platform/Statement.h"
+
 #include <QString>
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <atomic>
 #include <functional>
 #include <optional>
@@ -22,7 +24,7 @@ class CompanyReader
 public:
     explicit CompanyReader(const QString& file);
 
-    using Row = std::function<void(SQLite::Statement&)>;
+    using Row = std::function<void(const platform::Statement&)>;
 
     // Runs a statement and hands over each row.
     void eachRow(const QString& sql, const Row& take);
@@ -35,12 +37,11 @@ public:
     static constexpr int kRowsInSlice = 2000;
 
 private:
-    QString file_;
-    SQLite::Database database_;
+    platform::Connection company_;
 };
 
-std::string_view bytesOf(SQLite::Statement& row, int column);
-QString textOf(SQLite::Statement& row, int column); // NULL is ""
-std::optional<QString> textOrNull(SQLite::Statement& row, int column);
+std::string_view bytesOf(const platform::Statement& row, int column);
+QString textOf(const platform::Statement& row, int column); // NULL is ""
+std::optional<QString> textOrNull(const platform::Statement& row, int column);
 
 } // namespace structure

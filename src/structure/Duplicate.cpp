@@ -3,6 +3,7 @@
 #include "platform/Connection.h"
 #include "platform/Guard.h"
 #include "platform/Recordset.h"
+#include "platform/Words.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "structure/ParamGroupNodes.h"
@@ -118,8 +119,7 @@ bool Duplicator::duplicateGroup(const QString& source)
 void Duplicator::copyOne(const QString& sql)
 {
     if (session_.cnDatabase.Execute(sql) != 1)
-        platform::fail(platform::errors::kItemNotFound,
-                       QStringLiteral("The element to copy is not there any more."));
+        platform::failInWords(platform::errors::kItemNotFound, "copy.gone");
 }
 
 void Duplicator::copyAll(const QString& sql)

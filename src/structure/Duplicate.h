@@ -1,13 +1,9 @@
 #pragma once
 
-#include <QString>
+#include "platform/Forward.h"
+#include "session/Forward.h"
 
-namespace platform {
-class Operator;
-}
-namespace session {
-struct Session;
-}
+#include <QString>
 
 namespace structure {
 

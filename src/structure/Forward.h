@@ -4,10 +4,13 @@
 namespace structure {
 
 class ListModel;
+class PlantDrag;
 class PlantEditor;
 class Records;
 class Structure;
 class TreeModel;
+class frmListBus;
+class frmTreeBus;
 struct ListItem;
 
 } // namespace structure

@@ -1,10 +1,7 @@
 #pragma once
 
+#include "session/Forward.h"
 #include "structure/NodeKey.h"
-
-namespace session {
-struct Session;
-}
 
 namespace structure {
 

@@ -47,8 +47,9 @@ ParameterWords::ParameterWords(CompanyReader& company, const QString& language)
     readChoices(company, code);
     static const QString kStatement =
         QStringLiteral("SELECT mID, mDesc FROM tbParamGroupLanguage WHERE (mKeyLang = %1);");
-    company.eachRow(kStatement.arg(code),
-                    [this](SQLite::Statement& row) { groups_.emplace(bytesOf(row, 0), textOf(row, 1)); });
+    company.eachRow(kStatement.arg(code), [this](const platform::Statement& row) {
+        groups_.emplace(bytesOf(row, 0), textOf(row, 1));
+    });
 }
 
 void ParameterWords::readParameters(CompanyReader& company, const QString& code)
@@ -60,7 +61,7 @@ void ParameterWords::readParameters(CompanyReader& company, const QString& code)
                  INNER JOIN tbParamType ON tbParam.mKeyType = tbParamType.mID)
                  INNER JOIN tbParamLanguage ON tbParam.mID = tbParamLanguage.mID
            WHERE (tbParamLanguage.mKeyLang = %1);)");
-    company.eachRow(kStatement.arg(code), [this](SQLite::Statement& row) {
+    company.eachRow(kStatement.arg(code), [this](const platform::Statement& row) {
         const values::ValueForm form{values::kindOf(textOf(row, 3)), textOf(row, 4), textOrNull(row, 5)};
         parameters_.emplace(bytesOf(row, 0),
                             ParameterWord{textOf(row, 1), textOf(row, 2), form, {}, int(parameters_.size())});
@@ -75,10 +76,10 @@ void ParameterWords::readChoices(CompanyReader& company, const QString& code)
                 INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID
            WHERE (tbParamEnumLanguage.mKeyLang = %1)
            ORDER BY tbParamEnum.mID;)");
-    company.eachRow(kStatement.arg(code), [this](SQLite::Statement& row) {
+    company.eachRow(kStatement.arg(code), [this](const platform::Statement& row) {
         const auto parameter = parameters_.find(bytesOf(row, 0));
         if (parameter != parameters_.end())
-            parameter->second.choices.emplace(row.getColumn(1).getInt(), textOf(row, 2));
+            parameter->second.choices.emplace(int(row.integer(1)), textOf(row, 2));
     });
 }
 

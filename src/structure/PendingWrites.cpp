@@ -50,8 +50,8 @@ std::vector<Pending> read(CompanyReader& company, const QString& language, const
            LIMIT ?;)");
     const ParameterWords words(company, language);
     std::vector<Pending> writes;
-    company.eachRowInSlices(kStatement, 3, stop, [&](SQLite::Statement& row) {
-        if (row.getColumn(5).getInt() != int(values::ParamState::Changed))
+    company.eachRowInSlices(kStatement, 3, stop, [&](const platform::Statement& row) {
+        if (int(row.integer(5)) != int(values::ParamState::Changed))
             return;
         const ParameterWord* word = words.parameter(bytesOf(row, 2));
         const QString* group = words.group(bytesOf(row, 3));
@@ -59,8 +59,8 @@ std::vector<Pending> read(CompanyReader& company, const QString& language, const
             return;
         writes.push_back(
             {{},
-             row.getColumn(0).getInt(),
-             row.getColumn(1).getInt(),
+             int(row.integer(0)),
+             int(row.integer(1)),
              textOf(row, 3),
              {parameterKey(textOf(row, 0), textOf(row, 1), textOf(row, 3), textOf(row, 2)), word->name,
               word->shown(textOrNull(row, 4)), *group, int(Image::ParameterChanged)}});

@@ -3,6 +3,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/PlantEditor.h"
 #include "structure/Structure.h"
@@ -105,7 +106,8 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
         with_.op.messageBox(with_.texts.own(QStringLiteral("move.both")), Buttons::Ok, Icon::Exclamation,
                             session.AppTitle);
     else if (copied)
-        with_.op.messageBox(with_.texts(509), Buttons::Ok, Icon::Information, session.AppTitle);
+        with_.op.messageBox(with_.texts(session::rows::kDone), Buttons::Ok, Icon::Information,
+                            session.AppTitle);
 }
 
 } // namespace structure

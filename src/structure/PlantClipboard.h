@@ -1,10 +1,7 @@
 #pragma once
 
+#include "session/Forward.h"
 #include "structure/Duplicate.h"
-
-namespace session {
-class Texts;
-}
 
 namespace structure {
 

@@ -1,12 +1,9 @@
 #pragma once
 
+#include "session/Forward.h"
+
 #include <QObject>
 #include <QString>
-
-namespace session {
-struct Session;
-class Texts;
-} // namespace session
 
 namespace structure {
 

@@ -5,6 +5,7 @@
 #include "session/Helpers.h"
 #include "session/Lookup.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Image.h"
 #include "structure/Structure.h"
@@ -107,7 +108,7 @@ QString PlantEditor::chooseType()
                          FROM tbInstrument
                               INNER JOIN tbInstrumentLanguage
                               ON tbInstrument.mTag = tbInstrumentLanguage.mID)")
-                      .arg(with_.texts(101), with_.texts(103));
+                      .arg(with_.texts(session::rows::kId), with_.texts(session::rows::kDescription));
     zoom.Where = QStringLiteral("(mTag <> 'ALIEN') AND (mKeyLang = %1)")
                      .arg(Compose_SqlText(with_.session.Language.Code));
     zoom.OrderBy = QStringLiteral("mTag");

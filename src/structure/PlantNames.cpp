@@ -13,7 +13,7 @@ const PlantNames::Names& PlantNames::above(const QString& IDGrp, const QString& 
         IDGrp_ = IDGrp;
         IDInst_ = IDInst;
         names_ = {};
-        company_.eachRow(kStatement.arg(IDGrp, IDInst), [this](SQLite::Statement& row) {
+        company_.eachRow(kStatement.arg(IDGrp, IDInst), [this](const platform::Statement& row) {
             names_ = {textOf(row, 0), textOf(row, 1)};
         });
     }

@@ -27,7 +27,7 @@ public:
     }
 
     // A row of IDGrp, IDInst, IDPar, IDParGrp, Value.
-    bool isFound(SQLite::Statement& row)
+    bool isFound(const platform::Statement& row)
     {
         const ParameterWord* word = words_.parameter(bytesOf(row, 2));
         if (!word || !words_.group(bytesOf(row, 3)))
@@ -46,9 +46,9 @@ private:
         std::unordered_map<std::string, bool, IdHash, std::equal_to<>> values;
     };
 
-    bool isValueFound(const ParameterWord& word, Known& known, SQLite::Statement& row)
+    bool isValueFound(const ParameterWord& word, Known& known, const platform::Statement& row)
     {
-        if (row.isColumnNull(4)) {
+        if (row.kind(4) == platform::Statement::Kind::Null) {
             if (!known.unknownValue)
                 known.unknownValue = needle_.isIn(word.shown({}));
             return *known.unknownValue;
@@ -105,7 +105,7 @@ private:
     }
 
     // Whether one of some columns of a row holds the needle.
-    bool holds(SQLite::Statement& row, std::initializer_list<int> columns) const
+    bool holds(const platform::Statement& row, std::initializer_list<int> columns) const
     {
         return std::any_of(columns.begin(), columns.end(),
                            [&](int column) { return needle_.isIn(bytesOf(row, column)); });
@@ -113,7 +113,8 @@ private:
 
     // Of some columns the first that holds the needle, when neither the name nor the one that is shown anyway
     // does.
-    QString telling(SQLite::Statement& row, int name, int usual, std::initializer_list<int> others) const
+    QString telling(const platform::Statement& row, int name, int usual,
+                    std::initializer_list<int> others) const
     {
         if (!holds(row, {name, usual})) {
             for (const int other : others) {
@@ -133,8 +134,8 @@ private:
                ORDER BY IDGrp
                LIMIT ?;)");
         std::vector<Found> found;
-        company_.eachRowInSlices(kStatement, 1, stop_, [&](SQLite::Statement& row) {
-            groupNames_.insert(row.getColumn(0).getInt(), textOf(row, 1));
+        company_.eachRowInSlices(kStatement, 1, stop_, [&](const platform::Statement& row) {
+            groupNames_.insert(int(row.integer(0)), textOf(row, 1));
             if (holds(row, {1, 2, 3}))
                 found.push_back({{groupKey(textOf(row, 0)), textOf(row, 1), telling(row, 1, 2, {3}),
                                   kRootCaption, int(Image::Group)},
@@ -152,10 +153,10 @@ private:
                ORDER BY IDGrp, IDInst
                LIMIT ?;)");
         std::vector<Found> found;
-        company_.eachRowInSlices(kStatement, 2, stop_, [&](SQLite::Statement& row) {
+        company_.eachRowInSlices(kStatement, 2, stop_, [&](const platform::Statement& row) {
             if (!holds(row, {2, 3, 4, 5}))
                 return;
-            const QString group = groupNames_.value(row.getColumn(0).getInt());
+            const QString group = groupNames_.value(int(row.integer(0)));
             found.push_back({{instrumentKey(textOf(row, 0), textOf(row, 1)), textOf(row, 2),
                               telling(row, 2, 3, {4, 5}), group, int(Image::Instrument)},
                              group});
@@ -172,7 +173,7 @@ private:
                ORDER BY IDGrp, IDInst, IDPar
                LIMIT ?;)");
         std::vector<ListItem> found;
-        company_.eachRowInSlices(kStatement, 3, stop_, [&](SQLite::Statement& row) {
+        company_.eachRowInSlices(kStatement, 3, stop_, [&](const platform::Statement& row) {
             if (!judge_.isFound(row))
                 return;
             if (found.size() < std::size_t(kMostOfAKind))
@@ -188,12 +189,12 @@ private:
         }
     }
 
-    ListItem parameterItem(SQLite::Statement& row) const
+    ListItem parameterItem(const platform::Statement& row) const
     {
         const ParameterWord& word = *words_.parameter(bytesOf(row, 2));
         return {parameterKey(textOf(row, 0), textOf(row, 1), textOf(row, 3), textOf(row, 2)), word.name,
                 word.shown(textOrNull(row, 4)), *words_.group(bytesOf(row, 3)),
-                imageOfState(row.getColumn(5).getInt())};
+                imageOfState(int(row.integer(5)))};
     }
 
     CompanyReader company_;

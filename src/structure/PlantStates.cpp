@@ -6,6 +6,7 @@
 #include "platform/Recordset.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/ParamGroupNodes.h"
 #include "structure/Structure.h"
@@ -172,8 +173,9 @@ bool PlantStates::confirmed(int question)
 
 void PlantStates::tellDone(const QString& more)
 {
-    operator_.messageBox(more.isEmpty() ? texts_(509) : texts_(509) % u"\r\n" % more, platform::Buttons::Ok,
-                         platform::Icon::Information, session_.AppTitle);
+    operator_.messageBox(more.isEmpty() ? texts_(session::rows::kDone)
+                                        : texts_(session::rows::kDone) % u"\r\n" % more,
+                         platform::Buttons::Ok, platform::Icon::Information, session_.AppTitle);
 }
 
 } // namespace structure

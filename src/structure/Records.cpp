@@ -2,6 +2,7 @@
 
 #include "platform/Connection.h"
 #include "platform/Guard.h"
+#include "platform/Words.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "structure/NodeKey.h"
@@ -126,8 +127,7 @@ void Records::requireType(const QString& tag)
     types.Open(QStringLiteral("SELECT mID FROM tbInstrument WHERE (mTag = %1);").arg(Compose_SqlText(tag)),
                session_.cnDatabase);
     if (types.Eof())
-        platform::fail(platform::errors::kItemNotFound,
-                       QStringLiteral("The catalogue holds no type '%1'.").arg(tag));
+        platform::failInWords(platform::errors::kItemNotFound, "catalogue.notype", {tag});
 }
 
 // Removing

@@ -3,6 +3,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Image.h"
 
@@ -272,20 +273,22 @@ void Structure::endFilling()
 void Structure::Set_ColName_ListBus(int level)
 {
     guarded("Module/Set_ColName_ListBus", [&] {
-        const QString name = texts_(102);
+        const QString name = texts_(session::rows::kName);
         switch (level) {
         case kNoSelection:
         case kInstrument:
             list_.setColumnCaptions({name, QString(), QString()});
             break;
         case kRoot:
-            list_.setColumnCaptions({name, texts_(106), texts_(103)});
+            list_.setColumnCaptions(
+                {name, texts_(session::rows::kPhone), texts_(session::rows::kDescription)});
             break;
         case kGroup:
-            list_.setColumnCaptions({name, texts_(105), texts_(103)});
+            list_.setColumnCaptions(
+                {name, texts_(session::rows::kAddress), texts_(session::rows::kDescription)});
             break;
         case kParamGroup:
-            list_.setColumnCaptions({name, texts_(107), QString()});
+            list_.setColumnCaptions({name, texts_(session::rows::kValue), QString()});
             break;
         default:
             break;

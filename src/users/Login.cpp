@@ -4,6 +4,7 @@
 #include "platform/Operator.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "users/UserTable.h"
 
@@ -91,8 +92,8 @@ void Login::cmdDisconnect_Click()
 {
     guarded("frmLogInOut.cmdDisconnect_Click", [&] {
         if (with_.session.DbName.isEmpty()) {
-            with_.op.messageBox(with_.texts(504), platform::Buttons::Ok, platform::Icon::Exclamation,
-                                with_.session.AppTitle);
+            with_.op.messageBox(with_.texts(session::rows::kNoCompanyOpen), platform::Buttons::Ok,
+                                platform::Icon::Exclamation, with_.session.AppTitle);
             return;
         }
         with_.verbs.Disconnect_Database();

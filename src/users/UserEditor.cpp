@@ -6,6 +6,7 @@
 #include "session/Lookup.h"
 #include "session/Printing.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "users/UserFields.h"
 #include "users/UserPrintout.h"
@@ -154,10 +155,10 @@ void UserEditor::txtIDUser_LostFocus()
 QString UserEditor::lookedUp()
 {
     session::ZoomSettings zoom;
-    zoom.Caption = with_.texts(46);
+    zoom.Caption = with_.texts(session::rows::kOperators);
     zoom.Connection = with_.session.ConnectionString;
-    zoom.Select =
-        u"SELECT IDUser AS " % with_.texts(101) % u", Name AS " % with_.texts(102) % u" FROM tbUsers";
+    zoom.Select = u"SELECT IDUser AS " % with_.texts(session::rows::kId) % u", Name AS " %
+                  with_.texts(session::rows::kName) % u" FROM tbUsers";
     zoom.OrderBy = kIDUser;
     zoom.KeyField = kIDUser;
     zoom.NameField = kName;

@@ -3,6 +3,7 @@
 #include "platform/PrintedPages.h"
 #include "platform/Recordset.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "users/UserFields.h"
 #include "users/UserTable.h"
@@ -46,7 +47,8 @@ QStringList UserPrintout::record(const platform::Recordset& row) const
 
 QStringList UserPrintout::head() const
 {
-    return {QString(kRuleWidth, u'*'), u"\t\t\t\t" % session_.AppTitle % u" - " % texts_(46),
+    return {QString(kRuleWidth, u'*'),
+            u"\t\t\t\t" % session_.AppTitle % u" - " % texts_(session::rows::kOperators),
             QString(kRuleWidth, u'-')};
 }
 
@@ -54,9 +56,11 @@ platform::PrintReport UserPrintout::report(const std::vector<QStringList>& recor
 {
     platform::PrintedPages::Look look;
     if (numbered)
-        look.foot = [page = texts_(283)](int number) -> QString { return page % QString::number(number); };
+        look.foot = [page = texts_(session::rows::kPage)](int number) -> QString {
+            return page % QString::number(number);
+        };
     platform::PrintReport report;
-    report.title = texts_(46);
+    report.title = texts_(session::rows::kOperators);
     report.write = [records, look, head = head()](platform::Printer& paper) {
         paper.setFont(QStringLiteral("Courier New"));
         platform::PrintedPages pages(paper, look);

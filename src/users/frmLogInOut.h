@@ -2,16 +2,13 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 
 class QComboBox;
 class QLabel;
 class QPushButton;
-
-namespace widgets {
-class TextField;
-}
 
 namespace users {
 

@@ -4,6 +4,7 @@
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "users/UserEditor.h"
 #include "users/UserFields.h"
@@ -315,9 +316,11 @@ void frmUsers::showInfo()
 {
     const QLineEdit* field = activeField();
     platform::guarded("Module/Set_Language", [&] {
-        info_->setText(
-            field ? QStringLiteral("%1 %2 %3").arg(texts_(203)).arg(field->maxLength()).arg(texts_(204))
-                  : QString());
+        info_->setText(field ? QStringLiteral("%1 %2 %3")
+                                   .arg(texts_(session::rows::kAtMost))
+                                   .arg(field->maxLength())
+                                   .arg(texts_(session::rows::kCharacters))
+                             : QString());
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 #include <QHash>
@@ -16,10 +17,6 @@ class QMenu;
 class QMenuBar;
 class QStatusBar;
 class QToolBar;
-
-namespace widgets {
-class TextField;
-}
 
 namespace users {
 

@@ -20,12 +20,12 @@ QString text(qint16 speed, qint16 parity, qint16 dataBit, qint16 stopBit)
     return settingsText(port);
 }
 
-TEST(LineSettingsTest, SpeedParityDataBitsAndStopBitsInThisOrder)
+TEST(SettingsTextTest, SpeedParityDataBitsAndStopBitsInThisOrder)
 {
     EXPECT_EQ(text(5, 2, 3, 0), "9600,N,8,1");
 }
 
-TEST(LineSettingsTest, EveryEntryOfTheSpeedTable)
+TEST(SettingsTextTest, EveryEntryOfTheSpeedTable)
 {
     const char* const speeds[] = {"300",   "600",   "1200",   "2400",   "4800",   "9600",  "19200",
                                   "38400", "57600", "115200", "230400", "460800", "921600"};
@@ -33,7 +33,7 @@ TEST(LineSettingsTest, EveryEntryOfTheSpeedTable)
         EXPECT_EQ(text(i, 2, 3, 0), QString(speeds[i]) + ",N,8,1");
 }
 
-TEST(LineSettingsTest, EveryEntryOfTheOtherTables)
+TEST(SettingsTextTest, EveryEntryOfTheOtherTables)
 {
     const char* const parities[] = {"E", "O", "N", "M", "S"};
     for (qint16 i = 0; i < 5; ++i)
@@ -45,7 +45,7 @@ TEST(LineSettingsTest, EveryEntryOfTheOtherTables)
         EXPECT_EQ(text(0, 0, 0, i), QString("300,E,5,%1").arg(stopBits[i]));
 }
 
-TEST(LineSettingsTest, AnIndexOutsideItsTableAddsNothing)
+TEST(SettingsTextTest, AnIndexOutsideItsTableAddsNothing)
 {
     struct
     {

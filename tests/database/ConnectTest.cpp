@@ -47,7 +47,7 @@ TEST_F(ConnectTest, ShowsItsWindowEnablesThePlantsWindowsAndLeavesNoTrace)
     EXPECT_EQ(op.pointer, platform::Pointer::Default);
 }
 
-TEST_F(ConnectTest, OpensTheFiveLookUpRecordsetsAndLeavesRsWorkClosed)
+TEST_F(ConnectTest, OpensTheFiveLookUpRecordsets)
 {
     ASSERT_TRUE(connectPlant());
     EXPECT_EQ(session.rsInstrument.RecordCount(), 3);
@@ -56,12 +56,26 @@ TEST_F(ConnectTest, OpensTheFiveLookUpRecordsetsAndLeavesRsWorkClosed)
     EXPECT_EQ(session.rsInstMem.RecordCount(), 2);
     EXPECT_EQ(session.rsUsers.State(), int(Recordset::Opened));
     EXPECT_EQ(session.rsUsers.RecordCount(), 4);
-    EXPECT_EQ(session.rsWork.State(), int(Recordset::Closed));
     EXPECT_EQ(session.ConnectionString, plantFile());
 
     session.rsParam.Find("mID", "p0202");
     EXPECT_EQ(session.rsParam.text("KeyType"), "ENUM");
     EXPECT_EQ(session.rsParam.text("Des"), "EN FAN");
+}
+
+TEST_F(ConnectTest, OpensThemOneByOneInTheirOrder)
+{
+    QStringList open;
+    QObject::connect(&database, &Database::progress, [&](int percent) {
+        QString states = QString::number(percent) + ' ';
+        for (const Recordset* records : {&session.rsInstrument, &session.rsParam, &session.rsParamEnum,
+                                         &session.rsInstMem, &session.rsUsers})
+            states += QString::number(records->State());
+        open << states;
+    });
+    ASSERT_TRUE(connectPlant());
+    EXPECT_EQ(open, (QStringList{"11 00000", "22 00000", "33 10000", "44 11000", "55 11100", "66 11110",
+                                 "77 11111", "88 11111", "100 11111"}));
 }
 
 TEST_F(ConnectTest, FillsTheTreeByNameAndParameterGroupsById)
@@ -169,11 +183,10 @@ TEST_F(ConnectTest, ConnectingAgainBuildsEverythingFromNothing)
 TEST_F(ConnectTest, DisconnectingClosesEverythingAndKeepsTheFolder)
 {
     ASSERT_TRUE(connectPlant());
-    session.rsWork.Open("SELECT * FROM tbGroupsUser", session.cnDatabase);
     op.forms.clear();
     database.Disconnect_Database();
     for (const Recordset* records : {&session.rsInstrument, &session.rsParam, &session.rsParamEnum,
-                                     &session.rsInstMem, &session.rsUsers, &session.rsWork})
+                                     &session.rsInstMem, &session.rsUsers})
         EXPECT_EQ(records->State(), int(Recordset::Closed));
     EXPECT_EQ(session.cnDatabase.State(), int(Connection::Closed));
     EXPECT_EQ(session.DbName, "");

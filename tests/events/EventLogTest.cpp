@@ -89,12 +89,17 @@ TEST_F(EventLogTest, AnEventOfAlarmsReachesTheTableAlone)
     EXPECT_EQ(events().RecordCount(), 1);
 }
 
-TEST_F(EventLogTest, TheInsertIsOneStatementInTheSharedText)
+TEST_F(EventLogTest, EachFieldIsStoredAsItIsAndAnEmptyTextAsNull)
 {
-    log_.Add_Event_Db(kError, kWhen, kReadWrite, "", "d'oro", "");
-    EXPECT_EQ(session_.strSQL,
-              "INSERT INTO tbEvent (IDType, Date_Reg, Source, Equipment, Instrument, Description) "
-              "VALUES(3, '2026-03-14 09:05:07', 2, NULL, 'd''oro', NULL);");
+    log_.Add_Event_Db(kError, kWhen, kReadWrite, "", "d'oro %1", "");
+    const Recordset rows = events();
+    ASSERT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.text("IDType"), "3");
+    EXPECT_EQ(rows.text("Date_Reg"), "2026-03-14 09:05:07");
+    EXPECT_EQ(rows.text("Source"), "2");
+    EXPECT_TRUE(rows["Equipment"].isNull());
+    EXPECT_EQ(rows.text("Instrument"), "d'oro %1");
+    EXPECT_TRUE(rows["Description"].isNull());
 }
 
 TEST_F(EventLogTest, ALongDescriptionIsStoredWhole)

@@ -3,8 +3,6 @@
 #include "session/Session.h"
 #include "structure/frmListBus.h"
 
-#include <QFrame>
-
 using platform::answers::kNo;
 using platform::answers::kOk;
 using platform::answers::kYes;
@@ -14,34 +12,6 @@ namespace {
 class DragTest : public gui::GuiFixture
 {
 protected:
-    QWidget* tree() const { return tvwBus()->viewport(); }
-    QPoint placeOfNode(const QString& key)
-    {
-        const QModelIndex index = plant().tree().indexOf(key);
-        tvwBus()->scrollTo(index);
-        return tvwBus()->visualRect(index).center();
-    }
-    QPoint atNode(const QString& key) { return tree()->mapToGlobal(placeOfNode(key)); }
-    // What the operator's hand does with the button held, in the places of a screen.
-    void mouse(QEvent::Type type, QWidget* source, const QPoint& global, Qt::MouseButton button,
-               Qt::KeyboardModifiers keys = {})
-    {
-        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
-        QMouseEvent event(type, source->mapFromGlobal(global), global, button, held, keys);
-        QApplication::sendEvent(source, &event);
-    }
-    void draw(QWidget* source, const QPoint& from, const QPoint& to, Qt::KeyboardModifiers keys = {})
-    {
-        mouse(QEvent::MouseButtonPress, source, from, Qt::LeftButton, keys);
-        mouse(QEvent::MouseMove, source, from + QPoint(1, 1), Qt::NoButton, keys);
-        mouse(QEvent::MouseMove, source, to, Qt::NoButton, keys);
-    }
-    void drop(QWidget* source, const QPoint& at)
-    {
-        mouse(QEvent::MouseButtonRelease, source, at, Qt::LeftButton);
-        QApplication::processEvents();
-    }
-    QFrame* hint() const { return window()->findChild<QFrame*>("dragHint"); }
     QString words() const
     {
         for (const QLabel* label : hint()->findChildren<QLabel*>()) {

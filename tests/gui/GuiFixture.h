@@ -14,6 +14,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDialog>
+#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -141,6 +142,36 @@ protected:
         const QModelIndex index = plant().list().index(plant().list().rowOf(itemKey), 0);
         return shownList()->visualRect(index).center();
     }
+    QWidget* tree() const { return tvwBus()->viewport(); }
+    QPoint placeOfNode(const QString& key)
+    {
+        const QModelIndex index = plant().tree().indexOf(key);
+        tvwBus()->scrollTo(index);
+        return tvwBus()->visualRect(index).center();
+    }
+    QPoint atNode(const QString& key) { return tree()->mapToGlobal(placeOfNode(key)); }
+    // What the operator's hand does with the button held, in the places of a screen.
+    void mouse(QEvent::Type type, QWidget* source, const QPoint& global, Qt::MouseButton button,
+               Qt::KeyboardModifiers keys = {})
+    {
+        const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, source->mapFromGlobal(global), global, button, held, keys);
+        QApplication::sendEvent(source, &event);
+    }
+    void draw(QWidget* source, const QPoint& from, const QPoint& to, Qt::KeyboardModifiers keys = {})
+    {
+        mouse(QEvent::MouseButtonPress, source, from, Qt::LeftButton, keys);
+        mouse(QEvent::MouseMove, source, from + QPoint(1, 1), Qt::NoButton, keys);
+        mouse(QEvent::MouseMove, source, to, Qt::NoButton, keys);
+    }
+    void drop(QWidget* source, const QPoint& at)
+    {
+        mouse(QEvent::MouseButtonRelease, source, at, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+    // What goes along with the pointer while something is drawn.
+    QFrame* hint() const { return window()->findChild<QFrame*>("dragHint"); }
+
     void clickItem(const QString& key)
     {
         QTest::mouseClick(shownList()->viewport(), Qt::LeftButton, {}, placeOf(key));

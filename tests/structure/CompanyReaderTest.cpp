@@ -3,6 +3,7 @@
 #include "structure/PlantNames.h"
 #include "support/CompanyFixture.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <semaphore>
 #include <sqlite3.h>
 #include <thread>
@@ -38,7 +39,7 @@ protected:
         QStringList ids;
         CompanyReader company(plantFile());
         company.eachRowInSlices(kParameters, 3, stop,
-                                [&](SQLite::Statement& row) { ids << structure::textOf(row, 2); });
+                                [&](const platform::Statement& row) { ids << structure::textOf(row, 2); });
         return ids;
     }
 };
@@ -61,13 +62,14 @@ TEST_F(CompanyReaderTest, EndsWithTheSliceInWhichNobodyWaitsAnyMore)
     StopFlag stop = false;
     int rows = 0;
     CompanyReader company(plantFile());
-    company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) {
+    company.eachRowInSlices(kParameters, 3, stop, [&](const platform::Statement&) {
         if (++rows == 10)
             stop = true;
     });
     EXPECT_EQ(rows, kInSlice);
     stop = true;
-    company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) { ADD_FAILURE() << "a row"; });
+    company.eachRowInSlices(kParameters, 3, stop,
+                            [&](const platform::Statement&) { ADD_FAILURE() << "a row"; });
 }
 
 // A group may hold all the rows of a plant: they must not stand in a writer's way together.
@@ -100,7 +102,7 @@ TEST_F(CompanyReaderTest, AWriterWaitsForOneSliceOnly)
     });
     const StopFlag stop = false;
     CompanyReader company(plantFile());
-    company.eachRowInSlices(kParameters, 3, stop, [&](SQLite::Statement&) {
+    company.eachRowInSlices(kParameters, 3, stop, [&](const platform::Statement&) {
         if (++rows == 10) {
             begins.release();
             waits.acquire(); // it stands before the file now

@@ -294,7 +294,7 @@ TEST_F(PlantEditorTest, ATypeThatVanishedWhileItWasChosenMakesNothing)
     const auto reported = failures.take();
     ASSERT_EQ(reported.size(), 1u);
     EXPECT_EQ(reported[0].procedure, "Module/Add_Record_Db");
-    EXPECT_EQ(reported[0].description, "The catalogue holds no type 'KT200'.");
+    EXPECT_EQ(reported[0].description, "The catalogue holds no type KT200.");
     EXPECT_FALSE(structure.tree().contains("2_3_1"));
 }
 

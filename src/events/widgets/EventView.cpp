@@ -56,6 +56,7 @@ EventView::EventView(EventModel& model, QWidget* parent)
     setIconSize({16, 16});
     header_->setSectionsClickable(true);
     empty_->setObjectName("lblEmpty");
+    empty_->setTextFormat(Qt::PlainText);
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setWordWrap(true);
     empty_->setForegroundRole(QPalette::PlaceholderText);

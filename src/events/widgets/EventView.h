@@ -1,14 +1,12 @@
 #pragma once
 
+#include "widgets/Forward.h"
+
 #include <QTreeView>
 #include <optional>
 #include <vector>
 
 class QLabel;
-
-namespace widgets {
-class SortHeader;
-}
 
 namespace events {
 

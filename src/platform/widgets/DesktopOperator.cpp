@@ -74,6 +74,7 @@ QString endingOf(const QString& nameFilter)
 
 DesktopOperator::~DesktopOperator()
 {
+    DesktopOperator::showPointer(Pointer::Default); // it is the whole application's
     for (const auto& [name, window] : loaded_)
         delete window;
 }

@@ -1,6 +1,6 @@
 #include "platform/widgets/PaintedPage.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -16,7 +16,7 @@ constexpr double kPointsInInch = 72;
 PaintedPage::PaintedPage(QPagedPaintDevice& device) : device_(device)
 {
     if (!painter_.begin(&device))
-        fail(errors::kDeviceIo, QStringLiteral("The printer takes no pages."));
+        failInWords(errors::kDeviceIo, "printer.refuses");
     font_.setStyleHint(QFont::TypeWriter);
     font_.setFixedPitch(true);
     font_.setKerning(false);
@@ -59,14 +59,14 @@ void PaintedPage::printLine(const QString& line)
 void PaintedPage::newPage()
 {
     if (!device_.newPage())
-        fail(errors::kDeviceIo, QStringLiteral("The printer takes no further page."));
+        failInWords(errors::kDeviceIo, "printer.nextpage");
     top_ = 0;
 }
 
 void PaintedPage::end()
 {
     if (!painter_.end())
-        fail(errors::kDeviceIo, QStringLiteral("The printer did not take the last page."));
+        failInWords(errors::kDeviceIo, "printer.lastpage");
 }
 
 QFont PaintedPage::sized(int points) const

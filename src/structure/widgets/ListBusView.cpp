@@ -65,6 +65,7 @@ ListBusView::ListBusView(ListModel& model, QWidget* parent)
     connect(&model, &QAbstractItemModel::rowsRemoved, this, &ListBusView::showEmptyText);
 
     empty_->setObjectName("lblEmpty");
+    empty_->setTextFormat(Qt::PlainText);
     empty_->setAlignment(Qt::AlignCenter);
     empty_->setForegroundRole(QPalette::PlaceholderText);
     empty_->setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "widgets/Forward.h"
+
 #include <QStackedWidget>
 
 class QAbstractItemView;
@@ -7,10 +9,6 @@ class QKeyEvent;
 class QLabel;
 class QListView;
 class QTreeView;
-
-namespace widgets {
-class SortHeader;
-}
 
 namespace structure {
 

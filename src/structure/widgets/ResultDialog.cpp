@@ -3,6 +3,7 @@
 #include "platform/Guard.h"
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
+#include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Jump.h"
 #include "structure/widgets/ResultView.h"
@@ -69,7 +70,8 @@ void ResultDialog::relabel()
 {
     setWindowTitle(session_.AppTitle + '\\' + texts_.own(title_));
     platform::guarded("Module/Set_Language", [this] {
-        results_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place")});
+        results_.setColumnCaptions(
+            {texts_(session::rows::kName), texts_(session::rows::kValue), texts_.own("find.place")});
     });
     cmdShow_->setText(texts_.own("find.show"));
     cmdClose_->setText(texts_.own("find.close"));

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QTreeView>
+#include "widgets/Forward.h"
 
-namespace widgets {
-class SortHeader;
-}
+#include <QTreeView>
 
 namespace structure {
 

@@ -1,5 +1,4 @@
 #include "gui/GuiFixture.h"
-#include "program/frmVideoProperty.h"
 
 #include <QDialog>
 #include <QLabel>
@@ -48,18 +47,30 @@ TEST_F(MainWindow, ClosingTheCompanyAsksAndShowsTheNextStepsAgain)
     EXPECT_EQ(control<QLabel>("lblPath")->text(), "");
 }
 
-TEST_F(MainWindow, OffersNoButtonAndNoEntryThatNothingHandles)
+TEST_F(MainWindow, EveryButtonAndEveryEntryStandsThereWithAProcedureBehindIt)
 {
     start();
-    for (QAction* offered : control<QToolBar>("tlbMain")->actions()) {
-        if (offered->isVisible() && !offered->isSeparator()) {
-            EXPECT_TRUE(program.handlers().has(offered->objectName())) << qPrintable(offered->objectName());
-        }
+    for (const session::ToolbarCommand& command : session::toolbarCommands()) {
+        ASSERT_TRUE(button(command.key)) << qPrintable(command.key);
+        EXPECT_TRUE(button(command.key)->isVisible()) << qPrintable(command.key);
+        EXPECT_TRUE(command.isSeparator() || program.handlers().has(command.key)) << qPrintable(command.key);
     }
-    EXPECT_TRUE(button("ReadWrite")->isVisible());
-    EXPECT_TRUE(button("About")->isVisible());
-    EXPECT_TRUE(entry("frmTreeBus", "mnuAllarms"));
-    EXPECT_TRUE(entry("frmTreeBus", "mnuAbout"));
+    const std::function<void(const QString&, const std::vector<session::MenuEntry>&)> lookAt =
+        [&](const QString& form, const std::vector<session::MenuEntry>& menu) {
+            for (const session::MenuEntry& below : menu) {
+                if (below.isSeparator())
+                    continue;
+                EXPECT_TRUE(entry(form, below.name)) << qPrintable(below.name);
+                EXPECT_TRUE(!below.entries.empty() || program.handlers().has(below.command))
+                    << qPrintable(below.name);
+                lookAt(form, below.entries);
+            }
+        };
+    lookAt("frmTreeBus", session::menuBar(session::Place::Tree));
+    lookAt("frmTreeBus", session::popupBus(session::Place::Tree));
+    lookAt("frmListBus", session::menuBar(session::Place::List));
+    lookAt("frmListBus", session::popupBus(session::Place::List));
+    lookAt("frmMain", session::popupToolbar());
 }
 
 TEST_F(MainWindow, TheMenuBarIsThatOfTheActiveChild)
@@ -182,16 +193,6 @@ TEST_F(MainWindow, AlarmsAreAcknowledgedFromTheMenusOfBothChildren)
         EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest) << form;
         EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), "") << form;
     }
-}
-
-TEST_F(MainWindow, TheHelperThatMeasuresTheTitleBarIsNeverSeen)
-{
-    start();
-    EXPECT_FALSE(desktop.form("frmVideoProperty"));
-    program::frmVideoProperty helper(session);
-    EXPECT_EQ(helper.windowTitle(), "Calidora\\Video Property");
-    EXPECT_FALSE(helper.isVisible());
-    EXPECT_GE(session.TitlebarHeight, 0);
 }
 
 // A plant that calls ten times in a night stands there once a call.

@@ -1,4 +1,4 @@
-#include "platform/InsertIntoFile.h"
+#include "database/InsertIntoFile.h"
 
 #include "platform/Connection.h"
 #include "platform/RuntimeError.h"
@@ -8,24 +8,8 @@
 #include <gtest/gtest.h>
 
 using platform::Connection;
-using platform::InsertIntoFile;
 
 namespace {
-
-TEST(InsertIntoFileParse, KnowsTheClauseAndNothingElse)
-{
-    const auto insert =
-        InsertIntoFile::parse("INSERT INTO tbUsers IN 'C/O''Hara/Copy.mdb'SELECT tbUsers.* FROM tbUsers");
-    ASSERT_TRUE(insert);
-    EXPECT_EQ(insert->table, "tbUsers");
-    EXPECT_EQ(insert->file, "C/O'Hara/Copy.mdb");
-    EXPECT_EQ(insert->source, "tbUsers");
-    EXPECT_TRUE(InsertIntoFile::parse("insert into a in 'f' select b.* from b;"));
-    for (const char* other : {"INSERT INTO a VALUES ('IN')", "INSERT INTO a IN ''SELECT b.* FROM b",
-                              "INSERT INTO a IN 'f'SELECT b.* FROM c", "INSERT INTO a SELECT b.* FROM b",
-                              "INSERT INTO a IN 'f'SELECT b.* FROM b WHERE 1"})
-        EXPECT_FALSE(InsertIntoFile::parse(other)) << other;
-}
 
 class InsertIntoFileTest : public testing::Test
 {
@@ -39,10 +23,7 @@ protected:
         connection.Open(path("source"));
     }
     QString path(const QString& name) const { return folder_.filePath(name); }
-    int insert(const QString& file)
-    {
-        return connection.Execute("INSERT INTO t IN '" + path(file) + "'SELECT t.* FROM t");
-    }
+    int insert(const QString& file) { return database::insertIntoFile(connection, "t", path(file)); }
 
 private:
     QTemporaryDir folder_;
@@ -60,6 +41,12 @@ TEST_F(InsertIntoFileTest, RowsGoByTheNamesOfTheirColumns)
     EXPECT_EQ(insert("other"), 2) << "the file was let go";
 }
 
+TEST_F(InsertIntoFileTest, TheNameOfTheFileStandsForItself)
+{
+    support::runSql(path("d'oro"), "CREATE TABLE t (id INTEGER, Name TEXT);");
+    EXPECT_EQ(insert("d'oro"), 2);
+}
+
 TEST_F(InsertIntoFileTest, OtherColumnsFail)
 {
     const std::pair<const char*, const char*> rows[] = {{"more", "CREATE TABLE t (id, Name, Town);"},
@@ -75,8 +62,7 @@ TEST_F(InsertIntoFileTest, OtherColumnsFail)
             EXPECT_TRUE(error.description.contains("columns")) << error.description.toStdString();
         }
     }
-    EXPECT_THROW(connection.Execute("INSERT INTO u IN '" + path("none") + "'SELECT v.* FROM v"),
-                 platform::RuntimeError);
+    EXPECT_THROW(database::insertIntoFile(connection, "v", path("none")), platform::RuntimeError);
 }
 
 TEST_F(InsertIntoFileTest, AMissingFileIsNotMadeAndAWrongOneFails)

@@ -13,7 +13,7 @@ namespace {
 const QString kCancelled = "Cancel was selected.\r\nCurrent operation has been cancelled.";
 const QString kCloseFirst = "Attention! Before connecting to a new company, close the current connection.";
 
-class CommandsTest : public support::CompanyFixture
+class DatabaseTest : public support::CompanyFixture
 {
 protected:
     QByteArray bytesOf(const QString& path)
@@ -28,7 +28,7 @@ protected:
     QSignalSpy lost{&database, &Database::connectionLost};
 };
 
-TEST_F(CommandsTest, AFailureStandsUnderItsProceduresName)
+TEST_F(DatabaseTest, AFailureStandsUnderItsProceduresName)
 {
     setLanguage(support::kNoLanguage);
     database.Open_Database();
@@ -41,7 +41,7 @@ TEST_F(CommandsTest, AFailureStandsUnderItsProceduresName)
     EXPECT_EQ(session.DbName, "");
 }
 
-TEST_F(CommandsTest, OpenAsksForAFileAndConnectsToIt)
+TEST_F(DatabaseTest, OpenAsksForAFileAndConnectsToIt)
 {
     op.chooseFile(plantFile());
     database.Open_Database();
@@ -56,7 +56,7 @@ TEST_F(CommandsTest, OpenAsksForAFileAndConnectsToIt)
     EXPECT_EQ(op.fileRequests[0].folder, file("Data"));
 }
 
-TEST_F(CommandsTest, AFolderThatIsGoneGivesTheDataFolder)
+TEST_F(DatabaseTest, AFolderThatIsGoneGivesTheDataFolder)
 {
     for (const QString& folder : {QString(), file("Gone")}) {
         session.DbPath = folder;
@@ -68,7 +68,7 @@ TEST_F(CommandsTest, AFolderThatIsGoneGivesTheDataFolder)
     }
 }
 
-TEST_F(CommandsTest, ACancelIsToldAndNoCompanyIsNamed)
+TEST_F(DatabaseTest, ACancelIsToldAndNoCompanyIsNamed)
 {
     for (const auto command : {&Database::Open_Database, &Database::New_Database}) {
         op.chooseFile({});
@@ -81,7 +81,7 @@ TEST_F(CommandsTest, ACancelIsToldAndNoCompanyIsNamed)
     EXPECT_EQ(connected.count() + lost.count(), 0);
 }
 
-TEST_F(CommandsTest, AnOpenCompanyMustBeClosedFirst)
+TEST_F(DatabaseTest, AnOpenCompanyMustBeClosedFirst)
 {
     ASSERT_TRUE(connectPlant());
     for (const auto command : {&Database::Open_Database, &Database::New_Database}) {
@@ -93,7 +93,7 @@ TEST_F(CommandsTest, AnOpenCompanyMustBeClosedFirst)
     EXPECT_EQ(session.DbName, "Plant.mdb");
 }
 
-TEST_F(CommandsTest, AFileThatDoesNotConnectLeavesNoCompany)
+TEST_F(DatabaseTest, AFileThatDoesNotConnectLeavesNoCompany)
 {
     op.chooseFile(file("Data/Missing.mdb"));
     database.Open_Database();
@@ -107,7 +107,7 @@ TEST_F(CommandsTest, AFileThatDoesNotConnectLeavesNoCompany)
     EXPECT_EQ(connected.count(), 1) << "the next one connects";
 }
 
-TEST_F(CommandsTest, ANameWithoutAFolderConnectsNothing)
+TEST_F(DatabaseTest, ANameWithoutAFolderConnectsNothing)
 {
     for (const char* name : {"Plant.mdb", "/Plant.mdb", "Data/"}) {
         op.chooseFile(name);
@@ -117,7 +117,7 @@ TEST_F(CommandsTest, ANameWithoutAFolderConnectsNothing)
     EXPECT_EQ(connected.count() + lost.count(), 0);
 }
 
-TEST_F(CommandsTest, NewCopiesTheModelAndConnects)
+TEST_F(DatabaseTest, NewCopiesTheModelAndConnects)
 {
     op.chooseFile(file("Data/Fresh.mdb"));
     database.New_Database();
@@ -132,7 +132,7 @@ TEST_F(CommandsTest, NewCopiesTheModelAndConnects)
         << "the model itself is not touched";
 }
 
-TEST_F(CommandsTest, TheFirstUsersPlaceComesBeforeTheLogins)
+TEST_F(DatabaseTest, TheFirstUsersPlaceComesBeforeTheLogins)
 {
     QStringList order;
     QObject::connect(&database, &Database::companyMade, [&] { order << "made"; });
@@ -142,7 +142,7 @@ TEST_F(CommandsTest, TheFirstUsersPlaceComesBeforeTheLogins)
     EXPECT_EQ(order, (QStringList{"made", "connected"}));
 }
 
-TEST_F(CommandsTest, NewReplacesAnExistingFileAndItsJournals)
+TEST_F(DatabaseTest, NewReplacesAnExistingFileAndItsJournals)
 {
     for (const char* suffix : {"-journal", "-wal", "-shm"}) {
         QFile left(plantFile() + suffix);
@@ -156,7 +156,7 @@ TEST_F(CommandsTest, NewReplacesAnExistingFileAndItsJournals)
     EXPECT_EQ(QDir(file("Data")).entryList(QDir::Files), QStringList{"Plant.mdb"});
 }
 
-TEST_F(CommandsTest, TheModelsNameIsNotTaken)
+TEST_F(DatabaseTest, TheModelsNameIsNotTaken)
 {
     const QByteArray model = bytesOf(modelFile());
     const QByteArray plant = bytesOf(plantFile());
@@ -172,7 +172,7 @@ TEST_F(CommandsTest, TheModelsNameIsNotTaken)
     EXPECT_EQ(bytesOf(plantFile()), plant);
 }
 
-TEST_F(CommandsTest, WithoutAModelTheExistingFileStays)
+TEST_F(DatabaseTest, WithoutAModelTheExistingFileStays)
 {
     ASSERT_TRUE(QFile::remove(modelFile()));
     const QByteArray plant = bytesOf(plantFile());
@@ -184,7 +184,7 @@ TEST_F(CommandsTest, WithoutAModelTheExistingFileStays)
     EXPECT_EQ(connected.count(), 0);
 }
 
-TEST_F(CommandsTest, ACompanyNeverTakesTheModelsPlaceThroughALink)
+TEST_F(DatabaseTest, ACompanyNeverTakesTheModelsPlaceThroughALink)
 {
     const QByteArray model = bytesOf(modelFile());
     QFile::link(modelFile(), file("Data/Linked.mdb"));
@@ -209,7 +209,7 @@ TEST_F(CommandsTest, ACompanyNeverTakesTheModelsPlaceThroughALink)
     EXPECT_EQ(connected.count(), 1) << "a link onto a company is a company";
 }
 
-TEST_F(CommandsTest, AFolderThatCantBeWrittenIsReported)
+TEST_F(DatabaseTest, AFolderThatCantBeWrittenIsReported)
 {
     op.chooseFile(file("Nowhere/Fresh.mdb"));
     database.New_Database();

@@ -1,0 +1,11 @@
+#pragma once
+
+// The names of this room that others only pass on.
+namespace widgets {
+
+class FieldEdit;
+class SortHeader;
+class SpinButtons;
+class TextField;
+
+} // namespace widgets
