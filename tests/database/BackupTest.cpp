@@ -62,8 +62,9 @@ TEST_F(BackupTest, TheProposedNameEndsWhereTheCompanysEndingBegins)
 {
     for (const auto& [name, proposal] :
          {std::pair{"Plant.MDB", "Plant.bak"}, {"Plant.old.mdb", "Plant.old.bak"}, {"Plant", "Plant.bak"}}) {
-        copy("Data Model/Calidora_Model_Instrument.mdb", QString("Data/") + name);
+        copy("Data/Plant.mdb", QString("Data/") + name);
         ASSERT_TRUE(connectTo(name));
+        ASSERT_TRUE(logIn(kTechnician));
         op.chooseFile({});
         op.expect(kCancelledChoice);
         safekeeping.Backup_Database();
@@ -108,8 +109,7 @@ TEST_F(BackupTest, WithoutACompanyThereIsNothingToBackUp)
 
 TEST_F(BackupTest, WithNobodyLoggedInNothingIsBackedUp)
 {
-    ASSERT_TRUE(connectPlant());
-    session.CurrentUser = {};
+    ASSERT_TRUE(connectTo("Plant.mdb"));
     safekeeping.Backup_Database();
     EXPECT_TRUE(op.fileRequests.empty());
     EXPECT_EQ(session.cnDatabase.State(), int(platform::Connection::Opened));

@@ -142,7 +142,7 @@ TEST_F(CompanyUpgradeTest, AnOldCopyIsReplaced)
 TEST_F(CompanyUpgradeTest, WithoutTheRightNothingHappens)
 {
     ASSERT_TRUE(connectPlant());
-    session.CurrentUser.UpgradeDb = "0";
+    setRight("UpgradeDb", "0");
     upgrade.Upgrade_Database();
     EXPECT_FALSE(op.forms.contains("modal frmUpgrade"));
 }

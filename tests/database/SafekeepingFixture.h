@@ -23,9 +23,6 @@ class SafekeepingFixture : public CompanyFixture
 protected:
     SafekeepingFixture()
     {
-        session.CurrentUser.IDUser = "0";
-        session.CurrentUser.Name = "ADMINISTRATOR";
-        session.CurrentUser.UpgradeDb = "-1";
         session.DirBackup = file("Backup");
         QDir().mkpath(session.DirBackup);
         QObject::connect(&database, &database::Database::captionChanged,

@@ -19,12 +19,6 @@ inline constexpr int kSpreadsheetFilter = 4;
 class ExchangeFixture : public support::CompanyFixture
 {
 protected:
-    ExchangeFixture()
-    {
-        session.CurrentUser.IDUser = "1";
-        session.CurrentUser.Modify = "-1";
-    }
-
     // Replaces what the company holds by one group of two instruments.
     void makeSmallPlant()
     {

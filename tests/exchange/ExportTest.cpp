@@ -343,8 +343,8 @@ TEST_F(ExportTest, TheBarShowsHowFarItIs)
 
 TEST_F(ExportTest, NobodyLoggedInExportsNothing)
 {
-    standOn("1_1");
-    session.CurrentUser = {};
+    ASSERT_TRUE(connectTo("Plant.mdb"));
+    structure.clickNode("1_1");
     exporting.Export_Item();
     EXPECT_TRUE(op.fileRequests.empty());
 }

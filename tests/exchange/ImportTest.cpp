@@ -369,7 +369,7 @@ TEST_F(ImportTest, ItNeedsTheRightToModifyAndACompany)
 {
     importing.Import_Item();
     standOn("1_1");
-    session.CurrentUser.Modify = "0";
+    setRight("Modify", "0");
     importing.Import_Item();
     EXPECT_TRUE(op.fileRequests.empty());
 }

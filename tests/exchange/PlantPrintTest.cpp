@@ -254,8 +254,9 @@ TEST_F(PlantPrintTest, SpeaksItsLanguage)
 TEST_F(PlantPrintTest, NobodyLoggedInAndNothingSelectedPrintNothing)
 {
     printer.Print_Item();
-    standOn("1_1");
-    session.CurrentUser = {};
+    ASSERT_TRUE(connectTo("Plant.mdb"));
+    structure.clickNode("1_1");
+    op.forms.clear();
     printer.Print_Item();
     EXPECT_TRUE(op.forms.isEmpty());
 }

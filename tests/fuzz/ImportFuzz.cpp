@@ -17,8 +17,6 @@ public:
 
 struct Bench : fuzz::Workbench
 {
-    Bench() { session.CurrentUser.Modify = QStringLiteral("-1"); }
-
     // Any file comes in as one group or not at all, and touches nothing of the others.
     void run(const QByteArray& input)
     {

@@ -120,7 +120,7 @@ TEST_F(EventViewerWindow, ShowsEveryEventWithItsPictureAndTheTotal)
 TEST_F(EventViewerWindow, NeedsItsRight)
 {
     start();
-    session.CurrentUser.EventViewer = "0";
+    setRight("EventViewer", "0");
     program.commands().EnableDisable_TlbMainButtons(0);
     program.commands().EnableDisable_MainMenu(0);
     EXPECT_FALSE(button("EventViewer")->isEnabled());

@@ -12,9 +12,6 @@ protected:
     void begin()
     {
         start();
-        session.CurrentUser.IDUser = "1";
-        session.CurrentUser.Modify = "-1";
-        program.commands().Enable_MainMenu();
         clickNode("1_1");
     }
     static qint64 sizeOf(const QString& path) { return QFile(path).size(); }
@@ -58,7 +55,7 @@ TEST_F(Exchange, CtrlPPrints)
 TEST_F(Exchange, TheImportIsShutWithoutItsRight)
 {
     begin();
-    session.CurrentUser.Modify = "0";
+    setRight("Modify", "0");
     clickNode("Root");
     clickItem("1_1");
     EXPECT_FALSE(entry("frmTreeBus", "mnuImport")->isEnabled());

@@ -1,8 +1,10 @@
 #include "gui/GuiFixture.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <SQLiteCpp/SQLiteCpp.h>
 
 namespace {
 
@@ -283,6 +285,63 @@ TEST_F(LoginWindow, ACompanyWithoutOperatorsGetsItsAdministrator)
     runOnPlant("DELETE FROM tbUsers");
     startAndPlay([](QDialog& dialog) { logIn(dialog, "ADMINISTRATOR"); });
     EXPECT_TRUE(session.CurrentUser.isAdministrator());
+}
+
+// Far too much, and what is no letter at all, is a wrong password like any other.
+TEST_F(LoginWindow, ThePasswordTakesNoMoreThanItHolds)
+{
+    startAndPlay([this](QDialog& dialog) {
+        users(dialog)->setCurrentText("GUEST");
+        for (const QString& pasted :
+             {QString(10000, 'x'), QString("' OR '1'='1"), QString::fromUtf8("Ёлка"),
+              QString::fromUtf8("x") + QString::fromUtf8("\xF0\x9F\x94\xA7").repeated(5)}) {
+            QApplication::clipboard()->setText(pasted);
+            password(dialog)->selectAll();
+            password(dialog)->paste();
+            EXPECT_LE(password(dialog)->text().size(), 8);
+            EXPECT_FALSE(password(dialog)->text().back().isHighSurrogate());
+            desktop.script.expect(texts(523));
+            press(dialog, "cmdConnect");
+            EXPECT_TRUE(dialog.isVisible());
+            EXPECT_EQ(session.CurrentUser.IDUser, "");
+        }
+    });
+}
+
+// He works on with what he had; the next login doesn't know him any more.
+TEST_F(LoginWindow, WhomAnotherProgramRemovesOrDisablesIsNotOfferedAgain)
+{
+    const char* const changes[] = {"UPDATE tbUsers SET State = 1 WHERE IDUser = '1'",
+                                   "DELETE FROM tbUsers WHERE IDUser = '1'"};
+    startAndPlay([](QDialog& dialog) { logIn(dialog, "TECHNICIAN"); });
+    for (const char* change : changes) {
+        runOnPlant(change);
+        clickNode("1_1");
+        EXPECT_TRUE(entry("frmTreeBus", "mnuNew")->isEnabled() || session.CurrentUser.Name == "GUEST");
+        logInAgain([](QDialog& dialog) {
+            EXPECT_EQ(users(dialog)->findText("TECHNICIAN"), -1);
+            logIn(dialog, "GUEST", "Secret");
+        });
+        EXPECT_EQ(session.CurrentUser.Name, "GUEST");
+    }
+}
+
+TEST_F(LoginWindow, ACompanyInUseIsToldAndTheWindowStays)
+{
+    startAndPlay([](QDialog& dialog) { logIn(dialog, "TECHNICIAN"); });
+    SQLite::Database other(plantFile().toStdString(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE;");
+    logInAgain([&](QDialog& dialog) {
+        failures.expectUnder("frmLogInOut.Load");
+        EXPECT_EQ(users(dialog)->count(), 1) << "nobody can be chosen";
+        desktop.script.expect(texts(523));
+        press(dialog, "cmdConnect");
+        EXPECT_TRUE(dialog.isVisible());
+        other.exec("ROLLBACK;");
+    });
+    expectTheGateClosed();
+    logInAgain([](QDialog& dialog) { logIn(dialog, "TECHNICIAN"); });
+    EXPECT_EQ(session.CurrentUser.Name, "TECHNICIAN");
 }
 
 TEST_F(LoginWindow, SpeaksEveryLanguageAndClipsNothing)

@@ -1,6 +1,7 @@
 #include "gui/GuiFixture.h"
 #include "session/CommandRules.h"
 #include "structure/NodeKey.h"
+#include "structure/frmListBus.h"
 
 #include <QToolBar>
 #include <QToolButton>
@@ -171,6 +172,76 @@ TEST_F(EveryPath, FollowsItsRuleForEachRightAtEachLevel)
             if (testing::Test::HasFailure())
                 return;
         }
+    }
+}
+
+TEST_F(EveryPath, DrawingByTheMouseNeedsTheRightToModify)
+{
+    start();
+    tvwBus()->expandAll();
+    const auto begins = [this](QWidget* source, const QPoint& from) {
+        draw(source, from, atNode("1_3"));
+        const bool begun = hint();
+        drop(source, window()->mapToGlobal(QPoint(-200, -200)));
+        return begun;
+    };
+    const auto fromBoth = [&](const QString& where, bool expected) {
+        EXPECT_EQ(begins(tree(), atNode("2_1_1")), expected) << qPrintable(where + " tree");
+        clickNode("Root");
+        QWidget* list = shownList()->viewport();
+        EXPECT_EQ(begins(list, list->mapToGlobal(placeOf("1_2"))), expected) << qPrintable(where + " list");
+    };
+    for (int bits = 0; bits < 16; ++bits)
+        fromBoth(QString("rights %1").arg(bits), enterWith(bits).modify);
+    enterAs(support::kAdministrator);
+    fromBoth("the administrator", false);
+    desktop.atTheGate = [] {};
+    desktop.script.expect(texts(513) + "\r\n" + texts(514), platform::answers::kYes);
+    button("Enter")->trigger();
+    fromBoth("nobody", false);
+    EXPECT_EQ(support::column(plantFile(), "SELECT IDGrp FROM tbInstrumentsUser WHERE IDItem = 'KT100'"),
+              QStringList{"1"});
+}
+
+// They walk through the plant, and a text field keeps its keys: whatever the rights, no command comes of it.
+TEST_F(EveryPath, TheWindowsBesideAndTheFilterFieldStartNothing)
+{
+    start();
+    for (const char* command : {"Find", "Pending"})
+        program.handlers().run(command);
+    listenToCommands();
+    const std::pair<Qt::Key, Qt::KeyboardModifiers> keys[] = {
+        {Qt::Key_Insert, {}},
+        {Qt::Key_Delete, {}},
+        {Qt::Key_Backspace, {}},
+        {Qt::Key_Return, {}},
+        {Qt::Key_X, Qt::ControlModifier},
+        {Qt::Key_C, Qt::ControlModifier},
+        {Qt::Key_V, Qt::ControlModifier},
+    };
+    const auto pressAll = [&](QWidget* part) {
+        part->window()->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(part->window()));
+        part->setFocus();
+        for (const auto& [key, modifiers] : keys)
+            EXPECT_EQ(hear([&, key = key, modifiers = modifiers] { QTest::keyClick(part, key, modifiers); }),
+                      QStringList())
+                << qPrintable(part->objectName()) << key;
+    };
+    for (int bits = 0; bits < 16; ++bits) {
+        enterWith(bits);
+        for (const auto& [form, parts] :
+             {std::pair("frmFind", QStringList{"txtFind", "lvwFound", "cmdShow", "cmdClose"}),
+              std::pair("frmPending", QStringList{"lvwPending", "cmdRefresh", "cmdShow", "cmdClose"})}) {
+            for (const QString& part : parts) {
+                desktop.showForm(form); // Enter on a button has closed it
+                pressAll(desktop.form(form)->findChild<QWidget*>(part));
+            }
+        }
+        window()->listBus()->showFilter();
+        pressAll(control<QLineEdit>("txtFilter"));
+        if (testing::Test::HasFailure())
+            return;
     }
 }
 

@@ -1,6 +1,7 @@
 #include "gui/GuiFixture.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QTabWidget>
 
 namespace {
@@ -178,6 +179,32 @@ TEST_F(SettingsWindow, AnotherLanguageRelabelsAllAndTheOperatorGoesOn)
     stored.AppPath = session.AppPath;
     ASSERT_TRUE(session::Read_Configuration(stored));
     EXPECT_EQ(stored.Language.Code, "IT");
+}
+
+// Far too much, and what is no letter at all.
+TEST_F(SettingsWindow, NoFieldTakesMoreThanItHoldsAndWhatItTookIsStoredWhole)
+{
+    start();
+    const QString odd = QString::fromUtf8("d'oro \"Ёлка\" \xF0\x9F\x94\xA7");
+    insideSettings([&](QDialog& dialog) {
+        for (QLineEdit* text : dialog.findChildren<QLineEdit*>()) {
+            if (!text->objectName().startsWith("txt"))
+                continue;
+            for (const QString& pasted :
+                 {QString(10000, 'x'), QString::fromUtf8("\xF0\x9F\x94\xA7").repeated(81), odd}) {
+                QApplication::clipboard()->setText(pasted);
+                text->selectAll();
+                text->paste();
+                EXPECT_LE(text->text().size(), text->maxLength()) << qPrintable(text->objectName());
+                EXPECT_TRUE(text->text().isEmpty() || !text->text().back().isHighSurrogate());
+            }
+        }
+        type(field(dialog, "txtQtyDays"), "180");
+        QTest::mouseClick(push(dialog, "cmdApply"), Qt::LeftButton);
+        EXPECT_EQ(field(dialog, "txtWEB")->text(), odd);
+    });
+    EXPECT_EQ(support::column(plantFile(), "SELECT Company || '|' || WEB FROM tbCompanySettings"),
+              QStringList{odd + '|' + odd});
 }
 
 TEST_F(SettingsWindow, SpeaksEveryLanguageAndClipsNothing)

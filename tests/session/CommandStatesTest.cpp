@@ -8,23 +8,23 @@ using namespace session;
 
 namespace {
 
-class CommandStatesTest : public support::CompanyFixture
+class BeforeTheLogin : public support::CompanyFixture
 {
 protected:
-    CommandStatesTest()
-    {
-        session.CurrentUser.IDUser = "7";
-        session.CurrentUser.Modify = session.CurrentUser.ReadWrite = "True";
-    }
-
     CommandStates commands{session};
 };
 
-// Walking tree and list, a right click, the tree hidden and shown: nothing opens before the login.
-TEST_F(CommandStatesTest, BeforeTheLoginNothingOpensButTheLoginItself)
+// The technician, who has every right, is at work.
+class CommandStatesTest : public BeforeTheLogin
 {
-    session.DbName = "Plant.mdb";
-    session.CurrentUser = {};
+protected:
+    CommandStatesTest() { EXPECT_TRUE(connectPlant()); }
+};
+
+// Walking tree and list, a right click, the tree hidden and shown: nothing opens before the login.
+TEST_F(BeforeTheLogin, NothingOpensButTheLoginItself)
+{
+    ASSERT_TRUE(connectTo("Plant.mdb"));
     commands.EnableDisable_TlbMainButtons(-2);
     commands.DisableMainMenu();
     for (int level = -1; level <= 4; ++level) {
@@ -84,7 +84,6 @@ TEST_F(CommandStatesTest, ALoginEnablesEveryMenuAndThenTheListsRule)
 
 TEST_F(CommandStatesTest, MenusAndPopupsFollowTheSelectedNode)
 {
-    ASSERT_TRUE(connectPlant());
     structure.clickNode("1_1");
     commands.EnableDisable_Menu(Place::Tree, structure.levelOfTree());
     commands.EnableDisable_Menu(Place::List, structure.levelOfList());
@@ -103,7 +102,6 @@ TEST_F(CommandStatesTest, MenusAndPopupsFollowTheSelectedNode)
 
 TEST_F(CommandStatesTest, TheItemRootInTheListIsNoSelection)
 {
-    ASSERT_TRUE(connectPlant());
     structure.selectItem("Root");
     commands.EnableDisable_Menu(Place::List, structure.levelOfList());
     commands.EnableDisable_PopupMenu(Place::List, structure.levelOfList());

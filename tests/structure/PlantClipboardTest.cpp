@@ -75,7 +75,7 @@ TEST_F(PlantClipboardTest, WhatCannotBeMovedIsNotNoted)
 TEST_F(PlantClipboardTest, WithoutTheRightToModifyNothingIsNotedOrPasted)
 {
     copyNode("1_1");
-    session.CurrentUser.Modify = "0";
+    setRight("Modify", "0");
     cutNode("1_2");
     clipboardIs(session::ClipCopy, "1_1");
     pasteOn("Root");
@@ -156,7 +156,6 @@ TEST_F(PlantClipboardTest, ACopiedInstrumentGetsTheNextNumberOfItsNewGroup)
     runOnPlant("UPDATE tbInstrumentsUser SET IDInst = 7 WHERE IDGrp = 2; "
                "UPDATE tbParametersUser SET IDInst = 7 WHERE IDGrp = 2;");
     ASSERT_TRUE(connectPlant());
-    session.CurrentUser.Modify = "-1";
     copyNode("2_1_1");
     expectQuestion(508, kYes);
     expectDone();
@@ -305,7 +304,6 @@ TEST_F(PlantClipboardTest, TheLargestNumbersAreRefusedNotWrapped)
 {
     runOnPlant("UPDATE tbGroupsUser SET IDGrp = 2147483647 WHERE IDGrp = 3;");
     ASSERT_TRUE(connectPlant());
-    session.CurrentUser.Modify = "-1";
     cutNode("1_1");
     expectQuestion(507, kYes);
     pasteOn("Root");
@@ -314,7 +312,6 @@ TEST_F(PlantClipboardTest, TheLargestNumbersAreRefusedNotWrapped)
 
     runOnPlant("INSERT INTO tbInstrumentsUser VALUES (2, 2147483647, 'KT200', 'LAST', NULL, NULL);");
     ASSERT_TRUE(connectPlant());
-    session.CurrentUser.Modify = "-1";
     cutNode("2_1_1");
     expectQuestion(507, kYes);
     pasteOn("1_2");

@@ -50,7 +50,7 @@ TEST_F(PlantDragTest, OnlyGroupsAndInstrumentsAreDrawn)
         drag.cancel();
     }
     EXPECT_FALSE(drag.begin(false)) << "nothing is noted any more";
-    session.CurrentUser.Modify = "0";
+    setRight("Modify", "0");
     drag.press(PlantDrag::FromTree, "1_1");
     EXPECT_FALSE(drag.begin(false)) << "dragging needs the right to modify";
 }
@@ -159,7 +159,6 @@ TEST_F(PlantDragTest, ACompanyThatClosesEndsTheDrag)
     EXPECT_TRUE(op.boxes.empty());
 
     ASSERT_TRUE(connectPlant());
-    session.CurrentUser.Modify = "-1";
     drag.press(PlantDrag::FromTree, "1_1");
     ASSERT_TRUE(connectPlant());
     EXPECT_FALSE(drag.begin(false)) << "the press was on the company before";

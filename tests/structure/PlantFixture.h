@@ -17,11 +17,7 @@ public:
 class PlantFixture : public support::CompanyFixture
 {
 protected:
-    PlantFixture()
-    {
-        connectPlant();
-        session.CurrentUser.Modify = "-1";
-    }
+    PlantFixture() { connectPlant(); }
     ~PlantFixture() override { expectAgreement(); }
 
     QStringList rows(const QString& sql) { return support::column(plantFile(), sql); }

@@ -217,7 +217,7 @@ TEST_F(PlantStatesTest, WithNothingSelectedOrWithoutTheRightNothingIsAsked)
     structure.clickNode("Root");
     states.Resync_Item();
     states.Reset_Item();
-    session.CurrentUser.Modify = "0";
+    setRight("Modify", "0");
     states.Resync_Node();
     states.Reset_Node();
     EXPECT_TRUE(op.boxes.empty());
