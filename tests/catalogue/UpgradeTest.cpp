@@ -65,8 +65,6 @@ protected:
         QFile::remove(modelFile());
         QFile::copy(published().model, modelFile());
         session.DirBackup = file("Data");
-        session.CurrentUser.IDUser = "0";
-        session.CurrentUser.UpgradeDb = "-1";
         op.onModal = [this](const QString&) { upgrade.cmdUpgrade_Click(); };
     }
 
@@ -104,6 +102,7 @@ TEST_F(UpgradeTest, NothingIsLostAndWhatIsNewIsRead)
 {
     database.Disconnect_Database();
     ASSERT_TRUE(connectTo("Demo.mdb"));
+    ASSERT_TRUE(logIn(support::kTechnician, "1234"));
     const QStringList former = allRows();
     const int formerParameters = session.rsParam.RecordCount();
     ASSERT_EQ(session.DbVersion, "0.9");

@@ -1,3 +1,4 @@
+#include "dialogs/Settings.h"
 #include "e2e/RealLine.h"
 
 #include <QDir>
@@ -114,6 +115,36 @@ TEST_F(PortTest, SaysThatAnotherProgramHoldsThePort)
     }
     EXPECT_TRUE(open()) << "free again";
     EXPECT_EQ(status(), 0);
+}
+
+// The settings' own test of the line: the window stays, and what it was set to before stands again.
+TEST_F(PortTest, TheSettingsTellOfAPortThatAnotherProgramHolds)
+{
+    const auto device = instrument();
+    session.COMPort.Port = 4;
+    dialogs::Settings::Verbs verbs;
+    verbs.Set_COMPort = [this] { return bus.Set_COMPort(); };
+    verbs.Open_COMConnection = [this] { return bus.Open_COMConnection(); };
+    verbs.Close_COMConnection = [this] { return bus.Close_COMConnection(); };
+    dialogs::Settings settings({session, texts, op, verbs});
+    settings.Load();
+    settings.setPortIndex(0, 0);
+    {
+        Neighbour holder(CALIDORA_HOLDER, {session.AppPath});
+        ASSERT_EQ(holder.line(), "held");
+        op.expect("Port COM1 is olready opened by another application.");
+        settings.cmdTest_Click();
+        EXPECT_TRUE(op.done());
+        EXPECT_EQ(session.COMPort.Port, 4);
+        EXPECT_EQ(settings.portIndex(0), 0);
+        EXPECT_FALSE(port.PortOpen());
+        holder.endInput();
+    }
+    op.expect(texts(576));
+    settings.cmdTest_Click();
+    EXPECT_EQ(op.boxes.back().icon, platform::Icon::Information);
+    EXPECT_EQ(session.COMPort.Port, 4);
+    EXPECT_FALSE(port.PortOpen()) << "a test leaves the port closed";
 }
 
 TEST_F(PortTest, TakesAPortThatAKilledProgramLeftBehind)
