@@ -18,7 +18,9 @@ struct Comparison
 
     double ratio() const { return ours / theirs; }
 };
-Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs);
+inline constexpr int kRuns = 9;
+Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs,
+                   int runs = kRuns);
 
 // Of this process: what lies in memory now.
 double residentMegabytes();
