@@ -29,6 +29,18 @@ QString shown(double milliseconds)
     return QStringLiteral("%1 ms").arg(milliseconds, 0, 'f', 2);
 }
 
+double statusMegabytes(const QByteArray& what)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith(what))
+            return line.mid(what.size()).simplified().split(' ').first().toDouble() / 1024;
+    }
+    return 0;
+}
+
 } // namespace
 
 double milliseconds(const Work& work)
@@ -51,14 +63,12 @@ Comparison inTurns(const std::function<double()>& ours, const std::function<doub
 
 double residentMegabytes()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).simplified().split(' ').first().toDouble() / 1024;
-    }
-    return 0;
+    return statusMegabytes("VmRSS:");
+}
+
+double peakMegabytes()
+{
+    return statusMegabytes("VmHWM:");
 }
 
 void printHead()

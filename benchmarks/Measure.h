@@ -24,6 +24,8 @@ Comparison inTurns(const std::function<double()>& ours, const std::function<doub
 
 // Of this process: what lies in memory now.
 double residentMegabytes();
+// The most that ever did.
+double peakMegabytes();
 
 // The table's head, and one line of it.
 void printHead();

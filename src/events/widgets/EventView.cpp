@@ -67,7 +67,7 @@ EventView::EventView(EventModel& model, QWidget* parent)
         model_.clickColumn(EventColumn(column));
         scrollTo(currentIndex());
     });
-    connect(&model_, &QAbstractItemModel::layoutChanged, this, &EventView::showArrow);
+    connect(&model_, &EventModel::sortingChanged, this, &EventView::showArrow);
     connect(&model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         current_.reset();
         if (currentIndex().isValid())
