@@ -15,6 +15,13 @@ bool isControl(QChar character)
     return character < u' ' || character == QChar(kDelete);
 }
 
+// Most texts are: they are the same bytes in every code page.
+bool isPlain(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar character) { return character >= u' ' && character < QChar(kDelete); });
+}
+
 QString withoutControls(const QString& text)
 {
     QString line = text;
@@ -42,6 +49,8 @@ void blankUpperControls(const QString& line, QByteArray& bytes, int codePage)
 
 QByteArray pageField(const QString& text, int codePage)
 {
+    if (isPlain(text))
+        return text.toLatin1();
     const QString line = withoutControls(text);
     QByteArray bytes = platform::encode(line, codePage);
     blankUpperControls(line, bytes, codePage);
