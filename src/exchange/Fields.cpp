@@ -59,7 +59,15 @@ QByteArray pageField(const QString& text, int codePage)
 
 QByteArray fixedField(const QString& text, int width, int codePage)
 {
-    return pageField(text, codePage).leftJustified(width, ' ', true);
+    QByteArray field;
+    appendFixedField(field, text, width, codePage);
+    return field;
+}
+
+void appendFixedField(QByteArray& line, const QString& text, int width, int codePage)
+{
+    const QByteArray field = text.isEmpty() ? QByteArray() : pageField(text, codePage).left(width);
+    line.append(field).append(width - field.size(), ' ');
 }
 
 QByteArray trimmedField(const QString& text, int codePage)
