@@ -1,9 +1,9 @@
 // Measures the copies of a large company against the system's own tools on the same file in the same run:
 // calidora-copy-side-by-side <company file>
 //
-// A copy stands against cp and sync, an upgrade against the same files copied so and the engine's shell
-// running the same five statements. Both work in turns beside the company, and the median of several runs
-// counts.
+// A copy stands against cp and sync, a connect that begins a safety copy against one that doesn't, an upgrade
+// against the same files copied so and the engine's shell running the same five statements. Both work in
+// turns beside the company, and the median of several runs counts.
 
 #include "Measure.h"
 
@@ -12,6 +12,7 @@
 #include "database/Database.h"
 #include "database/FileChoice.h"
 #include "database/Safekeeping.h"
+#include "database/SafetyCopies.h"
 #include "platform/QtClock.h"
 #include "platform/ScriptedOperator.h"
 #include "session/Session.h"
@@ -107,6 +108,30 @@ void measureCopy(Workplace& at)
                                            })));
 }
 
+// A safety copy is due at each of these connects; it goes on in small steps when they are over.
+void measureConnect(Workplace& at)
+{
+    const auto connect = [&](bool withCopy) {
+        database::SafetyCopies copies(at.session, at.clock);
+        const double milliseconds = measure::milliseconds([&] {
+            at.database.Connect_Database(at.session.dbFile());
+            if (withCopy)
+                copies.companyOpened();
+        });
+        const bool begun = copies.isCopying();
+        const QString name = at.session.DbName;
+        at.database.Disconnect_Database();
+        at.session.DbName = name;
+        if (begun != withCopy)
+            qFatal("the safety copy was not begun");
+        return milliseconds;
+    };
+    QDir().mkpath(at.file("Data/Safety"));
+    const measure::Comparison connects =
+        measure::inTurns([&] { return connect(true); }, [&] { return connect(false); });
+    measure::printLine("Connect with a safety copy due, and without one", connects, "<= 1.10");
+}
+
 void measureUpgrade(Workplace& at)
 {
     const QString copyOf = at.file("Data/Shell.mdb");
@@ -147,6 +172,7 @@ int main(int argc, char** argv)
     Workplace at(QString::fromLocal8Bit(argv[1]));
     measure::printHead();
     measureCopy(at);
+    measureConnect(at);
     measureUpgrade(at);
     return 0;
 }

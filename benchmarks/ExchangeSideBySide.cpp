@@ -36,6 +36,7 @@ enum Filter
 };
 
 constexpr int kInstruments = 100; // of the group whose trace is measured
+constexpr int kReportRuns = 3;    // a report is a gigabyte
 
 // Chooses one file again and again, and agrees to everything.
 class Hand : public platform::ScriptedOperator
@@ -63,7 +64,7 @@ struct Bench
     void open(const QString& file)
     {
         session.cnDatabase.Close();
-        session.cnDatabase.Open("Data Source = " + file);
+        session.cnDatabase.Open(file);
         session.DbName = "Company.mdb";
     }
     double exportNode(const QString& key, Filter filter)
@@ -118,8 +119,8 @@ void measureReports(Bench& bench, const Shell& shell)
         {kText, "text"}, {kComma, "comma delimited"}, {kSpreadsheet, "spreadsheet"}};
     for (const auto& [form, name] : forms) {
         const auto ours = [&, form = form] { return bench.exportNode("Root", form); };
-        const measure::Comparison report =
-            measure::inTurns(ours, [&] { return shell.milliseconds(statements); });
+        const measure::Comparison report = measure::inTurns(
+            ours, [&] { return shell.milliseconds(statements); }, kReportRuns);
         measure::printLine(QStringLiteral("Export of the whole company, %1").arg(name), report, "<= 1.50");
     }
 }
@@ -168,7 +169,7 @@ void measureTrace(Bench& bench)
     const auto import = [&] {
         remove();
         bench.session.cnDatabase.Execute("INSERT INTO tbGroupsUser VALUES (1999999, 'x', NULL, NULL);");
-        bench.structure.clearAll();
+        bench.structure.showRootOnly();
         bench.hand.chooseFile(bench.path());
         return measure::milliseconds([&] { bench.importing.Import_Item(); });
     };
@@ -187,7 +188,7 @@ void measurePrinting(Bench& bench)
     session::Printing printing(bench.session, bench.texts, bench.hand, printers);
     int pages = 0;
     bench.hand.onModal = [&](const QString&) { printing.choose(bench.texts.own("printers.pdf"), 1); };
-    bench.structure.clearAll();
+    bench.structure.showRootOnly();
     bench.structure.selectNode("Root");
     bench.hand.chooseFile(bench.folder.filePath("plant.pdf"));
     exchange::PlantPrint print(
@@ -220,12 +221,10 @@ int main(int argc, char** argv)
     Bench bench(QString::fromLocal8Bit(argv[1]));
     const Shell shell(bench.company);
     measure::printHead();
-    measureReports(bench, shell);
     measureTrace(bench);
-    measure::printFigure("Memory after exports and imports",
-                         QStringLiteral("%1 MB").arg(qRound(measure::residentMegabytes())), "<= 300 MB");
     measurePrinting(bench);
-    measure::printFigure("Memory after printing",
-                         QStringLiteral("%1 MB").arg(qRound(measure::residentMegabytes())), "<= 300 MB");
+    measureReports(bench, shell);
+    measure::printFigure("Memory at most, all through",
+                         QStringLiteral("%1 MB").arg(qRound(measure::peakMegabytes())), "<= 300 MB");
     return 0;
 }

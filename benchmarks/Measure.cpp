@@ -10,8 +10,6 @@ namespace measure {
 
 namespace {
 
-constexpr int kRuns = 9;
-
 void printRow(const QString& what, const QString& ours, const QString& theirs, const QString& ratio,
               const QString& target)
 {
@@ -31,6 +29,18 @@ QString shown(double milliseconds)
     return QStringLiteral("%1 ms").arg(milliseconds, 0, 'f', 2);
 }
 
+double statusMegabytes(const QByteArray& what)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith(what))
+            return line.mid(what.size()).simplified().split(' ').first().toDouble() / 1024;
+    }
+    return 0;
+}
+
 } // namespace
 
 double milliseconds(const Work& work)
@@ -41,10 +51,10 @@ double milliseconds(const Work& work)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
-Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs)
+Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs, int runs)
 {
     std::vector<double> our, their;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < runs; ++run) {
         our.push_back(ours());
         their.push_back(theirs());
     }
@@ -53,14 +63,12 @@ Comparison inTurns(const std::function<double()>& ours, const std::function<doub
 
 double residentMegabytes()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.mid(6).simplified().split(' ').first().toDouble() / 1024;
-    }
-    return 0;
+    return statusMegabytes("VmRSS:");
+}
+
+double peakMegabytes()
+{
+    return statusMegabytes("VmHWM:");
 }
 
 void printHead()

@@ -18,10 +18,14 @@ struct Comparison
 
     double ratio() const { return ours / theirs; }
 };
-Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs);
+inline constexpr int kRuns = 9;
+Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs,
+                   int runs = kRuns);
 
 // Of this process: what lies in memory now.
 double residentMegabytes();
+// The most that ever did.
+double peakMegabytes();
 
 // The table's head, and one line of it.
 void printHead();

@@ -9,6 +9,7 @@
 #include "database/Safekeeping.h"
 #include "platform/Clock.h"
 #include "platform/Guard.h"
+#include "platform/Heartbeat.h"
 #include "platform/Operator.h"
 #include "session/Session.h"
 #include "session/TextRows.h"
@@ -135,6 +136,7 @@ void CompanyUpgrade::copyModel()
 void CompanyUpgrade::moveTables()
 {
     begin(197, 40);
+    const platform::Heartbeat heartbeat(with_.session.cnDatabase, [this] { emit working(); });
     for (qsizetype i = 0; i < kTables.size(); ++i) {
         const QString& table = kTables[i];
         emit tableChanged(QStringLiteral("(%1/%2) %3").arg(i + 1).arg(kTables.size()).arg(table));

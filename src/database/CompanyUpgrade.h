@@ -28,6 +28,7 @@ signals:
     void progress(int percent);                      // prgUpgrade
     void copyProgress(int percent);                  // of the copy under way
     void animated(bool on);                          // anmUpgrade
+    void working();                                  // in the midst of a table, again and again
     void finished();                                 // the window closes
 
 private:

@@ -67,6 +67,7 @@ void frmUpgrade::listen()
     connect(cmdCancel_, &QPushButton::clicked, this, &frmUpgrade::reject);
     connect(&upgrade_, &CompanyUpgrade::finished, this, &QDialog::accept);
     connect(&upgrade_, &CompanyUpgrade::animated, this, [this](bool on) { anmUpgrade_->setRunning(on); });
+    connect(&upgrade_, &CompanyUpgrade::working, anmUpgrade_, &CopyAnimation::advance);
     connect(&upgrade_, &CompanyUpgrade::operationChanged, this, [this](const QString& operation) {
         lblOperation_->setText(operation);
         prgFile_->setValue(0);

@@ -12,7 +12,7 @@ namespace events {
 namespace {
 
 // How many times as long the list has to be before it grows in a view.
-constexpr std::size_t kGrowth = 4;
+constexpr std::size_t kGrowth = 16;
 
 QString dateText(Stamp stamp)
 {
@@ -24,6 +24,8 @@ QString dateText(Stamp stamp)
 
 void EventModel::clear(int codePage)
 {
+    sorting_.giveUp();
+    filling_ = true;
     beginResetModel();
     codePage_ = codePage;
     fold_ = CaseFold(codePage);
@@ -44,6 +46,7 @@ void EventModel::grow()
 
 void EventModel::finish()
 {
+    filling_ = false;
     take();
     if (sortColumn_)
         sort();
@@ -106,11 +109,29 @@ void EventModel::clickColumn(EventColumn column)
 
 void EventModel::resetSort()
 {
+    sorting_.giveUp();
     sortColumn_.reset();
     ascending_ = true;
 }
 
 void EventModel::sort()
+{
+    const auto work = [this, by = EventOrder{words_, fold_, *sortColumn_, ascending_}](
+                          std::vector<quint32>& rows, const std::atomic<bool>& stop) {
+        sortEvents(rows, store_, by, stop);
+    };
+    sorting_.giveUp();
+    if (filling_ || order_.size() <= sortedAtOnce_) {
+        std::vector<quint32> order = order_;
+        work(order, false);
+        putInOrder(std::move(order));
+        return;
+    }
+    sorting_.begin(order_, work, [this](std::vector<quint32> order) { putInOrder(std::move(order)); });
+    emit sortingChanged();
+}
+
+void EventModel::putInOrder(std::vector<quint32> order)
 {
     emit layoutAboutToBeChanged();
     const QModelIndexList before = persistentIndexList();
@@ -118,7 +139,7 @@ void EventModel::sort()
     for (const QModelIndex& index : before)
         events.push_back(eventAt(index.row()));
 
-    sortEvents(order_, store_, words_, fold_, *sortColumn_, ascending_);
+    order_ = std::move(order);
     shown_ = shownOf(order_);
 
     if (!before.isEmpty()) {
@@ -131,6 +152,7 @@ void EventModel::sort()
         changePersistentIndexList(before, after);
     }
     emit layoutChanged();
+    emit sortingChanged();
 }
 
 std::vector<quint32> EventModel::shownOf(const std::vector<quint32>& order) const

@@ -3,6 +3,7 @@
 #include "events/CaseFold.h"
 #include "events/EventColumn.h"
 #include "events/EventStore.h"
+#include "events/SortAside.h"
 #include "events/Timeline.h"
 
 #include <QAbstractTableModel>
@@ -29,6 +30,11 @@ public:
         bool operator==(const Span&) const = default;
     };
 
+    // So many events are sorted in no time; more are sorted beside the event loop.
+    static constexpr std::size_t kSortedAtOnce = 100'000;
+    explicit EventModel(std::size_t sortedAtOnce = kSortedAtOnce) : sortedAtOnce_(sortedAtOnce) {}
+    ~EventModel() override { sorting_.giveUp(); }
+
     // What a load fills; the list follows when it is told.
     EventStore& store() { return store_; }
     // Empties list and store, for texts in this code page; sorting and narrowing stay.
@@ -44,6 +50,8 @@ public:
 
     // A second call for the same column flips the order.
     void clickColumn(EventColumn column);
+    // Whether the rows are still to come into the order that was chosen.
+    bool isSorting() const { return sorting_.isBusy(); }
     // Back to the order of the files, for the next load.
     void resetSort();
     int sortColumn() const { return sortColumn_ ? int(*sortColumn_) : -1; }
@@ -85,6 +93,8 @@ public:
 signals:
     // Other rows are shown than before.
     void rowsChanged();
+    // A long sort has begun or ended.
+    void sortingChanged();
 
 private:
     struct Passes
@@ -98,6 +108,7 @@ private:
     void judgeSpan(quint32 row);
     bool isShown(quint32 row) const { return passes_[row].words && passes_[row].span; }
     void sort();
+    void putInOrder(std::vector<quint32> order);
     void showAgain();
     std::vector<quint32> shownOf(const std::vector<quint32>& order) const;
     QString decoded(QByteArrayView bytes) const;
@@ -115,6 +126,10 @@ private:
     std::vector<quint32> shown_; // those of them that are shown
     std::vector<Passes> passes_; // by event
     std::vector<bool> checked_;  // by event
+
+    const std::size_t sortedAtOnce_;
+    bool filling_ = false; // what a load fills can't be sorted beside it
+    SortAside sorting_;
 };
 
 } // namespace events

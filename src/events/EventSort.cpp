@@ -1,6 +1,5 @@
 #include "events/EventSort.h"
 
-#include "events/CaseFold.h"
 #include "events/EventStore.h"
 
 #include <algorithm>
@@ -28,7 +27,7 @@ constexpr int kKeyBytes = 8;
 class KeySorter
 {
 public:
-    explicit KeySorter(std::size_t most) : spare_(most) {}
+    KeySorter(std::size_t most, const std::atomic<bool>& stop) : spare_(most), stop_(stop) {}
 
     void sort(Items begin, Items end)
     {
@@ -44,7 +43,7 @@ public:
             for (int byte = 0; byte < kKeyBytes; ++byte)
                 ++counts[std::size_t(byte)][digit(item->key, byte)];
         }
-        for (int byte = 0; byte < kKeyBytes; ++byte) {
+        for (int byte = 0; byte < kKeyBytes && !stop_; ++byte) {
             auto& count = counts[std::size_t(byte)];
             if (count[digit(begin->key, byte)] != quint32(end - begin))
                 scatter(begin, end, byte, count);
@@ -63,6 +62,7 @@ private:
     }
 
     std::vector<Item> spare_;
+    const std::atomic<bool>& stop_;
 };
 
 // What each event sorts by. It is fetched in the order of the store, which lies in memory in that order; the
@@ -87,8 +87,8 @@ void takeRows(std::vector<quint32>& rows, const std::vector<Item>& items)
 class TextSorter
 {
 public:
-    TextSorter(const CaseFold& fold, bool ascending, std::size_t count)
-        : fold_(fold), flip_(ascending ? 0 : ~quint64(0)), keys_(count)
+    TextSorter(const EventOrder& by, std::size_t count, const std::atomic<bool>& stop)
+        : fold_(by.fold), flip_(by.ascending ? 0 : ~quint64(0)), keys_(count, stop), stop_(stop)
     {
     }
 
@@ -97,7 +97,7 @@ public:
         for (Items item = begin; item != end; ++item)
             item->key = fold_.key(item->text, depth * kKeyBytes) ^ flip_;
         keys_.sort(begin, end);
-        while (begin != end) {
+        while (begin != end && !stop_) {
             const quint64 key = begin->key;
             const Items next = std::find_if(begin, end, [key](const Item& item) { return item.key != key; });
             const bool textGoesOn = ((key ^ flip_) & 0xFF) != 0;
@@ -111,33 +111,64 @@ private:
     const CaseFold& fold_;
     quint64 flip_;
     KeySorter keys_;
+    const std::atomic<bool>& stop_;
 };
 
-template <class TextOf>
-void sortByText(std::vector<quint32>& rows, const EventStore& store, const CaseFold& fold, bool ascending,
-                TextOf textOf)
+class Sorting
 {
-    const auto texts = inStoreOrder<QByteArrayView>(store, textOf);
-    std::vector<Item> items(rows.size());
-    std::transform(rows.begin(), rows.end(), items.begin(), [&](quint32 row) {
-        return Item{0, row, texts[row]};
-    });
-    TextSorter(fold, ascending, rows.size()).sort(items.begin(), items.end());
-    takeRows(rows, items);
-}
+public:
+    Sorting(std::vector<quint32>& rows, const EventStore& store, const EventOrder& by,
+            const std::atomic<bool>& stop)
+        : rows_(rows), store_(store), by_(by), stop_(stop)
+    {
+    }
 
-template <class NumberOf>
-void sortByNumber(std::vector<quint32>& rows, const EventStore& store, bool ascending, NumberOf numberOf)
-{
-    const quint64 flip = ascending ? 0 : ~quint64(0);
-    const auto numbers = inStoreOrder<quint64>(store, numberOf);
-    std::vector<Item> items(rows.size());
-    std::transform(rows.begin(), rows.end(), items.begin(), [&](quint32 row) {
-        return Item{numbers[row] ^ flip, row, {}};
-    });
-    KeySorter(rows.size()).sort(items.begin(), items.end());
-    takeRows(rows, items);
-}
+    template <class TextOf>
+    void byText(TextOf textOf)
+    {
+        const auto texts = inStoreOrder<QByteArrayView>(store_, textOf);
+        std::vector<Item> items(rows_.size());
+        std::transform(rows_.begin(), rows_.end(), items.begin(), [&](quint32 row) {
+            return Item{0, row, texts[row]};
+        });
+        TextSorter(by_, rows_.size(), stop_).sort(items.begin(), items.end());
+        takeRows(rows_, items);
+    }
+
+    template <class NumberOf>
+    void byNumber(NumberOf numberOf)
+    {
+        const quint64 flip = by_.ascending ? 0 : ~quint64(0);
+        const auto numbers = inStoreOrder<quint64>(store_, numberOf);
+        std::vector<Item> items(rows_.size());
+        std::transform(rows_.begin(), rows_.end(), items.begin(), [&](quint32 row) {
+            return Item{numbers[row] ^ flip, row, {}};
+        });
+        KeySorter(rows_.size(), stop_).sort(items.begin(), items.end());
+        takeRows(rows_, items);
+    }
+
+    void byDate()
+    {
+        if (store_.allDated()) {
+            byNumber([&](quint32 row) { return store_.when(row); });
+            return;
+        }
+        const auto dates = inStoreOrder<std::array<char, 19>>(
+            store_, [&](quint32 row) { return sortableText(store_.when(row)); });
+        byText([&](quint32 row) -> QByteArrayView {
+            if (store_.when(row) == kNoStamp)
+                return store_.at(row).dateText;
+            return {dates[row].data(), qsizetype(dates[row].size())};
+        });
+    }
+
+private:
+    std::vector<quint32>& rows_;
+    const EventStore& store_;
+    const EventOrder& by_;
+    const std::atomic<bool>& stop_;
+};
 
 // The rank of each word among them all.
 template <std::size_t count>
@@ -151,45 +182,27 @@ std::array<int, count> ranksOf(const std::array<QString, count>& words)
     return ranks;
 }
 
-void sortByDate(std::vector<quint32>& rows, const EventStore& store, const CaseFold& fold, bool ascending)
-{
-    if (store.allDated()) {
-        sortByNumber(rows, store, ascending, [&](quint32 row) { return store.when(row); });
-        return;
-    }
-    const auto dates =
-        inStoreOrder<std::array<char, 19>>(store, [&](quint32 row) { return sortableText(store.when(row)); });
-    sortByText(rows, store, fold, ascending, [&](quint32 row) -> QByteArrayView {
-        if (store.when(row) == kNoStamp)
-            return store.at(row).dateText;
-        return {dates[row].data(), qsizetype(dates[row].size())};
-    });
-}
-
 } // namespace
 
-void sortEvents(std::vector<quint32>& rows, const EventStore& store, const EventWords& words,
-                const CaseFold& fold, EventColumn column, bool ascending)
+void sortEvents(std::vector<quint32>& rows, const EventStore& store, const EventOrder& by,
+                const std::atomic<bool>& stop)
 {
-    switch (column) {
+    Sorting sorting(rows, store, by, stop);
+    switch (by.column) {
     case EventColumn::Type:
-        return sortByNumber(rows, store, ascending, [&, ranks = ranksOf(words.types)](quint32 row) {
-            return ranks[store.type(row)];
-        });
+        return sorting.byNumber(
+            [&, ranks = ranksOf(by.words.types)](quint32 row) { return ranks[store.type(row)]; });
     case EventColumn::Date:
-        return sortByDate(rows, store, fold, ascending);
+        return sorting.byDate();
     case EventColumn::Source:
-        return sortByNumber(rows, store, ascending, [&, ranks = ranksOf(words.sources)](quint32 row) {
-            return ranks[store.source(row)];
-        });
+        return sorting.byNumber(
+            [&, ranks = ranksOf(by.words.sources)](quint32 row) { return ranks[store.source(row)]; });
     case EventColumn::Equipment:
-        return sortByText(rows, store, fold, ascending, [&](quint32 row) { return store.at(row).equipment; });
+        return sorting.byText([&](quint32 row) { return store.at(row).equipment; });
     case EventColumn::Instrument:
-        return sortByText(rows, store, fold, ascending,
-                          [&](quint32 row) { return store.at(row).instrument; });
+        return sorting.byText([&](quint32 row) { return store.at(row).instrument; });
     case EventColumn::Description:
-        return sortByText(rows, store, fold, ascending,
-                          [&](quint32 row) { return store.at(row).description; });
+        return sorting.byText([&](quint32 row) { return store.at(row).description; });
     }
 }
 

@@ -285,6 +285,8 @@ QString EventViewer::narrowed() const
 {
     if (isLoading())
         return texts_.own("viewer.reading").arg(grouped(list_.rowCount()));
+    if (list_.isSorting())
+        return texts_.own("viewer.sorting");
     return list_.isNarrowed() ? texts_.own("viewer.narrowed").arg(grouped(list_.rowCount())) : QString();
 }
 

@@ -72,7 +72,7 @@ public:
 
     // The status bar's panel "Info".
     const QString& info() const { return info_; }
-    // What stands beside it: how many events the list shows when it is narrowed.
+    // What stands beside it: what the list is busy with, how many events it shows when it is narrowed.
     QString narrowed() const;
     // Which files couldn't be read, and the same with every reason; "" when all could.
     QString unread() const;

@@ -220,6 +220,7 @@ void frmEventViewer::listen()
     connect(&viewer_, &EventViewer::changed, this, &frmEventViewer::showState);
     connect(&viewer_, &EventViewer::leaveWanted, this, &QDialog::accept);
     connect(&viewer_.list(), &EventModel::rowsChanged, this, &frmEventViewer::showRows);
+    connect(&viewer_.list(), &EventModel::sortingChanged, this, &frmEventViewer::showState);
 }
 
 void frmEventViewer::showEvent(QShowEvent* event)

@@ -3,24 +3,27 @@
 #include "exchange/Fields.h"
 #include "platform/CodePage.h"
 
+#include <algorithm>
+
 namespace exchange {
 
 QByteArray traceLine(const TraceTexts& texts, int codePage)
 {
     QByteArray line;
-    line.reserve(kTraceLength);
+    line.reserve(kTraceLength + qsizetype(sizeof kLineEnd));
     for (std::size_t field = 0; field < texts.size(); ++field)
-        line += fixedField(texts[field], kTraceFields[field].width, codePage);
+        appendFixedField(line, texts[field], kTraceFields[field].width, codePage);
     return line;
 }
 
 TraceLine::TraceLine(const QByteArray& bytes, int codePage)
 {
     for (std::size_t field = 0; field < texts.size(); ++field) {
-        QByteArray part = bytes.mid(kTraceFields[field].begin, kTraceFields[field].width);
-        while (part.endsWith(' '))
-            part.chop(1);
-        texts[field] = platform::decode(part, codePage);
+        const qsizetype begin = std::min<qsizetype>(kTraceFields[field].begin, bytes.size());
+        qsizetype end = std::min<qsizetype>(begin + kTraceFields[field].width, bytes.size());
+        while (end > begin && bytes[end - 1] == ' ')
+            --end;
+        texts[field] = platform::decode(bytes.mid(begin, end - begin), codePage);
     }
 }
 

@@ -15,6 +15,13 @@ bool isControl(QChar character)
     return character < u' ' || character == QChar(kDelete);
 }
 
+// Most texts are: they are the same bytes in every code page.
+bool isPlain(const QString& text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar character) { return character >= u' ' && character < QChar(kDelete); });
+}
+
 QString withoutControls(const QString& text)
 {
     QString line = text;
@@ -42,6 +49,8 @@ void blankUpperControls(const QString& line, QByteArray& bytes, int codePage)
 
 QByteArray pageField(const QString& text, int codePage)
 {
+    if (isPlain(text))
+        return text.toLatin1();
     const QString line = withoutControls(text);
     QByteArray bytes = platform::encode(line, codePage);
     blankUpperControls(line, bytes, codePage);
@@ -50,7 +59,15 @@ QByteArray pageField(const QString& text, int codePage)
 
 QByteArray fixedField(const QString& text, int width, int codePage)
 {
-    return pageField(text, codePage).leftJustified(width, ' ', true);
+    QByteArray field;
+    appendFixedField(field, text, width, codePage);
+    return field;
+}
+
+void appendFixedField(QByteArray& line, const QString& text, int width, int codePage)
+{
+    const QByteArray field = text.isEmpty() ? QByteArray() : pageField(text, codePage).left(width);
+    line.append(field).append(width - field.size(), ' ');
 }
 
 QByteArray trimmedField(const QString& text, int codePage)

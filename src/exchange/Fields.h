@@ -13,6 +13,7 @@ inline constexpr char kLineEnd[] = "\r\n"; // on every machine
 QByteArray pageField(const QString& text, int codePage);
 // The same, cut to a width or filled up with blanks.
 QByteArray fixedField(const QString& text, int width, int codePage);
+void appendFixedField(QByteArray& line, const QString& text, int width, int codePage);
 // The same without blanks at its end.
 QByteArray trimmedField(const QString& text, int codePage);
 // In UTF-8, in quotes where commas, quotes or blanks at an end make them needed (RFC 4180).

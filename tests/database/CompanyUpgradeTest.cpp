@@ -98,6 +98,20 @@ TEST_F(CompanyUpgradeTest, TellsItsStepsInTheirOrder)
                                  "UPGRADED CONCLUDED", "animation stops"}));
 }
 
+TEST_F(CompanyUpgradeTest, TellsThatItWorksInTheMidstOfALargeTable)
+{
+    runOnPlant("INSERT INTO tbParametersUser WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n "
+               "WHERE i < 20000) SELECT 1, 1, 'X' || i, 'G01', NULL, 0 FROM n;");
+    ASSERT_TRUE(connectPlant());
+    QStringList during;
+    QObject::connect(&upgrade, &CompanyUpgrade::working, [&] { during << told.last(); });
+    op.expect(kDone);
+    upgrade.Upgrade_Database();
+    EXPECT_GE(during.count("(4/5) tbParametersUser"), 4);
+    for (const QString& step : during)
+        EXPECT_TRUE(step.startsWith("(")) << "not while files are copied: " << qPrintable(step);
+}
+
 TEST_F(CompanyUpgradeTest, TheSafetyCopyStandsWhileTheCompanyIsReplaced)
 {
     ASSERT_TRUE(connectPlant());

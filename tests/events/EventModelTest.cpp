@@ -2,6 +2,7 @@
 
 #include "LogText.h"
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <gmock/gmock.h>
 
@@ -150,6 +151,138 @@ TEST_F(EventModelTest, EqualRowsKeepTheirOrderInEitherDirection)
     EXPECT_THAT(descriptions(), ElementsAre("a", "b", "c", "d"));
 }
 
+// A list so long that it is sorted beside the event loop.
+class LongEventModelTest : public testing::Test
+{
+protected:
+    LongEventModelTest()
+    {
+        model_.setWords(kWords);
+        fill();
+    }
+    void fill()
+    {
+        model_.clear(1252);
+        for (const char* description : {"c", "a", "b"})
+            model_.store().append(LogLine(logs::line("1", "14/03/2026 10:20:30", "2", "", "", description)));
+        model_.finish();
+    }
+    QString descriptions() const
+    {
+        QString texts;
+        for (int row = 0; row < model_.rowCount(); ++row)
+            texts += model_.text(row, EventColumn::Description);
+        return texts;
+    }
+    void wait()
+    {
+        while (model_.isSorting())
+            QCoreApplication::processEvents();
+    }
+
+    int argc_ = 0;
+    QCoreApplication application_{argc_, nullptr};
+    EventModel model_{2};
+    QSignalSpy changed_{&model_, &QAbstractItemModel::layoutChanged};
+    QSignalSpy sorting_{&model_, &EventModel::sortingChanged};
+};
+
+TEST_F(LongEventModelTest, StaysAliveWhileItIsSorted)
+{
+    model_.clickColumn(EventColumn::Description);
+    EXPECT_TRUE(model_.isSorting());
+    EXPECT_EQ(sorting_.count(), 1);
+    EXPECT_EQ(model_.sortColumn(), 5);
+    EXPECT_EQ(descriptions(), "cab");
+    model_.setChecked({1}, true);
+    model_.setSpan(EventModel::Span{0, 99991231235959});
+    const QPersistentModelIndex current = model_.index(0, 5);
+    wait();
+    EXPECT_EQ(descriptions(), "abc");
+    EXPECT_EQ(current.row(), 2);
+    EXPECT_TRUE(model_.isChecked(0));
+    EXPECT_EQ(model_.checkedCount(), 1);
+    EXPECT_EQ(changed_.count(), 1);
+    EXPECT_EQ(sorting_.count(), 2);
+}
+
+TEST_F(LongEventModelTest, WhatIsNarrowedMeanwhileStaysSo)
+{
+    model_.clickColumn(EventColumn::Description);
+    model_.setNeedle("c");
+    wait();
+    EXPECT_EQ(descriptions(), "c");
+    model_.setNeedle({});
+    EXPECT_EQ(descriptions(), "abc");
+}
+
+TEST_F(LongEventModelTest, AnotherClickGivesTheFirstSortUp)
+{
+    model_.clickColumn(EventColumn::Description);
+    model_.clickColumn(EventColumn::Description);
+    wait();
+    EXPECT_EQ(descriptions(), "cba");
+    EXPECT_EQ(changed_.count(), 1);
+}
+
+TEST_F(LongEventModelTest, ALoadGivesTheSortUpAndSortsWhenItHasEnded)
+{
+    model_.clickColumn(EventColumn::Description);
+    model_.clear(1252);
+    EXPECT_FALSE(model_.isSorting());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changed_.count(), 0);
+    for (const char* description : {"z", "x", "y"})
+        model_.store().append(LogLine(logs::line("1", "14/03/2026 10:20:30", "2", "", "", description)));
+    model_.grow();
+    model_.clickColumn(EventColumn::Description); // the other way round
+    EXPECT_FALSE(model_.isSorting()) << "the load may change what would be sorted";
+    EXPECT_EQ(descriptions(), "zyx");
+    model_.clickColumn(EventColumn::Description);
+    model_.store().append(LogLine(logs::line("1", "14/03/2026 10:20:30", "2", "", "", "w")));
+    model_.finish();
+    EXPECT_EQ(descriptions(), "xyzw");
+    wait();
+    EXPECT_EQ(descriptions(), "wxyz");
+}
+
+TEST_F(LongEventModelTest, AWindowThatClosesTakesNothingAnyMore)
+{
+    model_.clickColumn(EventColumn::Description);
+    model_.resetSort();
+    EXPECT_FALSE(model_.isSorting());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(descriptions(), "cab");
+}
+
+TEST_F(LongEventModelTest, AsManyAsAreSortedAtOnceAreNotSortedAside)
+{
+    EventModel model(3);
+    for (const char* description : {"c", "a", "b"})
+        model.store().append(LogLine(logs::line("1", "14/03/2026 10:20:30", "2", "", "", description)));
+    model.finish();
+    model.clickColumn(EventColumn::Description);
+    EXPECT_FALSE(model.isSorting());
+    EXPECT_EQ(model.text(0, EventColumn::Description), "a");
+}
+
+TEST(SortAside, ToldToStopItEnds)
+{
+    SortAside aside;
+    bool taken = false;
+    aside.begin(
+        {2, 1},
+        [](std::vector<quint32>&, const std::atomic<bool>& stop) {
+            while (!stop)
+                std::this_thread::yield();
+        },
+        [&taken](const std::vector<quint32>&) { taken = true; });
+    EXPECT_TRUE(aside.isBusy());
+    aside.giveUp();
+    EXPECT_FALSE(aside.isBusy());
+    EXPECT_FALSE(taken);
+}
+
 TEST_F(EventModelTest, LongTextsSortByEveryCharacter)
 {
     const QList<QByteArray> texts{"Parameter value: 10",
@@ -279,18 +412,18 @@ TEST_F(EventModelTest, GrowsInStepsAndIsWholeAtTheEnd)
     append(3);
     model_.grow();
     EXPECT_EQ(model_.rowCount(), 3);
-    append(8);
-    model_.grow(); // not four times as many
+    append(44);
+    model_.grow(); // not sixteen times as many
     EXPECT_EQ(model_.rowCount(), 3);
     append(1);
     model_.grow();
-    EXPECT_EQ(model_.rowCount(), 12);
+    EXPECT_EQ(model_.rowCount(), 48);
     append(1);
     model_.finish();
-    EXPECT_EQ(model_.rowCount(), 13);
+    EXPECT_EQ(model_.rowCount(), 49);
     ASSERT_EQ(inserted.size(), 3);
     EXPECT_EQ(inserted[1][1], 3);
-    EXPECT_EQ(inserted[1][2], 11);
+    EXPECT_EQ(inserted[1][2], 47);
 }
 
 struct Words

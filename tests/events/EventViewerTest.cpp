@@ -2,6 +2,7 @@
 
 #include "LogText.h"
 #include "events/FilterEditor.h"
+#include "platform/CodePage.h"
 #include "platform/RecordingPrinters.h"
 #include "platform/ScriptedOperator.h"
 #include "platform/VirtualClock.h"
@@ -12,10 +13,12 @@
 #include "support/FailureRecorder.h"
 #include "support/FullDisk.h"
 #include "support/NamedFailure.h"
+#include "support/OrdinaryUser.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
 #include <gmock/gmock.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -165,16 +168,19 @@ TEST_F(EventViewerTest, TakesWhatIsReallyFoundOnDisks)
 
 TEST_F(EventViewerTest, AFileThatMayNotBeReadIsNamedAndTheOthersAreShown)
 {
-    if (geteuid() == 0)
-        GTEST_SKIP() << "nothing is forbidden to root";
     for (const char* name : {"Calidora_1.log", "Calidora_2.log", "Calidora_3.log"})
         log(name, logs::event(name));
+    ASSERT_EQ(chmod(qPrintable(folder_.path()), 0755), 0);
+    const auto read = [this] {
+        const support::OrdinaryUser nobody;
+        return viewer_.Read_Log();
+    };
     ASSERT_EQ(chmod(folder_.file("Log/Calidora_2.log").toLocal8Bit(), 0), 0);
-    EXPECT_TRUE(viewer_.Read_Log());
+    EXPECT_TRUE(read());
     EXPECT_THAT(descriptions(), ElementsAre("Calidora_1.log", "Calidora_3.log"));
     EXPECT_EQ(viewer_.unread(), "Not read: Calidora_2.log (Permission denied)");
     ASSERT_EQ(chmod(folder_.file("Log/Calidora_1.log").toLocal8Bit(), 0), 0);
-    viewer_.Read_Log();
+    read();
     EXPECT_EQ(viewer_.unread(), "Not read: Calidora_1.log (Permission denied) and 1 more");
     EXPECT_EQ(viewer_.unreadReasons(),
               "Calidora_1.log (Permission denied)\nCalidora_2.log (Permission denied)");
@@ -485,6 +491,37 @@ TEST_F(EventExportTest, AFolderThatTakesNoFileFailsAndNothingIsLeft)
     EXPECT_EQ(folder_.names("Data"), QStringList());
 }
 
+TEST_F(EventExportTest, AReadOnlyFolderIsToldAndTheFormerFileStays)
+{
+    folder_.write("Data/events.txt", "former");
+    ::chmod(qPrintable(folder_.path()), 0755);
+    ::chmod(qPrintable(folder_.file("Data")), 0555);
+    operator_.chooseFile(kFile);
+    {
+        const support::OrdinaryUser nobody;
+        viewer_.Export_List();
+    }
+    ::chmod(qPrintable(folder_.file("Data")), 0755);
+    ASSERT_EQ(recorder_.failures().size(), 1u);
+    EXPECT_THAT(recorder_.failures()[0].description.toStdString(), HasSubstr("events.txt"));
+    recorder_.expectOne(platform::errors::kPermissionDenied, "frmEventViewer/Export_List");
+    EXPECT_EQ(folder_.read("Data/events.txt"), "former");
+    EXPECT_EQ(folder_.names("Data"), QStringList{"events.txt"});
+    EXPECT_FALSE(viewer_.progress());
+}
+
+// Who has the former file open goes on reading it; the new one stands whole under its name.
+TEST_F(EventExportTest, AFileThatAnotherProgramHoldsIsReplacedWhole)
+{
+    folder_.write("Data/events.txt", "former");
+    QFile held(kFile);
+    ASSERT_TRUE(held.open(QIODevice::ReadWrite));
+    ASSERT_EQ(::flock(held.handle(), LOCK_EX | LOCK_NB), 0);
+    exportTo(kFile, 1);
+    EXPECT_EQ(held.readAll(), "former");
+    EXPECT_EQ(folder_.read("Data/events.txt").count('\n'), 4);
+}
+
 TEST_F(EventExportTest, AFullDiskLeavesTheFormerFile)
 {
     log("Calidora_1.log", logs::event("x").repeated(3000));
@@ -653,6 +690,32 @@ TEST_F(FilterEditorTest, WithoutAChangeNothingIsReadAgain)
     editor_.cmdOK();
     EXPECT_EQ(viewer_.list().rowCount(), 3);
     EXPECT_FALSE(viewer_.isFiltered());
+}
+
+TEST_F(FilterEditorTest, FindsNamesOfFiftyCharactersOfAnyScript)
+{
+    const QStringList names{
+        QString(50, QChar(u'W')),          QStringLiteral("Ж").repeated(50),
+        QStringLiteral("Ὀ").repeated(50),  QStringLiteral("مصنع ").repeated(10).trimmed() + QChar(u'.'),
+        QStringLiteral("冷").repeated(50), QString::fromUcs4(U"\U0001F9CA").repeated(25),
+    };
+    for (const int codePage : {1252, 1251}) {
+        session_.CodePage = codePage;
+        for (const QString& name : names) {
+            const QByteArray bytes = platform::encode(name, codePage).left(50);
+            log("Calidora_1.log", logs::line("1", "14/03/2026 10:20:30", "2", bytes, bytes, "found") + '\n' +
+                                      logs::event("other"));
+            FilterControls controls = editor_.controls();
+            controls.txtEquipment = controls.txtInstrument = name;
+            editor_.change(controls);
+            editor_.cmdApply();
+            const bool inPage = platform::decode(bytes, codePage) == name;
+            EXPECT_EQ(descriptions(), inPage ? QStringList{"found"} : QStringList()) << qPrintable(name);
+            EXPECT_EQ(viewer_.filter().Equipment, name);
+            EXPECT_EQ(viewer_.filter().Instrument, name);
+        }
+    }
+    recorder_.expectNone();
 }
 
 TEST_F(FilterEditorTest, ASpanThatEndsBeforeItBeginsIsSeen)

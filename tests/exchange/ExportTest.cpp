@@ -1,4 +1,5 @@
 #include "exchange/ExchangeFixture.h"
+#include "platform/CodePage.h"
 #include "support/FullDisk.h"
 #include "support/NamedFailure.h"
 
@@ -120,28 +121,96 @@ TEST_F(ExportTest, AForeignReaderFindsEveryColumnOfTheSpreadsheet)
     EXPECT_EQ(reader.readAllStandardOutput().trimmed(), R"(5 {15} ['"a", b', ',", ;', '"'])");
 }
 
-TEST_F(ExportTest, SpeaksItalianAndRussian)
+// The reports and the trace in the other languages, byte by byte. What the language has no word for isn't in
+// them.
+struct Tongue
+{
+    const char* identifier;
+    int codePage;
+    std::vector<QString> titles;
+    std::vector<std::vector<QString>> rows; // as the text form has them
+    QString spreadsheetTitles;
+};
+
+class ExportTongueTest : public ExportTest, public testing::WithParamInterface<Tongue>
+{
+protected:
+    static QByteArray bytes(const QString& text) { return platform::encode(text, GetParam().codePage); }
+    static std::vector<QByteArray> bytes(const std::vector<QString>& texts)
+    {
+        std::vector<QByteArray> fields;
+        for (const QString& text : texts)
+            fields.push_back(bytes(text));
+        return fields;
+    }
+    static QByteArray commas(const std::vector<QString>& texts)
+    {
+        QStringList fields(texts.begin(), texts.end());
+        return bytes(fields.join(',')) + "\r\n";
+    }
+};
+
+TEST_P(ExportTongueTest, EveryFormByteByByte)
 {
     makeSmallPlant();
-    setLanguage("IT_Italiano_1000");
-    standOn("2_4_2");
-    EXPECT_EQ(exported(kCommaFilter),
-              "[" + texts(101).toLatin1() +
-                  "],Nome Impianto,Descrizione Impianto,Telefono,Nome Strumento,Descrizione Strumento,"
-                  "Strumento,Indirizzo,Descrizione," +
-                  texts(145).toLatin1() + "," + texts(107).toLatin1() +
-                  "\r\n"
-                  "4_2_P0101,North,Market, old,0551,Cold 1,,KT100,10,Misure,IT T1,12.3 \xB0"
-                  "C\r\n"
-                  "4_2_P0202,North,Market, old,0551,Cold 1,,KT100,10,Stati,IT FAN,Massimo\r\n"
-                  "4_2_P0302,North,Market, old,0551,Cold 1,,KT100,10,Tempi,IT NGT,--.--\r\n");
-    setLanguage("RU_Русский_6000");
-    session.CodePage = 1251;
-    const QByteArray text = exported(kTextFilter);
-    EXPECT_EQ(text.mid(1448, 5), "North");
-    EXPECT_EQ(text.mid(1448 + 679, 9), "\xC8\xE7\xEC\xE5\xF0\xE5\xED\xE8\xFF"); // Измерения
-    EXPECT_EQ(text.mid(1448 + 1191, 4), "12.3");
+    runOnPlant("UPDATE tbGroupsUser SET Name = 'Città Север';");
+    setLanguage(GetParam().identifier);
+    session.CodePage = GetParam().codePage;
+    standOn("Root");
+
+    QByteArray text = row(bytes(GetParam().titles)), comma = "[ID]," + commas(GetParam().titles);
+    for (const auto& fields : GetParam().rows) {
+        text += row(bytes({fields.begin() + 1, fields.end()}));
+        comma += commas(fields);
+    }
+    EXPECT_EQ(exported(kTextFilter), text);
+    EXPECT_EQ(exported(kCommaFilter), comma);
+    const QByteArray spreadsheet = exported(kSpreadsheetFilter);
+    EXPECT_EQ(spreadsheet.left(spreadsheet.indexOf("\r\n")),
+              "\xEF\xBB\xBF" + GetParam().spreadsheetTitles.toUtf8());
+
+    structure.clickNode("1_4");
+    const QByteArray name = bytes("Città Север");
+    const QByteArray trace = exported(kDataTraceFilter);
+    EXPECT_EQ(trace.left(411), at("", 58) + at(name, 50) + at("Market, old", 255) + at("0551", 46) + "\r\n");
+    EXPECT_EQ(trace.mid(2 * 411, 411),
+              at("2", 8) + at("P0101", 50) + at("G01", 50) + at("12.3", 301) + "\r\n");
+    EXPECT_EQ(trace.size(), 7 * 411);
 }
+
+const Tongue kItalian{"IT_Italiano_1000",
+                      1252,
+                      {"Nome Impianto", "Descrizione Impianto", "Telefono", "Nome Strumento",
+                       "Descrizione Strumento", "Strumento", "Indirizzo", "Descrizione", "Proprietà",
+                       "Valore"},
+                      {{"4_7_P1102", "Città ?????", "Market, old", "0551", "Case", "Fish", "KT200", "",
+                        "Regolazioni", "IT DIF", "300 K"},
+                       {"4_2_P0101", "Città ?????", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Misure", "IT T1", "12.3 °C"},
+                       {"4_2_P0202", "Città ?????", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Stati", "IT FAN", "Massimo"},
+                       {"4_2_P0302", "Città ?????", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Tempi", "IT NGT", "--.--"}},
+                      "[ID],Nome Impianto,Descrizione Impianto,Telefono,Nome Strumento,Descrizione "
+                      "Strumento,Strumento,Indirizzo,"
+                      "Descrizione,Proprietà,Valore,Unità,Valore memorizzato,Stato,Esportato il"};
+
+const Tongue kRussian{"RU_Русский_6000",
+                      1251,
+                      {"Имя Объект", "Описание Объект", "Телефон", "Имя Прибор", "Описание Прибор", "Прибор",
+                       "Адрес", "Описание", "Свойства", "Значение"},
+                      {{"4_2_P0101", "Citt? Север", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Измерения", "РУ T1", "12.3 °C"},
+                       {"4_2_P0202", "Citt? Север", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Состояния", "РУ FAN", "Полный"},
+                       {"4_2_P0302", "Citt? Север", "Market, old", "0551", "Cold 1", "", "KT100", "10",
+                        "Время", "РУ NGT", "--.--"}},
+                      "[ID],Имя Объект,Описание Объект,Телефон,Имя Прибор,Описание "
+                      "Прибор,Прибор,Адрес,Описание,Свойства,Значение,"
+                      "Единица,Хранимое значение,Состояние,Экспортировано"};
+
+INSTANTIATE_TEST_SUITE_P(Tongues, ExportTongueTest, testing::Values(kItalian, kRussian),
+                         [](const auto& tongue) { return std::string(tongue.param.identifier, 2); });
 
 TEST_F(ExportTest, ARowWithoutWordsInTheLanguageIsNotInTheReport)
 {

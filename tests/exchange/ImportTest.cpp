@@ -309,17 +309,37 @@ TEST_F(ImportTest, AFileWithoutLinesIsNoDataTrace)
     expectNothingImported();
 }
 
+TEST_F(ImportTest, AFileOfFourGigabytesIsRefusedAtOnce)
+{
+    const qint64 size = qint64(4) << 30;
+    standOn("1_1");
+    const QString path = makeFile(whole_);
+    ASSERT_TRUE(QFile::resize(path, size)); // without taking the room on the disk
+    op.chooseFile(path);
+    importing.Import_Item();
+    failures.expectOne(platform::errors::kInvalidCall, "Module/Import_Item");
+    expectNothingImported();
+    EXPECT_EQ(QFileInfo(path).size(), size);
+}
+
+// Cut off at a line's end the file is a smaller plant; anywhere else it is asked about.
 TEST_F(ImportTest, AFileCutOffAnywhereComesInWholeOrNotAtAll)
 {
     standOn("1_1");
-    for (int length = 0; length < whole_.size(); length += 37) {
-        const QStringList before = groups();
+    QStringList before = groups();
+    for (int length = 1; length < whole_.size(); ++length) {
         op.chooseFile(makeFile(whole_.left(length)));
         importing.Import_Item();
         op.unexpected.clear();
         const bool asked = op.boxes.back().buttons == platform::Buttons::YesNo;
-        EXPECT_EQ(groups() != before, !asked && length > 0) << length;
+        const int inLine = length % 411;
+        ASSERT_EQ(asked, inLine != 0 && inLine != 409 && inLine != 410) << length;
+        if (asked)
+            continue; // answered with No
+        ASSERT_EQ(groups().size(), before.size() + 1) << length;
+        before = groups();
     }
+    EXPECT_EQ(groups(), before);
 }
 
 TEST_F(ImportTest, AMissingFileFails)

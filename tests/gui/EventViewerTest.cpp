@@ -163,6 +163,24 @@ TEST_F(EventViewerWindow, AHeaderClickSortsAndASecondTurnsIt)
     });
 }
 
+TEST_F(EventViewerWindow, ALongListGoesOnWhileItIsSorted)
+{
+    write("Calidora_20260316000000.log", logs::event("a").repeated(100000));
+    start();
+    view([&](QDialog&) {
+        ASSERT_TRUE(QTest::qWaitFor([&] { return panel("Info") == "Total events: 100,004"; }, 60000));
+        click(0, 5);
+        clickHeader(5);
+        EXPECT_EQ(panel("Narrowed"), "Sorting...");
+        EXPECT_EQ(list()->currentIndex().row(), 0);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return panel("Narrowed").isEmpty(); }, 60000));
+        EXPECT_EQ(list()->model()->index(0, 5).data(), "a");
+        EXPECT_EQ(list()->currentIndex().row(), 100000);
+        EXPECT_EQ(list()->currentIndex().siblingAtColumn(5).data(), "Connected.");
+        EXPECT_TRUE(list()->viewport()->rect().intersects(list()->visualRect(list()->currentIndex())));
+    });
+}
+
 TEST_F(EventViewerWindow, ChecksByMouseKeyAndMenu)
 {
     start();

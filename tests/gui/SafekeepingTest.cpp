@@ -136,6 +136,24 @@ TEST_F(SafekeepingWindows, AnUpgradeIsCancelledByButtonAndByEscape)
     EXPECT_EQ(plant().tree().captionOf("1_1"), "GRP1");
 }
 
+TEST_F(SafekeepingWindows, TheUpgradesWindowSpeaksEveryLanguage)
+{
+    start();
+    for (const char* language : {"EN_English_2000", "IT_Italiano_1000", "RU_Русский_6000"}) {
+        setLanguage(language);
+        inside("frmUpgrade", [&](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "Calidora\\Aggiornamento Database");
+            EXPECT_EQ(dialog.findChild<QPushButton*>("cmdUpgrade")->text(), texts(192));
+            EXPECT_EQ(dialog.findChild<QPushButton*>("cmdCancel")->text(), texts(194));
+            nothingIsClipped(dialog);
+            picture(dialog, "frmUpgrade");
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        choose("mnuUpgradeDb");
+    }
+    EXPECT_EQ(played, 3);
+}
+
 TEST_F(SafekeepingWindows, ACopyOfALargeCompanyShowsHowFarItIs)
 {
     runOnPlant("CREATE TABLE tbFiller (a); INSERT INTO tbFiller VALUES (zeroblob(9000000));");
@@ -149,7 +167,11 @@ TEST_F(SafekeepingWindows, ACopyOfALargeCompanyShowsHowFarItIs)
             if (auto* form = desktop.form("frmCopy")) {
                 watch->stop();
                 auto* prgCopy = form->findChild<QProgressBar*>("prgCopy");
-                QObject::connect(prgCopy, &QProgressBar::valueChanged, [&](int value) { shown = value; });
+                QObject::connect(prgCopy, &QProgressBar::valueChanged, [&, form](int value) {
+                    shown = value;
+                    if (value == 66)
+                        picture(*form, "frmCopy");
+                });
             }
         });
         watch->start(0);

@@ -13,6 +13,7 @@ constexpr int kWidth = 300;
 constexpr int kHeight = 76;
 constexpr int kSheets = 3;
 constexpr int kFlight = 1500; // milliseconds of a sheet
+constexpr int kPicture = 30;  // milliseconds that a picture stands at least
 const QSizeF kStore(46, 46);
 const QSizeF kSheet(16, 20);
 
@@ -64,7 +65,7 @@ void CopyAnimation::setRunning(bool running)
 
 void CopyAnimation::advance()
 {
-    if (isRunning())
+    if (isRunning() && clock_.elapsed() - painted_ >= kPicture)
         repaint();
 }
 
@@ -75,6 +76,7 @@ QSize CopyAnimation::sizeHint() const
 
 void CopyAnimation::paintEvent(QPaintEvent*)
 {
+    painted_ = isRunning() ? clock_.elapsed() : 0;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal ground = height() - kStore.height() / 2 - 4;

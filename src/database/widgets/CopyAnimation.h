@@ -5,7 +5,7 @@
 
 namespace database {
 
-// Sheets that fly from one store to the other while a copy runs. The copy holds the thread, so each call of
+// Sheets that fly from one store to the other while a copy runs. The copy holds the thread, so a call of
 // advance() paints the picture that belongs to the time that has gone by.
 class CopyAnimation : public QWidget
 {
@@ -25,6 +25,7 @@ protected:
 
 private:
     QElapsedTimer clock_;
+    qint64 painted_ = 0; // when the picture that stands was painted
 };
 
 } // namespace database

@@ -64,11 +64,13 @@ EventView::EventView(EventModel& model, QWidget* parent)
 
     connect(this, &QAbstractItemView::activated, this,
             [this](const QModelIndex& index) { emit taken(index.row()); });
-    connect(header_, &QHeaderView::sectionClicked, this, [this](int column) {
-        model_.clickColumn(EventColumn(column));
-        scrollTo(currentIndex());
+    connect(header_, &QHeaderView::sectionClicked, this,
+            [this](int column) { model_.clickColumn(EventColumn(column)); });
+    connect(&model_, &EventModel::sortingChanged, this, [this] {
+        showArrow();
+        if (!model_.isSorting())
+            scrollTo(currentIndex());
     });
-    connect(&model_, &QAbstractItemModel::layoutChanged, this, &EventView::showArrow);
     connect(&model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
         current_.reset();
         if (currentIndex().isValid())
