@@ -3,6 +3,7 @@
 #include "platform/Connection.h"
 #include "platform/Guard.h"
 #include "platform/Recordset.h"
+#include "platform/Words.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "structure/ParamGroupNodes.h"
@@ -39,6 +40,7 @@ bool Duplicator::duplicateInstrument(const QString& srcIDGrp, const QString& src
     const QString copy = QString::number(number);
     UpdateProgress progress(structure_, operator_);
     Transaction transaction(session_.cnDatabase);
+    requireGroup(target);
     progress.to(25);
     copyOne(QStringLiteral(R"(
         INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address)
@@ -114,12 +116,21 @@ bool Duplicator::duplicateGroup(const QString& source)
     return true;
 }
 
+// Another program may have taken the group away that the tree still shows.
+void Duplicator::requireGroup(const QString& IDGrp)
+{
+    Recordset group;
+    group.Open(QStringLiteral("SELECT IDGrp FROM tbGroupsUser WHERE (IDGrp = %1);").arg(IDGrp),
+               session_.cnDatabase);
+    if (group.Eof())
+        platform::failInWords(platform::errors::kItemNotFound, "paste.target");
+}
+
 // The element itself: when it has gone meanwhile there is nothing to copy, and nothing may be moved.
 void Duplicator::copyOne(const QString& sql)
 {
     if (session_.cnDatabase.Execute(sql) != 1)
-        platform::fail(platform::errors::kItemNotFound,
-                       QStringLiteral("The element to copy is not there any more."));
+        platform::failInWords(platform::errors::kItemNotFound, "paste.gone");
 }
 
 void Duplicator::copyAll(const QString& sql)

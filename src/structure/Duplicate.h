@@ -34,6 +34,7 @@ public:
 private:
     bool duplicateGroup(const QString& source);
     bool duplicateInstrument(const QString& srcIDGrp, const QString& srcIDInst, const QString& target);
+    void requireGroup(const QString& IDGrp);
     void copyOne(const QString& sql);
     void copyAll(const QString& sql);
     void addNodes(int level, const QString& sql);

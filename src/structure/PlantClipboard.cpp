@@ -32,6 +32,10 @@ bool isMovable(const QString& key)
 PlantClipboard::PlantClipboard(const Surroundings& surroundings)
     : with_(surroundings), duplicator_(with_.session, with_.op, with_.structure, with_.editor.records())
 {
+    QObject::connect(&with_.structure.tree(), &QAbstractItemModel::rowsRemoved, &watch_, [this] {
+        const QString& noted = with_.session.ClipKey;
+        sourceGone_ |= !noted.isEmpty() && !with_.structure.tree().contains(noted);
+    });
 }
 
 void PlantClipboard::Cut_Item()
@@ -60,6 +64,7 @@ void PlantClipboard::note(int operation, const QString& key)
         return;
     with_.session.ClipOperation = operation;
     with_.session.ClipKey = key;
+    sourceGone_ = false;
     with_.structure.showCut(operation == ClipCut ? key : QString());
 }
 
@@ -71,6 +76,10 @@ void PlantClipboard::Paste_Item()
         if (session.ClipKey.isEmpty() || session.ClipOperation == ClipNothing || node.isEmpty() ||
             !session::rightOf(session.CurrentUser.Modify))
             return;
+        if (sourceGone_) {
+            tellSourceGone();
+            return;
+        }
         if (Extract_Level(node) != Extract_Level(session.ClipKey) - 1) {
             with_.op.messageBox(with_.texts(510), Buttons::Ok, Icon::Exclamation, session.AppTitle);
             return;
@@ -97,15 +106,27 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
         Extract_Level(session.ClipKey) == kGroup ? Duplicator::kOfGroup : Duplicator::kOfInstrument;
     const bool copied = Duplicate_Item(kind, source.IDGrp, source.IDInst, target.IDGrp);
     const bool both = copied && session.ClipOperation == ClipCut && !with_.editor.Erase_Item(session.ClipKey);
-    session.ClipOperation = ClipNothing;
-    session.ClipKey.clear();
-    with_.structure.showCut({});
+    forget();
     with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     if (both)
         with_.op.messageBox(with_.texts.own(QStringLiteral("move.both")), Buttons::Ok, Icon::Exclamation,
                             session.AppTitle);
     else if (copied)
         with_.op.messageBox(with_.texts(509), Buttons::Ok, Icon::Information, session.AppTitle);
+}
+
+void PlantClipboard::tellSourceGone()
+{
+    forget();
+    with_.op.messageBox(with_.texts.own(QStringLiteral("paste.gone")), Buttons::Ok, Icon::Exclamation,
+                        with_.session.AppTitle);
+}
+
+void PlantClipboard::forget()
+{
+    with_.session.ClipOperation = ClipNothing;
+    with_.session.ClipKey.clear();
+    with_.structure.showCut({});
 }
 
 } // namespace structure

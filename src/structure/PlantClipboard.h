@@ -2,6 +2,8 @@
 
 #include "structure/Duplicate.h"
 
+#include <QObject>
+
 namespace session {
 class Texts;
 }
@@ -33,6 +35,8 @@ public:
     // The tree's selected node.
     void Cut_Node();
     void Copy_Node();
+    // What a drag has drawn to its target.
+    void note(int operation, const QString& key);
     // Into the tree's selected node, after a question. A move is a copy under a new number, then a deletion.
     void Paste_Item();
     // Copies an element as Paste_Item does.
@@ -43,12 +47,16 @@ public:
     }
 
 private:
-    void note(int operation, const QString& key);
     void paste(const KeyParts& source, const KeyParts& target);
     bool confirmed();
+    void forget();
+    void tellSourceGone();
 
     Surroundings with_;
     Duplicator duplicator_;
+    // The noted element was deleted. One that gets its number later is another one.
+    bool sourceGone_ = false;
+    QObject watch_; // over the tree, as long as this lives
 };
 
 } // namespace structure
