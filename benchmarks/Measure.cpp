@@ -10,8 +10,6 @@ namespace measure {
 
 namespace {
 
-constexpr int kRuns = 9;
-
 void printRow(const QString& what, const QString& ours, const QString& theirs, const QString& ratio,
               const QString& target)
 {
@@ -41,10 +39,10 @@ double milliseconds(const Work& work)
     return double(timer.nsecsElapsed()) / 1e6;
 }
 
-Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs)
+Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs, int runs)
 {
     std::vector<double> our, their;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < runs; ++run) {
         our.push_back(ours());
         their.push_back(theirs());
     }

@@ -18,7 +18,7 @@ struct Comparison
 
     double ratio() const { return ours / theirs; }
 };
-Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs);
+Comparison inTurns(const std::function<double()>& ours, const std::function<double()>& theirs, int runs = 9);
 
 // Of this process: what lies in memory now.
 double residentMegabytes();

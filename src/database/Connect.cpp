@@ -6,6 +6,7 @@
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/ParamGroupNodes.h"
 #include "structure/Structure.h"
 
 #include <QStringBuilder>
@@ -182,15 +183,7 @@ void Database::fillTree()
                                     rsWork.text(name));
     rsWork.Close();
 
-    session_.strSQL =
-        u"SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-        u"tbParamGroupLanguage.mDesc AS Name FROM tbParametersUser INNER JOIN tbParamGroupLanguage "
-        u"ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID "
-        u"WHERE (tbParamGroupLanguage.mKeyLang = " %
-        Compose_SqlText(session_.Language.Code) %
-        u") GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp, "
-        u"tbParamGroupLanguage.mDesc ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, "
-        u"tbParametersUser.IDParGrp;";
+    session_.strSQL = structure::paramGroupsStatement({}, session_.Language.Code);
     for (rsWork.Open(session_.strSQL, session_.cnDatabase); !rsWork.Eof(); rsWork.MoveNext())
         structure_.Add_Node_TreeBus(structure::kParamGroup, rsWork.text(grp), rsWork.text(inst),
                                     rsWork.text(parGrp), rsWork.text(name));

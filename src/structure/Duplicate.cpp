@@ -18,8 +18,8 @@ using platform::Recordset;
 using platform::Transaction;
 
 Duplicator::Duplicator(session::Session& session, platform::Operator& op, Structure& structure,
-                       Records& records)
-    : session_(session), operator_(op), structure_(structure), records_(records)
+                       Records& records, Tell tell)
+    : session_(session), operator_(op), structure_(structure), records_(records), tell_(std::move(tell))
 {
 }
 
@@ -84,6 +84,7 @@ bool Duplicator::duplicateGroup(const QString& source)
         FROM tbGroupsUser
         WHERE (IDGrp = %2);)")
                 .arg(copy, source));
+    tell_("job.instruments");
     progress.to(33);
     copyAll(QStringLiteral(R"(
         INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address)
@@ -91,6 +92,7 @@ bool Duplicator::duplicateGroup(const QString& source)
         FROM tbInstrumentsUser
         WHERE (IDGrp = %2);)")
                 .arg(copy, source));
+    tell_("job.parameters");
     progress.to(50);
     copyAll(QStringLiteral(R"(
         INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
@@ -100,6 +102,7 @@ bool Duplicator::duplicateGroup(const QString& source)
                 .arg(copy, source));
     transaction.commit();
 
+    tell_("job.tree");
     progress.to(66);
     addNodes(kGroup,
              QStringLiteral("SELECT * FROM tbGroupsUser WHERE (IDGrp = %1) ORDER BY IDGrp;").arg(copy));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 namespace platform {
 class Operator;
@@ -24,7 +25,11 @@ public:
         kOfInstrument = 1
     };
 
-    Duplicator(session::Session& session, platform::Operator& op, Structure& structure, Records& records);
+    // Told by the name of a text what the copy of a group is at.
+    using Tell = std::function<void(const char* words)>;
+
+    Duplicator(session::Session& session, platform::Operator& op, Structure& structure, Records& records,
+               Tell tell);
 
     // The rows come over in one transaction, then the tree shows the copy. A copy of a group takes no target,
     // that of an instrument goes into the target group. False after a failure, which leaves no row behind.
@@ -43,6 +48,7 @@ private:
     platform::Operator& operator_;
     Structure& structure_;
     Records& records_;
+    Tell tell_;
 };
 
 } // namespace structure

@@ -30,9 +30,10 @@ bool isMovable(const QString& key)
 } // namespace
 
 PlantClipboard::PlantClipboard(const Surroundings& surroundings)
-    : with_(surroundings), duplicator_(with_.session, with_.op, with_.structure, with_.editor.records())
+    : with_(surroundings), duplicator_(with_.session, with_.op, with_.structure, with_.editor.records(),
+                                       [this](const char* words) { tellStep(words); })
 {
-    QObject::connect(&with_.structure.tree(), &QAbstractItemModel::rowsRemoved, &watch_, [this] {
+    connect(&with_.structure.tree(), &QAbstractItemModel::rowsRemoved, this, [this] {
         const QString& noted = with_.session.ClipKey;
         sourceGone_ |= !noted.isEmpty() && !with_.structure.tree().contains(noted);
     });
@@ -105,7 +106,10 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
     const auto kind =
         Extract_Level(session.ClipKey) == kGroup ? Duplicator::kOfGroup : Duplicator::kOfInstrument;
     const bool copied = Duplicate_Item(kind, source.IDGrp, source.IDInst, target.IDGrp);
-    const bool both = copied && session.ClipOperation == ClipCut && !with_.editor.Erase_Item(session.ClipKey);
+    const bool cut = session.ClipOperation == ClipCut;
+    if (copied && cut && kind == Duplicator::kOfGroup)
+        tellStep("job.original");
+    const bool both = copied && cut && !with_.editor.Erase_Item(session.ClipKey);
     forget();
     with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     if (both)
@@ -113,6 +117,12 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
                             session.AppTitle);
     else if (copied)
         with_.op.messageBox(with_.texts(509), Buttons::Ok, Icon::Information, session.AppTitle);
+}
+
+void PlantClipboard::tellStep(const char* words)
+{
+    emit stepTold(
+        with_.texts.own(QLatin1String(words)).arg(with_.structure.tree().captionOf(with_.session.ClipKey)));
 }
 
 void PlantClipboard::tellSourceGone()

@@ -15,8 +15,10 @@ struct KeyParts;
 
 // Cut, copy and paste of groups and instruments. A cut or a copy notes the key and no more: ClipOperation and
 // ClipKey; all the work happens at paste.
-class PlantClipboard
+class PlantClipboard : public QObject
 {
+    Q_OBJECT
+
 public:
     struct Surroundings
     {
@@ -46,7 +48,12 @@ public:
         return duplicator_.Duplicate_Item(kind, srcIDGrp, srcIDInst, targetIDGrp);
     }
 
+signals:
+    // What a paste of a group is at, in words.
+    void stepTold(const QString& words);
+
 private:
+    void tellStep(const char* words);
     void paste(const KeyParts& source, const KeyParts& target);
     bool confirmed();
     void forget();
@@ -56,7 +63,6 @@ private:
     Duplicator duplicator_;
     // The noted element was deleted. One that gets its number later is another one.
     bool sourceGone_ = false;
-    QObject watch_; // over the tree, as long as this lives
 };
 
 } // namespace structure

@@ -435,6 +435,31 @@ TEST_F(PlantClipboardTest, TheProgressFollowsTheSteps)
     EXPECT_EQ(steps, (QStringList{"shown", "25", "50", "75", "100", "hidden"}));
 }
 
+TEST_F(PlantClipboardTest, TheWordsTellWhatAPasteOfAGroupIsAt)
+{
+    QStringList told;
+    QObject::connect(&clipboard, &structure::PlantClipboard::stepTold,
+                     [&](const QString& words) { told << words; });
+    copyNode("1_1");
+    expectQuestion(508, kYes);
+    expectDone();
+    pasteOn("Root");
+    EXPECT_EQ(told, (QStringList{"Copying the instruments of GRP1...", "Copying the parameters of GRP1...",
+                                 "Showing the copy of GRP1 in the tree..."}));
+    told.clear();
+    cutNode("1_1");
+    expectQuestion(507, kYes);
+    expectDone();
+    pasteOn("Root");
+    EXPECT_EQ(told.value(3), "Removing the original GRP1...");
+    told.clear();
+    cutNode("2_2_1");
+    expectQuestion(507, kYes);
+    expectDone();
+    pasteOn("1_3");
+    EXPECT_EQ(told, QStringList()) << "an instrument takes no time";
+}
+
 TEST_F(PlantClipboardTest, EachProcedureReportsItsFailureAsItsOwn)
 {
     structure.selectItem("what");
