@@ -1,7 +1,8 @@
-// Makes a large company: calidora-generate-company <schema.sql> <file>
+// Makes a large company: calidora-generate-company <schema.sql> <file> [groups]
 //
-// 1,000 groups of 10 instruments, each of 80 parameters in 8 parameter groups: 800,000 parameter rows and a
-// tree of 91,001 nodes. The catalogue is its own: 10 types that differ in nothing but their ids.
+// 1,000 groups, or as many as told, of 10 instruments, each of 80 parameters in 8 parameter groups: 800,000
+// parameter rows and a tree of 91,001 nodes. The catalogue is its own: 10 types that differ in nothing but
+// their ids.
 
 #include <QFile>
 #include <QString>
@@ -12,8 +13,8 @@ namespace {
 
 constexpr int kTypes = 10;
 constexpr int kParamGroups = 8;
-constexpr int kParameters = 10; // in a parameter group
-constexpr int kGroups = 1000;
+constexpr int kParameters = 10;  // in a parameter group
+constexpr int kGroups = 1000;    // unless another number is told
 constexpr int kInstruments = 10; // in a group
 constexpr int kChoices = 4;
 constexpr const char* kLanguages[] = {"IT", "EN", "RU"};
@@ -118,12 +119,12 @@ void makeCatalogue(SQLite::Database& company)
     }
 }
 
-void makePlant(SQLite::Database& company)
+void makePlant(SQLite::Database& company, int groups)
 {
     Insert group(company, "INSERT INTO tbGroupsUser VALUES (?, ?, 'A plant', '0550000000')");
     Insert instrument(company, "INSERT INTO tbInstrumentsUser VALUES (?, ?, ?, ?, 'An instrument', ?)");
     Insert parameter(company, "INSERT INTO tbParametersUser VALUES (?, ?, ?, ?, ?, 0)");
-    for (int g = 1; g <= kGroups; ++g) {
+    for (int g = 1; g <= groups; ++g) {
         group(g, text("GRP%d", g));
         for (int i = 1; i <= kInstruments; ++i) {
             const int type = (g + i) % kTypes + 1;
@@ -141,8 +142,8 @@ void makePlant(SQLite::Database& company)
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        QTextStream(stderr) << "usage: calidora-generate-company <schema.sql> <file>\n";
+    if (argc < 3 || argc > 4) {
+        QTextStream(stderr) << "usage: calidora-generate-company <schema.sql> <file> [groups]\n";
         return 2;
     }
     QFile schema(QString::fromLocal8Bit(argv[1]));
@@ -157,7 +158,7 @@ int main(int argc, char** argv)
         company.exec(schema.readAll().toStdString());
         SQLite::Transaction transaction(company);
         makeCatalogue(company);
-        makePlant(company);
+        makePlant(company, argc == 4 ? QByteArray(argv[3]).toInt() : kGroups);
         transaction.commit();
     } catch (const std::exception& error) {
         QTextStream(stderr) << argv[2] << ": " << error.what() << '\n';

@@ -6,6 +6,7 @@
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/ParamGroupNodes.h"
 #include "structure/Structure.h"
 
 namespace database {
@@ -31,16 +32,6 @@ const QString kChoices = QStringLiteral(
             INNER JOIN tbParamEnumLanguage ON tbParamEnum.mID = tbParamEnumLanguage.mID
        WHERE (tbParamEnumLanguage.mKeyLang = %1)
        ORDER BY tbParamEnum.mID;)");
-
-const QString kParamGroups = QStringLiteral(
-    R"(SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
-              tbParamGroupLanguage.mDesc AS Name
-       FROM tbParametersUser
-            INNER JOIN tbParamGroupLanguage ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID
-       WHERE (tbParamGroupLanguage.mKeyLang = %1)
-       GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
-                tbParamGroupLanguage.mDesc
-       ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp;)");
 
 const QString kNoSettings = QStringLiteral(
     R"(INSERT INTO tbCompanySettings (Company, Address, Postcode, Locality, Country,
@@ -192,7 +183,7 @@ void Database::fillTree()
         structure_.Add_Node_TreeBus(structure::kInstrument, row.text(grp), row.text(inst), none,
                                     row.text(name));
     });
-    eachOf(kParamGroups.arg(Compose_SqlText(session_.Language.Code)), [&](const Recordset& row) {
+    eachOf(structure::paramGroupsStatement({}, session_.Language.Code), [&](const Recordset& row) {
         structure_.Add_Node_TreeBus(structure::kParamGroup, row.text(grp), row.text(inst), row.text(parGrp),
                                     row.text(name));
     });

@@ -100,6 +100,9 @@ QWidget* Program::makeMainWindow()
     with_.op.adoptForm("frmTreeBus", window->treeBus());
     with_.op.adoptForm("frmListBus", window->listBus());
     connect(&database_, &database::Database::captionChanged, window, &frmMain::showCaption);
+    connect(&clipboard_, &structure::PlantClipboard::stepTold, window->listBus(),
+            &structure::frmListBus::tellStep);
+    connect(&states_, &structure::PlantStates::stepTold, window->listBus(), &structure::frmListBus::tellStep);
     connect(window, &frmMain::closed, this, &Program::left);
     connect(window, &frmMain::languageChanged, this, [this] { bus_.relabel(); });
     return window;

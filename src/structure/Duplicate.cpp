@@ -18,8 +18,8 @@ using platform::Recordset;
 using platform::Transaction;
 
 Duplicator::Duplicator(session::Session& session, platform::Operator& op, Structure& structure,
-                       Records& records)
-    : session_(session), operator_(op), structure_(structure), records_(records)
+                       Records& records, Tell tell)
+    : session_(session), operator_(op), structure_(structure), records_(records), tell_(std::move(tell))
 {
 }
 
@@ -40,6 +40,7 @@ bool Duplicator::duplicateInstrument(const QString& srcIDGrp, const QString& src
     const QString copy = QString::number(number);
     UpdateProgress progress(structure_, operator_);
     Transaction transaction(session_.cnDatabase);
+    requireGroup(target);
     progress.to(25);
     copyOne(QStringLiteral(R"(
         INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address)
@@ -83,6 +84,7 @@ bool Duplicator::duplicateGroup(const QString& source)
         FROM tbGroupsUser
         WHERE (IDGrp = %2);)")
                 .arg(copy, source));
+    tell_("job.instruments");
     progress.to(33);
     copyAll(QStringLiteral(R"(
         INSERT INTO tbInstrumentsUser (IDGrp, IDInst, IDItem, Name, Description, Address)
@@ -90,6 +92,7 @@ bool Duplicator::duplicateGroup(const QString& source)
         FROM tbInstrumentsUser
         WHERE (IDGrp = %2);)")
                 .arg(copy, source));
+    tell_("job.parameters");
     progress.to(50);
     copyAll(QStringLiteral(R"(
         INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
@@ -99,6 +102,7 @@ bool Duplicator::duplicateGroup(const QString& source)
                 .arg(copy, source));
     transaction.commit();
 
+    tell_("job.tree");
     progress.to(66);
     addNodes(kGroup,
              QStringLiteral("SELECT * FROM tbGroupsUser WHERE (IDGrp = %1) ORDER BY IDGrp;").arg(copy));
@@ -115,11 +119,21 @@ bool Duplicator::duplicateGroup(const QString& source)
     return true;
 }
 
+// Another program may have taken the group away that the tree still shows.
+void Duplicator::requireGroup(const QString& IDGrp)
+{
+    Recordset group;
+    group.Open(QStringLiteral("SELECT IDGrp FROM tbGroupsUser WHERE (IDGrp = %1);").arg(IDGrp),
+               session_.cnDatabase);
+    if (group.Eof())
+        platform::failInWords(platform::errors::kItemNotFound, "paste.target");
+}
+
 // The element itself: when it has gone meanwhile there is nothing to copy, and nothing may be moved.
 void Duplicator::copyOne(const QString& sql)
 {
     if (session_.cnDatabase.Execute(sql) != 1)
-        platform::failInWords(platform::errors::kItemNotFound, "copy.gone");
+        platform::failInWords(platform::errors::kItemNotFound, "paste.gone");
 }
 
 void Duplicator::copyAll(const QString& sql)

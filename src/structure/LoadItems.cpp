@@ -3,6 +3,7 @@
 #include "platform/Connection.h"
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Statement.h"
 #include "session/Helpers.h"
 #include "session/Int16.h"
 #include "session/Session.h"
@@ -102,16 +103,27 @@ QString sqlOfChildren(int level, const KeyParts& ids, const QString& language)
     }
 }
 
-ListItem groupItem(const Recordset& row)
+// The groups, or the instruments of a group: thousands of them perhaps, so each text is made once, straight
+// from the engine's row.
+void addNamed(int level, const QString& sql, platform::Connection& company, Filling& filling)
 {
-    return {groupKey(row.text(kIDGrp)), row.text(kName), row.text(kPhone), row.text(kDescription),
-            int(Image::Group)};
-}
-
-ListItem instrumentItem(const Recordset& row)
-{
-    return {instrumentKey(row.text(kIDGrp), row.text(kIDInst)), row.text(kName), row.text(kAddress),
-            row.text(kDescription), int(Image::Instrument)};
+    const bool isGroup = level == kGroup;
+    platform::Statement row(company, sql);
+    if (!row.step())
+        return;
+    const auto columnOf = [&row](const QString& name) {
+        int column = 0;
+        while (column < row.columnCount() && row.columnName(column) != name)
+            ++column;
+        return column;
+    };
+    const auto text = [&row](int column) { return QString::fromUtf8(row.text(column)); };
+    const int IDGrp = columnOf(kIDGrp), IDInst = columnOf(kIDInst), Name = columnOf(kName),
+              subtext = columnOf(isGroup ? kPhone : kAddress), Description = columnOf(kDescription);
+    do {
+        filling.add({isGroup ? groupKey(text(IDGrp)) : instrumentKey(text(IDGrp), text(IDInst)), text(Name),
+                     text(subtext), text(Description), imageOfNode(level)});
+    } while (row.step());
 }
 
 ListItem paramGroupItem(const Recordset& row)
@@ -155,11 +167,14 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
     selectItem({});
     Filling filling(list_);
     Set_ColName_ListBus(level);
+    const QString sql = sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code));
+    if (level < kInstrument)
+        return addNamed(level + 1, sql, session_.cnDatabase, filling);
     std::optional<platform::Snapshot> snapshot;
     if (level == kParamGroup)
         snapshot.emplace(session_.cnDatabase); // the rows and the choices looked up for them
     Recordset rows;
-    rows.Open(sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code)), session_.cnDatabase);
+    rows.Open(sql, session_.cnDatabase);
     const values::EnumText choice = [&](const QString& value) -> QString {
         try {
             return choiceOf(rows.text(kIDPar), value);
@@ -173,21 +188,13 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
     QString shown;
     filling.expect(rows.RecordCount());
     for (; !rows.Eof(); rows.MoveNext()) {
-        switch (level) {
-        case kRoot:
-            filling.add(groupItem(rows));
-            break;
-        case kGroup:
-            filling.add(instrumentItem(rows));
-            break;
-        case kInstrument:
+        if (level == kInstrument) {
             filling.add(paramGroupItem(rows));
-            break;
-        default:
-            shown = values::displayValue(rows.optionalText(kValue), rows.text(kKeyType), rows.text(kPrec),
-                                         rows.optionalText(kUnit), choice, shown);
-            filling.add(parameterItem(rows, shown));
+            continue;
         }
+        shown = values::displayValue(rows.optionalText(kValue), rows.text(kKeyType), rows.text(kPrec),
+                                     rows.optionalText(kUnit), choice, shown);
+        filling.add(parameterItem(rows, shown));
     }
 }
 

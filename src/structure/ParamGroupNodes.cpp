@@ -16,26 +16,28 @@ QString conditionOf(const KeyParts& below)
 {
     if (below.IDGrp.isEmpty())
         return {};
-    const QString group = u"(tbParametersUser.IDGrp = " % below.IDGrp % u") AND ";
-    return below.IDInst.isEmpty() ? group : group % u"(tbParametersUser.IDInst = " % below.IDInst % u") AND ";
+    const QString group = u"WHERE (IDGrp = " % below.IDGrp;
+    return below.IDInst.isEmpty() ? QString(group % u')')
+                                  : QString(group % u" AND IDInst = " % below.IDInst % u')');
 }
 
 } // namespace
 
+QString paramGroupsStatement(const KeyParts& below, const QString& languageCode)
+{
+    return QStringLiteral(R"(
+        SELECT tbKeys.IDGrp, tbKeys.IDInst, tbKeys.IDParGrp, tbParamGroupLanguage.mDesc AS Name
+        FROM (SELECT DISTINCT IDGrp, IDInst, IDParGrp FROM tbParametersUser %1) AS tbKeys
+        INNER JOIN tbParamGroupLanguage ON tbKeys.IDParGrp = tbParamGroupLanguage.mID
+        WHERE (tbParamGroupLanguage.mKeyLang = %2)
+        ORDER BY tbKeys.IDGrp, tbKeys.IDInst, tbKeys.IDParGrp;)")
+        .arg(conditionOf(below), session::Compose_SqlText(languageCode));
+}
+
 int addParamGroupNodes(session::Session& session, Structure& structure, const KeyParts& below)
 {
-    const QString sql = QStringLiteral(R"(
-        SELECT tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
-               tbParamGroupLanguage.mDesc AS Name
-        FROM tbParametersUser
-        INNER JOIN tbParamGroupLanguage ON tbParametersUser.IDParGrp = tbParamGroupLanguage.mID
-        WHERE (%1(tbParamGroupLanguage.mKeyLang = %2))
-        GROUP BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp,
-                 tbParamGroupLanguage.mDesc
-        ORDER BY tbParametersUser.IDGrp, tbParametersUser.IDInst, tbParametersUser.IDParGrp;)")
-                            .arg(conditionOf(below), session::Compose_SqlText(session.Language.Code));
     platform::Recordset rows;
-    rows.Open(sql, session.cnDatabase);
+    rows.Open(paramGroupsStatement(below, session.Language.Code), session.cnDatabase);
     int added = 0;
     QString unordered; // the instrument that has got a node among others
     const auto order = [&](const QString& next) {

@@ -40,19 +40,18 @@ void sortByPlace(std::vector<Pending>& writes)
     });
 }
 
+// Groups whose parameters are read in one go; between two of them the file is free.
+constexpr std::size_t kGroupsInSlice = 50;
+
+// By their place in the company.
 std::vector<Pending> read(CompanyReader& company, const QString& language, const StopFlag& stop)
 {
-    static const QString kStatement = QStringLiteral(
-        R"(SELECT IDGrp, IDInst, IDPar, IDParGrp, Value, State
-           FROM tbParametersUser
-           WHERE ((IDGrp, IDInst, IDPar) > (?, ?, ?))
-           ORDER BY IDGrp, IDInst, IDPar
-           LIMIT ?;)");
+    std::vector<int> groups;
+    company.eachRow(QStringLiteral("SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp;"),
+                    [&](const platform::Statement& row) { groups.push_back(int(row.integer(0))); });
     const ParameterWords words(company, language);
     std::vector<Pending> writes;
-    company.eachRowInSlices(kStatement, 3, stop, [&](const platform::Statement& row) {
-        if (int(row.integer(5)) != int(values::ParamState::Changed))
-            return;
+    const auto take = [&](const platform::Statement& row) {
         const ParameterWord* word = words.parameter(bytesOf(row, 2));
         const QString* group = words.group(bytesOf(row, 3));
         if (!word || !group)
@@ -64,7 +63,21 @@ std::vector<Pending> read(CompanyReader& company, const QString& language, const
              textOf(row, 3),
              {parameterKey(textOf(row, 0), textOf(row, 1), textOf(row, 3), textOf(row, 2)), word->name,
               word->shown(textOrNull(row, 4)), *group, int(Image::ParameterChanged)}});
-    });
+    };
+    for (std::size_t first = 0; first < groups.size() && !stop; first += kGroupsInSlice) {
+        const std::size_t last = std::min(first + kGroupsInSlice, groups.size()) - 1;
+        company.eachRow(QStringLiteral(R"(
+            SELECT IDGrp, IDInst, IDPar, IDParGrp, Value
+            FROM tbParametersUser
+            WHERE ((IDGrp BETWEEN %1 AND %2) AND (State = %3))
+            ORDER BY IDGrp, IDInst, IDPar;)")
+                            .arg(groups[first])
+                            .arg(groups[last])
+                            .arg(int(values::ParamState::Changed)),
+                        take);
+    }
+    if (writes.empty())
+        return writes;
     PlantNames names(company);
     for (Pending& write : writes)
         write.names = names.above(QString::number(write.IDGrp), QString::number(write.IDInst));

@@ -31,8 +31,13 @@ bool isMovable(const QString& key)
 } // namespace
 
 PlantClipboard::PlantClipboard(const Surroundings& surroundings)
-    : with_(surroundings), duplicator_(with_.session, with_.op, with_.structure, with_.editor.records())
+    : with_(surroundings), duplicator_(with_.session, with_.op, with_.structure, with_.editor.records(),
+                                       [this](const char* words) { tellStep(words); })
 {
+    connect(&with_.structure.tree(), &QAbstractItemModel::rowsRemoved, this, [this] {
+        const QString& noted = with_.session.ClipKey;
+        sourceGone_ |= !noted.isEmpty() && !with_.structure.tree().contains(noted);
+    });
 }
 
 void PlantClipboard::Cut_Item()
@@ -61,6 +66,7 @@ void PlantClipboard::note(int operation, const QString& key)
         return;
     with_.session.ClipOperation = operation;
     with_.session.ClipKey = key;
+    sourceGone_ = false;
     with_.structure.showCut(operation == ClipCut ? key : QString());
 }
 
@@ -72,6 +78,10 @@ void PlantClipboard::Paste_Item()
         if (session.ClipKey.isEmpty() || session.ClipOperation == ClipNothing || node.isEmpty() ||
             !session::rightOf(session.CurrentUser.Modify))
             return;
+        if (sourceGone_) {
+            tellSourceGone();
+            return;
+        }
         if (Extract_Level(node) != Extract_Level(session.ClipKey) - 1) {
             with_.op.messageBox(with_.texts(510), Buttons::Ok, Icon::Exclamation, session.AppTitle);
             return;
@@ -97,10 +107,11 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
     const auto kind =
         Extract_Level(session.ClipKey) == kGroup ? Duplicator::kOfGroup : Duplicator::kOfInstrument;
     const bool copied = Duplicate_Item(kind, source.IDGrp, source.IDInst, target.IDGrp);
-    const bool both = copied && session.ClipOperation == ClipCut && !with_.editor.Erase_Item(session.ClipKey);
-    session.ClipOperation = ClipNothing;
-    session.ClipKey.clear();
-    with_.structure.showCut({});
+    const bool cut = session.ClipOperation == ClipCut;
+    if (copied && cut && kind == Duplicator::kOfGroup)
+        tellStep("job.original");
+    const bool both = copied && cut && !with_.editor.Erase_Item(session.ClipKey);
+    forget();
     with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
     if (both)
         with_.op.messageBox(with_.texts.own(QStringLiteral("move.both")), Buttons::Ok, Icon::Exclamation,
@@ -108,6 +119,26 @@ void PlantClipboard::paste(const KeyParts& source, const KeyParts& target)
     else if (copied)
         with_.op.messageBox(with_.texts(session::rows::kDone), Buttons::Ok, Icon::Information,
                             session.AppTitle);
+}
+
+void PlantClipboard::tellStep(const char* words)
+{
+    emit stepTold(
+        with_.texts.own(QLatin1String(words)).arg(with_.structure.tree().captionOf(with_.session.ClipKey)));
+}
+
+void PlantClipboard::tellSourceGone()
+{
+    forget();
+    with_.op.messageBox(with_.texts.own(QStringLiteral("paste.gone")), Buttons::Ok, Icon::Exclamation,
+                        with_.session.AppTitle);
+}
+
+void PlantClipboard::forget()
+{
+    with_.session.ClipOperation = ClipNothing;
+    with_.session.ClipKey.clear();
+    with_.structure.showCut({});
 }
 
 } // namespace structure

@@ -3,6 +3,8 @@
 #include "session/Forward.h"
 #include "structure/Duplicate.h"
 
+#include <QObject>
+
 namespace structure {
 
 class PlantEditor;
@@ -10,8 +12,10 @@ struct KeyParts;
 
 // Cut, copy and paste of groups and instruments. A cut or a copy notes the key and no more: ClipOperation and
 // ClipKey; all the work happens at paste.
-class PlantClipboard
+class PlantClipboard : public QObject
 {
+    Q_OBJECT
+
 public:
     struct Surroundings
     {
@@ -30,6 +34,8 @@ public:
     // The tree's selected node.
     void Cut_Node();
     void Copy_Node();
+    // What a drag has drawn to its target.
+    void note(int operation, const QString& key);
     // Into the tree's selected node, after a question. A move is a copy under a new number, then a deletion.
     void Paste_Item();
     // Copies an element as Paste_Item does.
@@ -39,13 +45,21 @@ public:
         return duplicator_.Duplicate_Item(kind, srcIDGrp, srcIDInst, targetIDGrp);
     }
 
+signals:
+    // What a paste of a group is at, in words.
+    void stepTold(const QString& words);
+
 private:
-    void note(int operation, const QString& key);
+    void tellStep(const char* words);
     void paste(const KeyParts& source, const KeyParts& target);
     bool confirmed();
+    void forget();
+    void tellSourceGone();
 
     Surroundings with_;
     Duplicator duplicator_;
+    // The noted element was deleted. One that gets its number later is another one.
+    bool sourceGone_ = false;
 };
 
 } // namespace structure

@@ -68,8 +68,7 @@ void PlantDrag::dropOnTree()
         end();
         return;
     }
-    session_.ClipKey = key;
-    structure_.showCut(session_.ClipOperation == session::ClipCut ? key : QString());
+    clipboard_.note(session_.ClipOperation, key);
     end();
     structure_.clickNode(target);
     // A node that has gone meanwhile takes nothing, and no other takes it instead.

@@ -4,7 +4,7 @@
 #include "platform/Guard.h"
 #include "platform/Operator.h"
 #include "platform/Recordset.h"
-#include "session/Helpers.h"
+#include "platform/Statement.h"
 #include "session/Session.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
@@ -13,20 +13,18 @@
 #include "structure/UpdateProgress.h"
 
 #include <QStringBuilder>
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <optional>
+#include <utility>
 
 namespace structure {
 
 using platform::guarded;
 using platform::Recordset;
+using platform::Statement;
 using platform::Transaction;
-using session::Compose_SqlText;
 
 namespace {
-
-// Instruments that share a transaction. A slice takes some hundredths of a second; between two the windows
-// paint.
-constexpr int kSlice = 100;
 
 QString instrumentsBelow(int level, const KeyParts& ids)
 {
@@ -40,6 +38,54 @@ QString instrumentsBelow(int level, const KeyParts& ids)
             .arg(ids.IDGrp, ids.IDInst);
     }
 }
+
+// Several instruments in one transaction. Its statements are prepared once, and run in their order for each
+// instrument.
+class Slice
+{
+public:
+    explicit Slice(platform::Connection& company) : company_(company), transaction_(company) {}
+
+    // A left join against the working table: what the catalogue has and the instrument lacks. Returns how
+    // many rows were added.
+    int synchronize(int IDGrp, int IDInst, const QString& IDItem)
+    {
+        run(clear_);
+        for (Statement* statement : {&note_, &add_}) {
+            statement->bind(1, IDGrp);
+            statement->bind(2, IDInst);
+        }
+        add_.bind(3, IDItem);
+        run(note_);
+        run(add_);
+        return company_.database().getChanges();
+    }
+    void commit() { transaction_.commit(); }
+
+private:
+    static void run(Statement& statement)
+    {
+        statement.step();
+        statement.reset();
+    }
+
+    platform::Connection& company_;
+    Transaction transaction_;
+    Statement clear_{company_, QStringLiteral("DELETE FROM tbParUser_tmp")};
+    Statement note_{company_, QStringLiteral(R"(
+        INSERT INTO tbParUser_tmp (IDPar)
+        SELECT IDPar FROM tbParametersUser
+        WHERE ((IDGrp = ?1) AND (IDInst = ?2));)")};
+    Statement add_{company_, QStringLiteral(R"(
+        INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
+        SELECT ?1 AS IDGrp, ?2 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp,
+               '0' AS Val, 2 AS State
+        FROM tbInstrument INNER JOIN (tbParamGroup INNER JOIN
+             (tbParam LEFT JOIN tbParUser_tmp ON tbParam.mID = tbParUser_tmp.IDPar)
+             ON tbParamGroup.mID = tbParam.mKeyParGroup)
+             ON tbInstrument.mID = tbParamGroup.mKeyInst
+        WHERE ((tbInstrument.mTag = ?3) AND (tbParUser_tmp.IDPar IS NULL));)")};
+};
 
 } // namespace
 
@@ -69,15 +115,18 @@ int PlantStates::synchronizeAll(const QString& key)
     Recordset instruments;
     instruments.Open(instrumentsBelow(level, ids), session_.cnDatabase);
     const int count = level <= kGroup ? instruments.RecordCount() : 1;
-    int added = 0;
-    std::optional<Transaction> slice;
+    int added = 0, told = 0;
+    std::optional<Slice> slice;
     for (int done = 1; !instruments.Eof(); instruments.MoveNext(), ++done) {
-        progress.to(done * 100 / count);
         if (!slice)
             slice.emplace(session_.cnDatabase);
-        added += synchronizeInstrument(instruments.text(QStringLiteral("IDGrp")),
-                                       instruments.text(QStringLiteral("IDInst")),
-                                       instruments.text(QStringLiteral("IDItem")));
+        const int percent = done * 100 / count;
+        if (count > 1 && std::exchange(told, percent) != percent)
+            tellStep(instruments.text(QStringLiteral("Name")), done, count, added);
+        progress.to(percent);
+        added += slice->synchronize(instruments.number(QStringLiteral("IDGrp")),
+                                    instruments.number(QStringLiteral("IDInst")),
+                                    instruments.text(QStringLiteral("IDItem")));
         if (done % kSlice == 0) {
             slice->commit();
             slice.reset();
@@ -90,27 +139,9 @@ int PlantStates::synchronizeAll(const QString& key)
     return added;
 }
 
-// A left join against the working table: what the catalogue has and the instrument lacks. Returns how many
-// rows were added.
-int PlantStates::synchronizeInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem)
+void PlantStates::tellStep(const QString& instrument, int done, int count, int added)
 {
-    platform::Connection& company = session_.cnDatabase;
-    company.Execute(QStringLiteral("DELETE FROM tbParUser_tmp"));
-    company.Execute(QStringLiteral(R"(
-        INSERT INTO tbParUser_tmp (IDPar)
-        SELECT IDPar FROM tbParametersUser
-        WHERE ((IDGrp = %1) AND (IDInst = %2));)")
-                        .arg(IDGrp, IDInst));
-    return company.Execute(QStringLiteral(R"(
-        INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
-        SELECT %1 AS IDGrp, %2 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp,
-               '0' AS Val, 2 AS State
-        FROM tbInstrument INNER JOIN (tbParamGroup INNER JOIN
-             (tbParam LEFT JOIN tbParUser_tmp ON tbParam.mID = tbParUser_tmp.IDPar)
-             ON tbParamGroup.mID = tbParam.mKeyParGroup)
-             ON tbInstrument.mID = tbParamGroup.mKeyInst
-        WHERE ((tbInstrument.mTag = %3) AND (tbParUser_tmp.IDPar IS NULL));)")
-                               .arg(IDGrp, IDInst, Compose_SqlText(IDItem)));
+    emit stepTold(texts_.own(QStringLiteral("job.resync")).arg(instrument).arg(done).arg(count).arg(added));
 }
 
 void PlantStates::Resync_Item()

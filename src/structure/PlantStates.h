@@ -3,6 +3,7 @@
 #include "platform/Forward.h"
 #include "session/Forward.h"
 
+#include <QObject>
 #include <QString>
 
 namespace structure {
@@ -11,9 +12,15 @@ class Structure;
 
 // Synchronising adds the parameters that a grown catalogue has and the instruments lack; resetting declares
 // that what the company holds is right, by clearing the marks. Both work on everything below an element.
-class PlantStates
+class PlantStates : public QObject
 {
+    Q_OBJECT
+
 public:
+    // Instruments that share a transaction. A slice takes some tenths of a second; between two the windows
+    // paint.
+    static constexpr int kSlice = 500;
+
     PlantStates(session::Session& session, const session::Texts& texts, platform::Operator& op,
                 Structure& structure);
 
@@ -28,11 +35,15 @@ public:
     void Resync_Node();
     void Reset_Node();
 
+signals:
+    // What a synchronisation of several instruments is at, in words.
+    void stepTold(const QString& words);
+
 private:
     void resync(const QString& key);
     void reset(const QString& key);
     int synchronizeAll(const QString& key);
-    int synchronizeInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
+    void tellStep(const QString& instrument, int done, int count, int added);
     bool mayModify() const;
     bool confirmed(int question);
     void tellDone(const QString& more = {});

@@ -19,7 +19,7 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
                        QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
       txtFilter_(new FilterField(structure, this)), lvwBus_(new ListBusView(structure.list(), this)),
-      prgUpdate_(new QProgressBar(this))
+      lblUpdate_(new QLabel(this)), prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");
     lblPath_->setObjectName("lblPath");
@@ -29,6 +29,11 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     lblPath_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     txtFilter_->setObjectName("txtFilter");
     lvwBus_->setObjectName("lvwBus");
+    lblUpdate_->setObjectName("lblUpdate");
+    lblUpdate_->setTextFormat(Qt::PlainText);
+    lblUpdate_->setContentsMargins(8, 3, 8, 3);
+    lblUpdate_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    lblUpdate_->hide();
     prgUpdate_->setObjectName("prgUpdate");
     prgUpdate_->setTextVisible(false);
     prgUpdate_->setFixedHeight(6);
@@ -41,6 +46,7 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
     layout->addWidget(lblPath_);
     layout->addWidget(txtFilter_);
     layout->addWidget(lvwBus_, 1);
+    layout->addWidget(lblUpdate_);
     layout->addWidget(prgUpdate_);
 
     restoreColumnWidths();
@@ -108,12 +114,27 @@ void frmListBus::restoreColumnWidths()
 
 void frmListBus::showProgress(bool visible)
 {
+    prgUpdate_->reset();
     prgUpdate_->setVisible(visible);
+    if (!visible)
+        lblUpdate_->hide();
     layout()->activate();
+}
+
+void frmListBus::tellStep(const QString& words)
+{
+    lblUpdate_->setText(words);
+    if (lblUpdate_->isHidden()) {
+        lblUpdate_->show();
+        layout()->activate();
+    }
+    lblUpdate_->repaint();
 }
 
 void frmListBus::setProgress(int percent)
 {
+    if (prgUpdate_->value() == percent)
+        return;
     prgUpdate_->setValue(percent);
     prgUpdate_->repaint();
 }

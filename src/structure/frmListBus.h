@@ -28,6 +28,8 @@ public:
 
     void showProgress(bool visible);
     void setProgress(int percent);
+    // What the job is at, in words; they go with its end.
+    void tellStep(const QString& words);
 
     ListBusView& view() const { return *lvwBus_; }
 
@@ -55,6 +57,7 @@ private:
     QLabel* lblPath_;
     FilterField* txtFilter_;
     ListBusView* lvwBus_;
+    QLabel* lblUpdate_;
     QProgressBar* prgUpdate_;
 };
 

@@ -58,6 +58,78 @@ void PlainPlant::remove(const QString& key)
         groups.at(ids.IDGrp.toInt()).instruments.erase(ids.IDInst.toInt());
 }
 
+bool PlainPlant::contains(const QString& key) const
+{
+    const structure::KeyParts ids = structure::Extract_Key(key);
+    const auto group = groups.find(ids.IDGrp.toInt());
+    return group != groups.end() &&
+           (ids.IDInst.isEmpty() || group->second.instruments.contains(ids.IDInst.toInt()));
+}
+
+void PlainPlant::Instrument::showGroups()
+{
+    for (const auto& [_, value] : values)
+        nodes.insert(value.param->IDParGrp);
+}
+
+// The tree of a copy is made from its values alone.
+QString PlainPlant::copy(const QString& key, int targetGroup)
+{
+    const auto shown = [](Instrument instrument) {
+        instrument.nodes.clear();
+        instrument.showGroups();
+        return instrument;
+    };
+    const structure::KeyParts ids = structure::Extract_Key(key);
+    Group source = groups.at(ids.IDGrp.toInt());
+    if (ids.Level == "1") {
+        for (auto& [_, instrument] : source.instruments)
+            instrument = shown(instrument);
+        const int number = freeGroup();
+        groups[number] = source;
+        return keyOf(number);
+    }
+    const int number = freeInstrument(targetGroup);
+    groups[targetGroup].instruments[number] = shown(source.instruments.at(ids.IDInst.toInt()));
+    return keyOf(targetGroup, number);
+}
+
+void PlainPlant::eachInstrument(const QString& key, const std::function<void(Instrument&)>& work)
+{
+    const structure::KeyParts ids = structure::Extract_Key(key);
+    for (auto& [number, group] : groups) {
+        if (!ids.IDGrp.isEmpty() && number != ids.IDGrp.toInt())
+            continue;
+        for (auto& [place, instrument] : group.instruments) {
+            if (ids.IDInst.isEmpty() || place == ids.IDInst.toInt())
+                work(instrument);
+        }
+    }
+}
+
+int PlainPlant::synchronize(const QString& key, const std::map<QString, std::vector<PlainParam>>& catalogue)
+{
+    int added = 0;
+    eachInstrument(key, [&](Instrument& instrument) {
+        for (const PlainParam& param : catalogue.at(instrument.type))
+            added += instrument.values.insert({param.IDPar, {&param, QStringLiteral("0"), 2}}).second;
+        instrument.showGroups();
+    });
+    return added;
+}
+
+void PlainPlant::reset(const QString& key)
+{
+    const structure::KeyParts ids = structure::Extract_Key(key);
+    eachInstrument(key, [&](Instrument& instrument) {
+        for (auto& [IDPar, value] : instrument.values) {
+            if ((ids.IDParGrp.isEmpty() || ids.IDParGrp == value.param->IDParGrp) &&
+                (ids.IDPar.isEmpty() || ids.IDPar == IDPar))
+                value.state = 0;
+        }
+    });
+}
+
 void PlainPlant::copyBlock(Instrument& instrument, const QString& IDPar, const QStringList& blocks)
 {
     const auto family = [](const QString& id) { return id.left(2); };

@@ -2,8 +2,11 @@
 
 #include <QMap>
 #include <QStringList>
+#include <functional>
 #include <map>
 #include <optional>
+#include <set>
+#include <vector>
 
 namespace support {
 
@@ -27,6 +30,10 @@ struct PlainPlant
     {
         QString type, name, description, address;
         std::map<QString, Value> values; // by IDPar
+        std::set<QString> nodes = {};    // the parameter groups that the tree shows below it
+
+        // Those of its values are shown, too.
+        void showGroups();
     };
     struct Group
     {
@@ -40,8 +47,19 @@ struct PlainPlant
     int freeInstrument(int group) const;
     // Takes the element of a key away with all that is below it.
     void remove(const QString& key);
+    // Copies an element of that key, under a free number, and returns the copy's key.
+    QString copy(const QString& key, int targetGroup);
+    // Adds what the catalogue has and the instruments below the key lack; returns how many parameters.
+    int synchronize(const QString& key, const std::map<QString, std::vector<PlainParam>>& catalogue);
+    // Clears the marks below the key.
+    void reset(const QString& key);
+    // Whether the element of that key is there.
+    bool contains(const QString& key) const;
     // The values of the block that holds the parameter go to the other blocks, place by place.
     static void copyBlock(Instrument& instrument, const QString& IDPar, const QStringList& blocks);
+
+    // Does something with each instrument that stands at the key, below it or above it.
+    void eachInstrument(const QString& key, const std::function<void(Instrument&)>& work);
 
     // Every row of the three tables as a text, sorted.
     QStringList rows() const;

@@ -1,9 +1,13 @@
-// Creates, deletes, edits, copies and thinks better of it, at random, with a company that can't be written
-// now and then. After each step tree, list and database are compared with a plain plant.
+// Creates, deletes, edits, cuts, pastes, drags, synchronises, resets and thinks better of it, at random, with
+// a company that can't be written now and then. After each step tree, list and database are compared with a
+// plain plant.
 #include "property/PlainPlant.h"
 #include "property/PropertyFixture.h"
 #include "session/Lookup.h"
+#include "structure/PlantClipboard.h"
+#include "structure/PlantDrag.h"
 #include "structure/PlantEditor.h"
+#include "structure/PlantStates.h"
 #include "values/Display.h"
 
 #include <QStringBuilder>
@@ -79,6 +83,9 @@ const std::vector<Typing> kTypings{
 const QStringList kNames{"O'Hara",   "50% \"a_b\"",     "КАМЕРА 1", "\U0001F9CA room",
                          "--; DROP", QString(300, 'x'), "plain",    "1e3"};
 
+constexpr int kMostGroups = 5;
+constexpr int kMostInstruments = 4; // that are made in a group
+
 class PlantWalk : public support::PropertyFixture
 {
 protected:
@@ -115,31 +122,39 @@ protected:
     // Steps
     // -----------------------------------------------------------------------------------------------------
 
+    using Step = void (PlantWalk::*)();
+
+    Step drawn()
+    {
+        // Out of a hundred steps so many are of that kind.
+        static constexpr std::pair<int, Step> kSteps[] = {
+            {6, &PlantWalk::newGroup},    {12, &PlantWalk::newInstrument}, {7, &PlantWalk::deleteItem},
+            {4, &PlantWalk::deleteNode},  {13, &PlantWalk::editNamed},     {18, &PlantWalk::editParameter},
+            {8, &PlantWalk::copyBlocks},  {7, &PlantWalk::cutOrCopy},      {8, &PlantWalk::paste},
+            {6, &PlantWalk::dragAndDrop}, {3, &PlantWalk::loseParameters}, {5, &PlantWalk::resync},
+            {3, &PlantWalk::reset}};
+        int lot = below(100);
+        for (const auto& [share, step] : kSteps) {
+            if ((lot -= share) < 0)
+                return step;
+        }
+        return &PlantWalk::paste;
+    }
+
     void takeStep()
     {
-        constexpr int kMostGroups = 5;
-        const bool broken = chance(10);
+        broken = chance(10);
         session.cnDatabase.Execute(broken ? "PRAGMA query_only=ON;" : "PRAGMA query_only=OFF;");
         const PlainPlant before = plant;
-        const int what = below(100);
-        if (what < 8 && int(plant.groups.size()) < kMostGroups)
-            newGroup();
-        else if (what < 25)
-            newInstrument();
-        else if (what < 35)
-            deleteItem();
-        else if (what < 40)
-            deleteNode();
-        else if (what < 60)
-            editNamed();
-        else if (what < 88)
-            editParameter();
-        else
-            copyBlocks();
+        const Clip heldBefore = held;
+        (this->*drawn())();
         const auto reported = failures.take();
         EXPECT_LE(reported.size(), broken ? 1u : 0u) << reported.front().description.toStdString();
-        if (!reported.empty())
+        if (!reported.empty()) {
             plant = before;
+            held = pasting ? Clip() : heldBefore;
+        }
+        pasting = false;
         session.cnDatabase.Execute("PRAGMA query_only=OFF;");
         EXPECT_TRUE(op.done());
         op.boxes.clear();
@@ -148,6 +163,8 @@ protected:
 
     void newGroup()
     {
+        if (int(plant.groups.size()) >= kMostGroups)
+            return;
         structure.clickNode("Root");
         const int answer = mostlyYes();
         op.expect(texts(584), answer);
@@ -160,7 +177,6 @@ protected:
     }
     void newInstrument()
     {
-        constexpr int kMostInstruments = 4;
         if (plant.groups.empty())
             return;
         const int group = anyGroup();
@@ -178,6 +194,7 @@ protected:
                        {}};
             for (const PlainParam& param : catalogue[lookup.answer])
                 created.values[param.IDPar] = {&param, param.value};
+            created.nodes = typeGroups[lookup.answer];
         }
         dialog = chance(50) ? &PlantWalk::rename : nullptr;
         edited = keyOf(group, number);
@@ -202,8 +219,10 @@ protected:
     {
         const int answer = mostlyYes();
         op.expect(texts(506), answer);
-        if (answer == kYes)
-            plant.remove(key);
+        if (answer != kYes)
+            return;
+        plant.remove(key);
+        held.gone |= held.operation != session::ClipNothing && !plant.contains(held.key);
     }
     // A group or an instrument, opened from the list or from the tree.
     void editNamed()
@@ -245,6 +264,163 @@ protected:
             return;
         dialog = &PlantWalk::pressCopy;
         model.Property_Item();
+    }
+
+    // Moving and copying
+    // ------------------------------------------------------------------------------------------
+
+    // The clipboard as it must be.
+    struct Clip
+    {
+        int operation = session::ClipNothing;
+        QString key = {};
+        bool gone = false; // the noted element was deleted
+    };
+
+    void cutOrCopy()
+    {
+        const QString key = chance(90) ? anyNamed() : anyParamGroup();
+        const bool movable = key.startsWith('1') || key.startsWith('2'), cut = chance(50);
+        if (movable)
+            held = {cut ? session::ClipCut : session::ClipCopy, key};
+        if (movable && chance(50)) {
+            structure.clickNode(aboveOf(key));
+            structure.pressItem(key);
+            cut ? clipboard.Cut_Item() : clipboard.Copy_Item();
+        } else {
+            structure.clickNode(key);
+            cut ? clipboard.Cut_Node() : clipboard.Copy_Node();
+        }
+    }
+    void paste()
+    {
+        const QString target = targetFor(held.key);
+        structure.clickNode(target);
+        expectPasteInto(target);
+        clipboard.Paste_Item();
+    }
+    void dragAndDrop()
+    {
+        const QString key = anyNamed();
+        if (key == structure::kRootKey)
+            return;
+        const bool control = chance(50);
+        structure.clickNode(chance(50) ? key : aboveOf(key));
+        drag.press(structure.selectedNode() == key ? structure::PlantDrag::FromTree
+                                                   : structure::PlantDrag::FromList,
+                   key);
+        EXPECT_TRUE(drag.begin(control));
+        const QString target = chance(10) ? QString() : chance(10) ? key : targetFor(key);
+        drag.over(target);
+        if (chance(10))
+            return drag.cancel();
+        if (target.isEmpty())
+            held = {};
+        else if (target != key) {
+            held = {control ? session::ClipCopy : session::ClipCut, key};
+            expectPasteInto(target);
+        }
+        drag.dropOnTree();
+    }
+    // Mostly one that takes the element.
+    QString targetFor(const QString& key)
+    {
+        if (chance(10) || plant.groups.empty())
+            return anyNamed();
+        return key.startsWith('1') ? QString(structure::kRootKey) : keyOf(anyGroup());
+    }
+    void expectPasteInto(const QString& target)
+    {
+        if (held.operation == session::ClipNothing)
+            return;
+        const Clip source = held;
+        if (source.gone) {
+            held = {};
+            return op.expect(texts.own("paste.gone"));
+        }
+        if (structure::Extract_Level(target) != structure::Extract_Level(source.key) - 1)
+            return op.expect(texts(510));
+        const bool cut = source.operation == session::ClipCut;
+        const int group = structure::Extract_Key(target).IDGrp.toInt();
+        const bool full = source.key.startsWith('1')
+                              ? int(plant.groups.size()) >= kMostGroups
+                              : int(plant.groups[group].instruments.size()) >= kMostInstruments;
+        const int answer = full && !cut ? kNo : mostlyYes();
+        op.expect(texts(cut ? 507 : 508), answer);
+        if (answer == kNo)
+            return;
+        held = {};
+        pasting = true;
+        plant.copy(source.key, group);
+        if (cut)
+            plant.remove(source.key);
+        if (!broken)
+            op.expect(texts(509));
+    }
+
+    // What the instruments lack and how they are marked
+    // -----------------------------------------------------------------
+
+    // As if the catalogue had grown: it has what some instrument lacks.
+    void loseParameters()
+    {
+        const QString key = anyNamed();
+        if (broken || !key.startsWith('2'))
+            return;
+        edited = key;
+        const structure::KeyParts ids = structure::Extract_Key(key);
+        auto& values = instrument().values;
+        for (auto value = values.begin(); value != values.end();) {
+            if (!chance(30)) {
+                ++value;
+                continue;
+            }
+            session.cnDatabase.Execute(QStringLiteral("DELETE FROM tbParametersUser WHERE IDGrp = %1 AND "
+                                                      "IDInst = %2 AND IDPar = '%3'")
+                                           .arg(ids.IDGrp, ids.IDInst, value->first));
+            value = values.erase(value);
+        }
+        structure.clickNode(keyOf(ids.IDGrp.toInt()));
+    }
+    void resync()
+    {
+        const QString key = select(chance(70) ? anyNamed() : anyParamGroup());
+        const int answer = mostlyYes();
+        op.expect(texts(511), answer);
+        if (answer == kYes) {
+            const int added = plant.synchronize(key, catalogue);
+            if (!broken || hasNoInstrument(key))
+                op.expect(texts(509) % u"\r\n" % texts.own("resync.added").arg(added));
+        }
+        fromList ? states.Resync_Item() : states.Resync_Node();
+    }
+    void reset()
+    {
+        const QString key = select(chance(50) ? anyNamed() : anyParamGroup());
+        const int answer = mostlyYes();
+        op.expect(texts(512), answer);
+        if (answer == kYes) {
+            plant.reset(key);
+            if (!broken)
+                op.expect(texts(509));
+        }
+        fromList ? states.Reset_Item() : states.Reset_Node();
+    }
+    bool hasNoInstrument(const QString& key)
+    {
+        bool none = true;
+        plant.eachInstrument(key, [&](const PlainPlant::Instrument&) { none = false; });
+        return none;
+    }
+    // Selects an element of the tree there, or one of the items below it in the list; its key is returned.
+    QString select(const QString& node)
+    {
+        structure.clickNode(node);
+        fromList = structure.list().rowCount() > 0 && chance(50);
+        if (!fromList)
+            return node;
+        structure.pressItem(structure.list().keyAt(below(structure.list().rowCount())));
+        return structure.selectedItem();
     }
 
     // In the dialogs
@@ -399,15 +575,17 @@ protected:
         items.sort();
         EXPECT_EQ(items, itemsOf(structure.selectedNode()));
         EXPECT_EQ(structure.path(), structure.tree().fullPathOf(structure.selectedNode()));
+        EXPECT_EQ(session.ClipOperation, held.operation);
+        EXPECT_EQ(session.ClipKey, held.key);
     }
-    // The plant's own, and below each instrument the parameter groups of its type.
     QStringList expectedNodes() const
     {
         QStringList nodes = plant.nodes();
         for (const auto& [number, group] : plant.groups) {
             for (const auto& [place, instrument] : group.instruments) {
-                for (const QString& below : groupNodes.at(instrument.type))
-                    nodes << u'3' % keyOf(number, place).mid(1) % u'_' % below;
+                for (const QString& below : instrument.nodes)
+                    nodes << u'3' % keyOf(number, place).mid(1) % u'_' % below % u'|' %
+                                 groupCaptions.at(below);
             }
         }
         nodes.sort();
@@ -438,13 +616,17 @@ protected:
         } else {
             const PlainPlant::Instrument& instrument =
                 plant.groups[ids.IDGrp.toInt()].instruments[ids.IDInst.toInt()];
-            if (level == structure::kInstrument)
-                items = QStringList(parameterGroups[instrument.type])
-                            .replaceInStrings("%", ids.IDGrp % u'_' % ids.IDInst);
+            std::set<QString> below;
             for (const auto& [IDPar, value] : instrument.values) {
+                below.insert(value.param->IDParGrp);
                 if (level == structure::kParamGroup && value.param->IDParGrp == ids.IDParGrp)
                     items << u'4' % node.mid(1) % u'_' % IDPar % u'|' % value.param->caption % u'|' %
                                  shown(value).trimmed() % u"||" % QString::number(value.state + 5);
+            }
+            if (level == structure::kInstrument) {
+                for (const QString& IDParGrp : below)
+                    items << u'3' % node.mid(1) % u'_' % IDParGrp % u'|' % groupCaptions.at(IDParGrp) %
+                                 u"|||4";
             }
         }
         items.sort();
@@ -483,21 +665,14 @@ protected:
                                                    row.text("KeyType"), row.text("mDP"), row.text("mIDCopy"),
                                                    row.optionalText("mUnit"), row.optionalText("mDftValue")});
         row.Close();
-        row.Open("SELECT DISTINCT tbInstrument.mTag AS Type, tbParamGroup.mID, mDesc FROM tbInstrument, "
-                 "tbParamGroup, tbParamGroupLanguage, tbParam WHERE tbInstrument.mID = mKeyInst AND "
-                 "tbParamGroup.mID = tbParamGroupLanguage.mID AND mKeyLang = 'EN' AND "
-                 "tbParam.mKeyParGroup = tbParamGroup.mID",
-                 session.cnDatabase);
-        for (; !row.Eof(); row.MoveNext())
-            parameterGroups[row.text("Type")]
-                << u"3_%_" % row.text("mID") % u'|' % row.text("mDesc") % u"|||4";
-        row.Close();
         row.Open("SELECT tbInstrument.mTag AS Type, tbParamGroup.mID, mDesc FROM tbInstrument, tbParamGroup, "
                  "tbParamGroupLanguage WHERE tbInstrument.mID = mKeyInst AND tbParamGroup.mID = "
                  "tbParamGroupLanguage.mID AND mKeyLang = 'EN'",
                  session.cnDatabase);
-        for (; !row.Eof(); row.MoveNext())
-            groupNodes[row.text("Type")] << row.text("mID") % u'|' % row.text("mDesc");
+        for (; !row.Eof(); row.MoveNext()) {
+            typeGroups[row.text("Type")].insert(row.text("mID"));
+            groupCaptions[row.text("mID")] = row.text("mDesc");
+        }
         row.Close();
         row.Open("SELECT mKeyParam, mValue, mDesc FROM tbParamEnum INNER JOIN tbParamEnumLanguage ON "
                  "tbParamEnum.mID = tbParamEnumLanguage.mID WHERE mKeyLang = 'EN'",
@@ -524,13 +699,36 @@ protected:
             return keyOf(group);
         return keyOf(group, std::next(instruments.begin(), below(int(instruments.size())))->first);
     }
+    // A parameter group of the tree; the root where there is none.
+    QString anyParamGroup()
+    {
+        const QString key = anyNamed();
+        if (!key.startsWith('2'))
+            return key;
+        edited = key;
+        const auto& nodes = instrument().nodes;
+        if (nodes.empty())
+            return key;
+        return u'3' % key.mid(1) % u'_' % *std::next(nodes.begin(), below(int(nodes.size())));
+    }
+    static QString aboveOf(const QString& key)
+    {
+        return key.startsWith('1') ? QString(structure::kRootKey)
+                                   : keyOf(structure::Extract_Key(key).IDGrp.toInt());
+    }
+    // The "0" of a synchronisation is no time of day, which the dialog tells.
+    static bool isReadable(const PlainPlant::Value& value)
+    {
+        return value.value != QStringLiteral("0") || !value.param->KeyType.startsWith("TIME");
+    }
     // Walks to the parameter of some instrument that has it, and presses its item.
     bool openParameter(const QString& IDPar)
     {
         std::vector<QString> owners;
         for (const auto& [number, group] : plant.groups) {
             for (const auto& [place, instrument] : group.instruments) {
-                if (instrument.values.count(IDPar))
+                const auto value = instrument.values.find(IDPar);
+                if (value != instrument.values.end() && isReadable(value->second))
                     owners.push_back(keyOf(number, place));
             }
         }
@@ -559,14 +757,21 @@ protected:
 
     PlainPlant plant;
     std::map<QString, std::vector<PlainParam>> catalogue;  // by type
-    std::map<QString, QStringList> groupNodes;             // by type: of the tree
-    std::map<QString, QStringList> parameterGroups;        // by type: items of an instrument's list
+    std::map<QString, std::set<QString>> typeGroups;       // by type: ids of its parameter groups
+    std::map<QString, QString> groupCaptions;              // by id
     std::map<QString, std::map<QString, QString>> choices; // by parameter and value
     ChosenType lookup;
     structure::PlantEditor editor{
         {session, texts, op, structure, lookup, [this](const QString& key) { model.open(key); }}};
+    structure::PlantClipboard clipboard{{session, texts, op, structure, editor}};
+    structure::PlantStates states{session, texts, op, structure};
+    structure::PlantDrag drag{session, texts, structure, clipboard};
     std::mt19937 random;
 
+    bool broken = false;  // the company can't be written in this step
+    Clip held;            // what the clipboard must hold
+    bool pasting = false; // the operator has agreed to a paste in this step
+    bool fromList = false;
     void (PlantWalk::*dialog)() = nullptr; // what is done in the property dialog
     bool thinksBetter = false;             // presses Escape in each field
     QString edited;                        // key of the group or instrument

@@ -275,6 +275,33 @@ TEST_F(PlantClipboardTest, ASourceThatIsGoneCopiesNothingAndSaysSo)
     ASSERT_TRUE(connectPlant()); // the tree that showed what another program had taken
 }
 
+TEST_F(PlantClipboardTest, AnotherElementUnderTheNumberOfADeletedOneIsNotTakenForIt)
+{
+    const std::pair<const char*, const char*> deletions[] = {
+        {"1_3", "1_3"}, {"2_1_2", "2_1_2"}, {"2_2_1", "1_2"}};
+    for (const auto& [noted, deleted] : deletions) {
+        cutNode(noted);
+        ASSERT_TRUE(editor.Erase_Item(deleted));
+        runOnPlant("INSERT OR IGNORE INTO tbGroupsUser (IDGrp, Name) VALUES (2, 'ANOTHER'), (3, 'NEW');"
+                   "INSERT OR IGNORE INTO tbInstrumentsUser VALUES (1, 2, 'KT200', 'NEW', NULL, '11'),"
+                   "(2, 1, 'KT200', 'NEW', NULL, '11')");
+        op.expect(texts.own("paste.gone"), kOk);
+        pasteOn(QString(noted).startsWith("1") ? "Root" : "1_1");
+        EXPECT_EQ(op.boxes.back().icon, platform::Icon::Exclamation);
+        clipboardIs(session::ClipNothing, "");
+        ASSERT_TRUE(connectPlant());
+        session.CurrentUser.Modify = "-1";
+    }
+    EXPECT_EQ(count("tbGroupsUser"), 3);
+    EXPECT_EQ(count("tbInstrumentsUser"), 3);
+    // What is noted next is there again, and what goes beside it is nothing to it.
+    cutNode("2_1_1");
+    ASSERT_TRUE(editor.Erase_Item("1_3"));
+    expectQuestion(507, kYes);
+    expectDone();
+    pasteOn("1_2");
+}
+
 TEST_F(PlantClipboardTest, ATargetThatIsGoneTakesNothing)
 {
     copyNode("2_1_1");
@@ -282,7 +309,10 @@ TEST_F(PlantClipboardTest, ATargetThatIsGoneTakesNothing)
     runOnPlant("DELETE FROM tbGroupsUser WHERE IDGrp = 3;");
     expectQuestion(508, kYes);
     clipboard.Paste_Item();
-    failures.expectOne(platform::errors::kDatabase, "Module/Duplicate_Item");
+    const auto reported = failures.take();
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_EQ(reported[0].procedure, "Module/Duplicate_Item");
+    EXPECT_EQ(reported[0].description, texts.own("paste.target"));
     EXPECT_EQ(count("tbInstrumentsUser", "IDGrp = 3"), 0);
     ASSERT_TRUE(connectPlant());
 }
@@ -400,6 +430,31 @@ TEST_F(PlantClipboardTest, TheProgressFollowsTheSteps)
     expectDone();
     pasteOn("1_2");
     EXPECT_EQ(steps, (QStringList{"shown", "25", "50", "75", "100", "hidden"}));
+}
+
+TEST_F(PlantClipboardTest, TheWordsTellWhatAPasteOfAGroupIsAt)
+{
+    QStringList told;
+    QObject::connect(&clipboard, &structure::PlantClipboard::stepTold,
+                     [&](const QString& words) { told << words; });
+    copyNode("1_1");
+    expectQuestion(508, kYes);
+    expectDone();
+    pasteOn("Root");
+    EXPECT_EQ(told, (QStringList{"Copying the instruments of GRP1...", "Copying the parameters of GRP1...",
+                                 "Showing the copy of GRP1 in the tree..."}));
+    told.clear();
+    cutNode("1_1");
+    expectQuestion(507, kYes);
+    expectDone();
+    pasteOn("Root");
+    EXPECT_EQ(told.value(3), "Removing the original GRP1...");
+    told.clear();
+    cutNode("2_2_1");
+    expectQuestion(507, kYes);
+    expectDone();
+    pasteOn("1_3");
+    EXPECT_EQ(told, QStringList()) << "an instrument takes no time";
 }
 
 TEST_F(PlantClipboardTest, EachProcedureReportsItsFailureAsItsOwn)

@@ -123,22 +123,59 @@ TEST_F(PlantStatesTest, TheProgressCountsTheInstruments)
 
 TEST_F(PlantStatesTest, AFailureKeepsTheInstrumentsOfTheSlicesBeforeAndNoneHalf)
 {
-    runOnPlant(R"(
-        WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 250)
+    constexpr int kSlice = structure::PlantStates::kSlice, kAll = 2 * kSlice + 50;
+    runOnPlant(QStringLiteral(R"(
+        WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < %1)
         INSERT INTO tbInstrumentsUser SELECT 3, i, 'KT100', 'N' || i, NULL, NULL FROM n;
-        CREATE TRIGGER t BEFORE INSERT ON tbParametersUser WHEN NEW.IDInst = 150 AND NEW.IDPar = 'P0299'
-            BEGIN SELECT RAISE(FAIL, 'full'); END;)");
+        CREATE TRIGGER t BEFORE INSERT ON tbParametersUser WHEN NEW.IDInst = %2 AND NEW.IDPar = 'P0299'
+            BEGIN SELECT RAISE(FAIL, 'full'); END;)")
+                   .arg(kAll)
+                   .arg(kSlice + 50));
     ASSERT_TRUE(connectPlant());
     EXPECT_FALSE(states.Synchronize_Item("1_3"));
     failures.expectOne(platform::errors::kDatabase, "Module/Synchronize_Item");
-    EXPECT_EQ(count("tbParametersUser", "IDGrp = 3 AND IDInst > 100"), 0) << "the slice that broke off";
-    EXPECT_EQ(count("(SELECT DISTINCT IDInst FROM tbParametersUser WHERE IDGrp = 3)"), 100);
+    EXPECT_EQ(count("tbParametersUser", QStringLiteral("IDGrp = 3 AND IDInst > %1").arg(kSlice)), 0)
+        << "the slice that broke off";
+    EXPECT_EQ(count("(SELECT DISTINCT IDInst FROM tbParametersUser WHERE IDGrp = 3)"), kSlice);
     EXPECT_EQ(op.pointer, platform::Pointer::Default);
     runOnPlant("DROP TRIGGER t;");
     EXPECT_TRUE(states.Synchronize_Item("1_3"));
     EXPECT_EQ(
         count("(SELECT IDInst FROM tbParametersUser WHERE IDGrp = 3 GROUP BY IDInst HAVING Count(*) = 16)"),
-        250);
+        kAll);
+}
+
+TEST_F(PlantStatesTest, TheWordsTellTheInstrumentItsPlaceAndWhatWasAdded)
+{
+    QStringList told;
+    QObject::connect(&states, &structure::PlantStates::stepTold,
+                     [&](const QString& words) { told << words; });
+    states.Synchronize_Item("Root");
+    EXPECT_EQ(told, (QStringList{"Synchronising INST11 (1 of 3), parameters added: 0",
+                                 "Synchronising ALPHA (2 of 3), parameters added: 2",
+                                 "Synchronising inst21 (3 of 3), parameters added: 2"}));
+    told.clear();
+    states.Synchronize_Item("2_1_1");
+    EXPECT_EQ(told, QStringList()) << "one instrument takes no time";
+
+    // Once a per cent, however many there are.
+    runOnPlant("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 300)"
+               "INSERT INTO tbInstrumentsUser SELECT 3, i, 'GONE', 'N' || i, NULL, NULL FROM n;");
+    ASSERT_TRUE(connectPlant());
+    states.Synchronize_Item("1_3");
+    EXPECT_EQ(told.size(), 100);
+    EXPECT_EQ(told.last(), "Synchronising N300 (300 of 300), parameters added: 0");
+}
+
+TEST_F(PlantStatesTest, AnInstrumentsStatementsSeeTheInstrumentsBeforeItOnly)
+{
+    // Two of one type side by side: what the first one has is not what the second one lacks.
+    runOnPlant("INSERT INTO tbInstrumentsUser VALUES (3, 1, 'KT100', 'BARE', NULL, NULL);");
+    ASSERT_TRUE(connectPlant());
+    EXPECT_TRUE(states.Synchronize_Item("Root"));
+    EXPECT_EQ(count("tbParametersUser", "IDGrp = 3 AND IDInst = 1 AND State = 2 AND Value = '0'"), 16);
+    EXPECT_EQ(count("tbParametersUser", "IDGrp = 1 AND IDInst = 1"), 16);
+    EXPECT_EQ(count("tbParametersUser", "IDGrp = 2 AND IDInst = 1 AND IDParGrp NOT IN ('G11', 'G12')"), 0);
 }
 
 // The commands
