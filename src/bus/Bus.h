@@ -30,7 +30,8 @@ public:
     // Port: see ComPort.
     bool Set_COMPort() { return port_.Set_COMPort(); }
     bool Open_COMConnection() { return port_.Open_COMConnection(); }
-    bool Close_COMConnection() { return port_.Close_COMConnection(); }
+    // What the line does ends first.
+    bool Close_COMConnection();
     // Stores COMPort.Status and sets the console's commands.
     void EnableDisable_RWMenu(session::LineStatus status) { line_.EnableDisable_RWMenu(status); }
 
@@ -97,6 +98,7 @@ private:
     void tmrAllarm_Timer();
 
     void receivePollAnswer();
+    void cut();
     LinkDialogue& dialogue();
     void commonEnd();
     // What every end of a connection that nobody hung up has in common.

@@ -54,8 +54,9 @@ void IncomingCall::leaveConnection()
 void IncomingCall::answer()
 {
     line_.code = ActionCode::CallAnswering;
-    line_.sendCommand("ATA");
+    // What ends the call runs before anything is sent: a port that takes nothing must not hold the line.
     line_.tmrTimeOut.start(intervals::kTimeOut);
+    line_.sendCommand("ATA");
 }
 
 void IncomingCall::receiveConnect()
@@ -77,8 +78,8 @@ void IncomingCall::takeFirstBlock()
 {
     store(AlarmBlock::First);
     line_.code = ActionCode::SecondBlock;
-    line_.send("OK");
     line_.tmrAction.start(intervals::kSecondBlock);
+    line_.send("OK");
 }
 
 void IncomingCall::takeSecondBlock()

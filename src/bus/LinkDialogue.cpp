@@ -8,12 +8,13 @@ namespace bus {
 
 void LinkDialogue::connectionUp(const QByteArray& lastWord)
 {
+    // A word that can't be sent makes no connection.
+    if (!lastWord.isEmpty())
+        line_.send(lastWord);
     line_.strReceive.clear();
     line_.code = ActionCode::Idle;
     line_.tmrTimeOut.stop();
     line_.tmrConnection.start(intervals::kConnectionClock);
-    if (!lastWord.isEmpty())
-        line_.send(lastWord);
     line_.log(line_.texts(541));
     line_.EnableDisable_RWMenu(session::kConnected);
     line_.tmrPolling.start(intervals::kPolling);

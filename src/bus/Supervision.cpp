@@ -73,7 +73,7 @@ void Bus::truncateConnection()
     const bool alarms = call_.save();
     line_.code = ActionCode::Idle;
     line_.strReceive.clear();
-    line_.send("+++");
+    platform::guarded("frmReadWrite.lvwItems_KeyDown", [this] { line_.send("+++"); });
     endConnection(line_.texts(session::rows::kTruncated), "frmReadWrite.lvwItems_KeyDown");
     if (alarms)
         call_.announce();
@@ -81,10 +81,21 @@ void Bus::truncateConnection()
 
 void Bus::cutLine()
 {
+    // A call that came with no company open has nothing to do with one that could not be opened.
+    if (!call_.isTaken() || line_.session.cnDatabase.State() != platform::Connection::Closed)
+        cut();
+}
+
+bool Bus::Close_COMConnection()
+{
+    if (line_.comCalidora.PortOpen())
+        cut();
+    return port_.Close_COMConnection();
+}
+
+void Bus::cut()
+{
     work("Module/Disconnect_Database", [this] {
-        // A call that came with no company open has nothing to do with one that could not be opened.
-        if (call_.isTaken() && line_.session.cnDatabase.State() == platform::Connection::Closed)
-            return;
         const bool live = line_.session.COMPort.Status > session::kLineIdle;
         const bool alarms = call_.save();
         line_.comeToRest();

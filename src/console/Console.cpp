@@ -150,8 +150,11 @@ void Console::Connect()
 void Console::Disconnect()
 {
     work("frmReadWrite/Disconnect", [&] {
-        if (session_.COMPort.Status == session::kLineIdle)
+        if (session_.COMPort.Status <= session::kLineIdle)
             return refuse(texts_(539));
+        // The click came before the line was called, or began something.
+        if (session_.COMPort.Status == session::kBusy)
+            return refuse(texts_(571));
         bus_.lowerLink();
     });
 }

@@ -2,8 +2,8 @@
 
 #include "events/SystemInfo.h"
 #include "platform/Clock.h"
-#include "platform/Guard.h"
 #include "platform/Machine.h"
+#include "platform/OneAtATime.h"
 #include "platform/Operator.h"
 #include "platform/TextFile.h"
 #include "session/Session.h"
@@ -168,11 +168,13 @@ void showBox(Operator& op, const QString& description, const QString& title) noe
 
 void installFailureHook(const Session& session, Operator& op, const Clock& clock, const Machine& machine)
 {
-    setFailureHook([&session, &op, report = ErrorReport(session, clock, machine)](const Failure& failure) {
-        if (!failure.silent)
-            showBox(op, failure.description, session.AppTitle);
-        report.Report_RuntimeError(failure.number, failure.description, failure.procedure);
-    });
+    // While a box stands the program goes on, and may fail again.
+    setFailureHook(
+        oneAtATime([&session, &op, report = ErrorReport(session, clock, machine)](const Failure& failure) {
+            if (!failure.silent)
+                showBox(op, failure.description, session.AppTitle);
+            report.Report_RuntimeError(failure.number, failure.description, failure.procedure);
+        }));
 }
 
 } // namespace events

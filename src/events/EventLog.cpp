@@ -91,14 +91,22 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
     if (Source == kAlarms && onAlarm)
         onAlarm(When, Equipment);
     guarded("Module/Add_Event_Db", [&] {
-        if (!hasCompany()) {
+        const auto keep = [&] {
             kept_ << logLine(QString::number(IDType), When, QString::number(Source), Equipment, Instrument,
                              Description, session_.CodePage);
-            return;
+        };
+        if (!hasCompany())
+            return keep();
+        try {
+            session_.cnDatabase.Execute(
+                kInsert.arg(QString::number(IDType), When.toString(kStoredDate), QString::number(Source),
+                            composeTextOrNull(Equipment), composeTextOrNull(Instrument),
+                            composeTextOrNull(Description)));
+        } catch (const RuntimeError&) {
+            // The caller of an alarm will not come back with it.
+            keep();
+            throw;
         }
-        session_.cnDatabase.Execute(kInsert.arg(
-            QString::number(IDType), When.toString(kStoredDate), QString::number(Source),
-            composeTextOrNull(Equipment), composeTextOrNull(Instrument), composeTextOrNull(Description)));
     });
 }
 
@@ -123,13 +131,25 @@ void EventLog::CreateLog_App()
         flushed.failed = true;
         Recordset rows;
         if (hasCompany())
-            rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
+            openRows(rows, flushed);
         for (int onDisk = flushed.rows; onDisk > 0 && !rows.Eof(); --onDisk)
             rows.MoveNext();
         if (!rows.Eof() || !kept_.isEmpty())
             flush(rows, flushed);
         flushed.failed = false;
     });
+}
+
+// What the company doesn't hold needn't wait for it.
+void EventLog::openRows(Recordset& rows, Flushed& flushed)
+{
+    try {
+        rows.Open(QStringLiteral("SELECT * FROM tbEvent"), session_.cnDatabase);
+    } catch (const RuntimeError&) {
+        if (!kept_.isEmpty())
+            flush(rows, flushed);
+        throw;
+    }
 }
 
 // What was kept without a company goes first; on a full disk each side forgets just what is in its place.

@@ -31,7 +31,8 @@ public:
     // The one entry of the read/write side: a line on the console's list and a row of tbEvent.
     void Add_Event(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                    const QString& Instrument, const QString& Description);
-    // The row alone; empty texts are stored as NULL. With no company open it is kept for the next log file.
+    // The row alone; empty texts are stored as NULL. With no company open, or one that can't take it, it is
+    // kept for the next log file.
     void Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                       const QString& Instrument, const QString& Description);
     // The line alone; `When` is rewritten as "yyyy/mm/dd HH:MM:SS".
@@ -58,6 +59,7 @@ private:
         bool failed = false;
     };
     Flushed& flushedOfCompany();
+    void openRows(platform::Recordset& rows, Flushed& flushed);
     void flush(platform::Recordset& rows, Flushed& flushed);
     bool hasCompany() const;
 
@@ -65,7 +67,7 @@ private:
     session::Session& session_;
     platform::Operator& operator_;
     platform::Clock& clock_;
-    QStringList kept_; // lines of events that came with no company open
+    QStringList kept_; // lines of events that no company took
 };
 
 } // namespace events

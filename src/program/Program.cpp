@@ -104,11 +104,7 @@ dialogs::Settings::Verbs Program::settingsVerbs()
     dialogs::Settings::Verbs verbs;
     verbs.Set_COMPort = [this] { return bus_.Set_COMPort(); };
     verbs.Open_COMConnection = [this] { return bus_.Open_COMConnection(); };
-    // A line that is up is hung up and its events are kept before the port closes under it.
-    verbs.Close_COMConnection = [this] {
-        bus_.cutLine();
-        return bus_.Close_COMConnection();
-    };
+    verbs.Close_COMConnection = [this] { return bus_.Close_COMConnection(); };
     verbs.Write_Configuration = [this] { return Write_Configuration(with_.session); };
     verbs.Delete_Log = [this](bool enabled, bool all) { purge_.Delete_Log(enabled, all); };
     verbs.SetLanguage_AllForms = [this](const QString& identifier) {
@@ -134,7 +130,7 @@ void Program::acknowledgeAlarms()
 // A line that is up is not left standing: what it brought goes to its log.
 void Program::endProgram()
 {
-    bus_.cutLine();
+    bus_.Close_COMConnection();
     if (QWidget* window = mainWindow())
         window->hide();
     emit left();

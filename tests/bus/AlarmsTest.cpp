@@ -353,4 +353,54 @@ TEST_F(AlarmsTest, NoiseIsKeptToItsLast64KB)
     EXPECT_EQ(bus.actionCode(), ActionCode::CallWaiting);
 }
 
+// The line is blocked for nobody: whatever fails, a call has an end.
+class CallsOnABrokenHouse : public AlarmsTest
+{
+protected:
+    void failOn(const QByteArray& word)
+    {
+        port.onOutput = [word](const QByteArray& bytes) {
+            if (bytes == word)
+                platform::fail(platform::errors::kDeviceIo, "The port takes nothing.");
+        };
+    }
+};
+
+TEST_F(CallsOnABrokenHouse, AnAlarmThatTheCompanyDoesNotTakeGoesToTheLogAllTheSame)
+{
+    session.cnDatabase.Execute("ALTER TABLE tbEvent RENAME TO Gone");
+    takeCall();
+    EXPECT_EQ(alarmLines(),
+              QStringList({"2/1/Plant 1/Unit 2/Alarm A", "2/1/Plant 1/Unit 2/Alarm B", "2/1/Plant 1//End"}));
+    failures.expectUnder("Module/Add_Event_Db");
+    session.cnDatabase.Execute("ALTER TABLE Gone RENAME TO tbEvent");
+    takeCall();
+    EXPECT_EQ(alarmLines().size(), 6) << "and goes there once";
+}
+
+TEST_F(CallsOnABrokenHouse, ACallThatCannotBeAnsweredEndsByTheTimeOut)
+{
+    failOn("ATA");
+    arrives("RING");
+    clock.run(3000);
+    failures.expectOne(platform::errors::kDeviceIo, "frmMain.tmrAction_Timer");
+    EXPECT_EQ(status(), 2);
+    clock.run(60000);
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+}
+
+TEST_F(CallsOnABrokenHouse, ABlockThatCannotBeAnsweredEndsTheCallAndIsKept)
+{
+    failOn("OK");
+    arrives("ATD");
+    arrives("<P><U><A>");
+    clock.run(5000);
+    failures.expectOne(platform::errors::kDeviceIo, "frmMain.tmrAction_Timer");
+    clock.run(15000);
+    failures.take();
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(alarmLines(), QStringList{"2/1/P/U/A"});
+}
+
 } // namespace

@@ -87,4 +87,16 @@ TEST_F(CallWithoutCompany, ACompanyThatCannotBeOpenedLeavesTheCallAlone)
     EXPECT_EQ(alarms(), QStringList({"2/1/P/U/A", "2/1/P//End"}));
 }
 
+TEST_F(CallWithoutCompany, AProgramThatIsLeftInTheCallKeepsWhatCame)
+{
+    arrives("ATD");
+    arrives("<P><U><A>");
+    clock.run(5000);
+    arrives("<P><E");
+    EXPECT_TRUE(bus.Close_COMConnection());
+    EXPECT_EQ(alarms().value(0), "2/1/P/U/A") << "it was answered: nobody tells it again";
+    EXPECT_EQ(status(), -1);
+    EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+}
+
 } // namespace

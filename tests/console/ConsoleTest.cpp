@@ -277,4 +277,49 @@ TEST_F(ConsoleTest, AutoDisconnectFlips)
     EXPECT_FALSE(model.autoDisconnectPressed());
 }
 
+// A click on Disconnect waits until the window has settled; meanwhile an instrument may have called, or the
+// port may have gone.
+TEST_F(ConsoleTest, ADisconnectThatComesIntoACallLeavesTheCall)
+{
+    openConsole("2_1_1");
+    connectByHand();
+    arrives("ATD");
+    op.expect(texts(571));
+    console.Disconnect();
+    EXPECT_EQ(bus.actionCode(), bus::ActionCode::FirstBlock);
+    arrives("<P><U><A>");
+    clock.run(5000);
+    EXPECT_EQ(frames(), QList<QByteArray>({"CONNECT", "OK"}));
+}
+
+TEST_F(ConsoleTest, ADisconnectOnAPortThatVanishedLocksNothing)
+{
+    openConsole("2_1_1");
+    connectByHand();
+    port.vanish();
+    clock.settle();
+    failures.take();
+    op.expect(texts(539));
+    console.Disconnect();
+    EXPECT_EQ(status(), -1);
+    EXPECT_EQ(bus.actionCode(), bus::ActionCode::Idle);
+}
+
+TEST_F(ConsoleTest, AnInstrumentsCableConnectionThatCannotBeConfirmedIsNone)
+{
+    openConsole("2_1_1");
+    console.Set_Simulator(true);
+    console.Connect();
+    arrives("ATA");
+    port.onOutput = [](const QByteArray&) {
+        platform::fail(platform::errors::kDeviceIo, "It takes nothing.");
+    };
+    clock.run(3000);
+    failures.expectOne(platform::errors::kDeviceIo, "frmMain.tmrAction_Timer");
+    EXPECT_EQ(status(), 2);
+    EXPECT_EQ(bus.actionCode(), bus::ActionCode::SimulatorRaising) << "Escape ends it";
+    clock.run(5000);
+    EXPECT_EQ(panels.text(bus::Panel::Info), "") << "no clock runs";
+}
+
 } // namespace

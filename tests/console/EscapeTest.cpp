@@ -243,4 +243,19 @@ TEST_F(EscapeTest, NothingToWriteLeavesNoRecordsOpen)
     EXPECT_EQ(structure.list().rowCount(), 7);
 }
 
+TEST_F(EscapeTest, APortThatTakesNothingIsCutAllTheSame)
+{
+    connectByHand();
+    port.onOutput = [](const QByteArray&) {
+        platform::fail(platform::errors::kDeviceIo, "It takes nothing.");
+    };
+    op.expect(texts(572) + "\r\n" + texts(573) + "\r\n" + texts(574), answers::kNo);
+    console.interrupt();
+    failures.expectOne(platform::errors::kDeviceIo, "frmReadWrite.lvwItems_KeyDown");
+    EXPECT_EQ(status(), 0);
+    EXPECT_EQ(model.status(), 0);
+    EXPECT_EQ(logFiles().size(), 1);
+    expectCallsAreSeen();
+}
+
 } // namespace
