@@ -12,7 +12,7 @@ need "${build_packages[@]}" "${run_packages[@]}"
 cmake -S . -B "$build_folder" -G Ninja -DCALIDORA_BENCHMARKS=ON >/dev/null
 build calidora calidora-catalogue calidora-instrument calidora-generate-company calidora-side-by-side \
   calidora-find-side-by-side calidora-plant-side-by-side calidora-copy-side-by-side calidora-exchange-side-by-side \
-  calidora-events-side-by-side calidora-benchmarks
+  calidora-history-side-by-side calidora-events-side-by-side calidora-benchmarks
 
 company=$build_folder/benchmarks/Large.mdb
 if [ ! -f "$company" ]; then
@@ -26,6 +26,7 @@ say "side by side; load of the machine: $(cut -d' ' -f1-3 /proc/loadavg) on $(np
 "$build_folder/benchmarks/calidora-plant-side-by-side" "$company"
 "$build_folder/benchmarks/calidora-copy-side-by-side" "$company"
 "$build_folder/benchmarks/calidora-exchange-side-by-side" "$company"
+"$build_folder/benchmarks/calidora-history-side-by-side" "$company" "$build_folder/benchmarks/history"
 "$build_folder/benchmarks/calidora-events-side-by-side" "$build_folder/benchmarks/logs"
 BUILD_FOLDER=$build_folder benchmarks/idle.sh
 

@@ -68,6 +68,9 @@ void Transfer::receiveCheck()
     // An answer that nobody could read confirms nothing.
     const bool confirmed = equal && platform::failuresReported() == failuresBefore;
     log(line_.texts(confirmed ? 13 : 545));
+    if (line_.onChecked)
+        line_.onChecked({rsWork_.number("IDGrp"), rsWork_.number("IDInst"), rsWork_.text("IDPar"),
+                         rsWork_.text("IDParGrp"), rsWork_.optionalText("Value"), confirmed});
     if (!confirmed)
         line_.console.checkFailed(rsWork_.text("DesInst"), rsWork_.text("DesParGrp"), rsWork_.text("DesPar"));
     line_.strReceive.clear();

@@ -78,7 +78,7 @@ void Bus::comCalidora_OnComm()
 void Bus::receive()
 {
     work("frmMain.comCalidora_OnComm", [this] {
-        const QByteArray bytes = line_.comCalidora.Input();
+        const QByteArray bytes = line_.input();
         if (bytes.isEmpty()) // a tick has taken them
             return;
         line_.strReceive += bytes;

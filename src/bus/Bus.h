@@ -69,6 +69,14 @@ public:
     // Called when a report has come in and waits for acknowledgement.
     std::function<void()> onAlarms;
 
+    // Who hears what each read-back of a write showed.
+    void setOnChecked(std::function<void(const values::CheckedValue&)> heard)
+    {
+        line_.onChecked = std::move(heard);
+    }
+    // All that went over the line.
+    const LineTrace& trace() const { return line_.trace; }
+
     ActionCode actionCode() const { return line_.code; }
     bool bankRead() const { return transfer_.bankRead(); }
     const QByteArray& received() const { return line_.strReceive; }

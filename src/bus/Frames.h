@@ -10,6 +10,9 @@ namespace bus {
 // `address` goes out exactly as stored, whatever its length. The other fields are one byte each: a number
 // outside 0 to 255 throws an invalid call, for the procedure that builds the frame to report.
 
+constexpr int kAddressSize = 2; // as it usually is
+constexpr int kReadRequestSize = kAddressSize + 4;
+
 // One's complement of the low byte of the sum: a frame's bytes, checksum included, add up to 0xFF in the low
 // byte. Of no bytes at all it is 0xFF.
 char Calculate_CheckSum(const QByteArray& text);

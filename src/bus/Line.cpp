@@ -19,6 +19,15 @@ Line::Line(const Surroundings& with)
 void Line::send(const QByteArray& bytes)
 {
     comCalidora.Output(bytes);
+    trace.sent(bytes, code);
+}
+
+QByteArray Line::input()
+{
+    const QByteArray bytes = comCalidora.Input();
+    if (!bytes.isEmpty())
+        trace.received(bytes, code);
+    return bytes;
 }
 
 void Line::sendCommand(const QByteArray& command)

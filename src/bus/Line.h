@@ -2,13 +2,16 @@
 
 #include "bus/ActionCode.h"
 #include "bus/LineTimer.h"
+#include "bus/LineTrace.h"
 #include "bus/ParTrasm.h"
 #include "events/Forward.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
 #include "session/Session.h"
+#include "values/ValueCause.h"
 
 #include <QByteArray>
+#include <functional>
 
 namespace bus {
 
@@ -34,6 +37,8 @@ struct Line
     explicit Line(const Surroundings& surroundings);
 
     void send(const QByteArray& bytes);
+    // Takes all that waits in the port.
+    QByteArray input();
     // The command, and its carriage return in a write of its own.
     void sendCommand(const QByteArray& command);
     // Blocks the program. A wait that would reach into the next day begins with that day.
@@ -75,6 +80,9 @@ struct Line
     ActionCode code = ActionCode::Idle;
     QByteArray strReceive; // received and not yet consumed
     ParTrasm parTrasm;
+    LineTrace trace{clock};
+    // Called for each parameter that a write has read back.
+    std::function<void(const values::CheckedValue&)> onChecked;
 
 private:
     int changes_ = 0;

@@ -29,6 +29,7 @@ bool Transfer::open(const QString& statement)
 void Transfer::beginRead(bool bankRead, const QString& itemKey)
 {
     BankRead_ = bankRead;
+    causing_ = std::make_unique<values::Causing>(line_.session.cnDatabase, values::ValueCause::Read);
     begin(ActionCode::Reading, itemKey);
     line_.log(line_.texts(559));
     line_.console.operationBegan(ProgressMax_, 1);
@@ -37,6 +38,7 @@ void Transfer::beginRead(bool bankRead, const QString& itemKey)
 
 void Transfer::beginWrite(const QString& itemKey)
 {
+    causing_ = std::make_unique<values::Causing>(line_.session.cnDatabase, values::ValueCause::Cleared);
     begin(ActionCode::WritingRam, itemKey);
     line_.log(line_.texts(560));
     line_.log(line_.texts(563));
@@ -64,6 +66,7 @@ void Transfer::close()
     ProgressMax_ = 0;
     ProgressCount_ = 0;
     requested_ = false;
+    causing_.reset();
     line_.console.showProgress(false);
     line_.console.operationEnded();
 }
@@ -181,6 +184,7 @@ void Transfer::endRead()
 
 void Transfer::endWrite()
 {
+    const auto causing = std::move(causing_); // the marks go with the operation
     close();
     line_.strReceive.clear();
     line_.code = ActionCode::Idle;

@@ -5,6 +5,7 @@
 #include "platform/RuntimeError.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -99,8 +100,9 @@ private:
     QString AndMask_, OrMask_;
     int ProgressCount_ = 0;
     int ProgressMax_ = 0;
-    bool requested_ = false;     // the record in hand awaits an answer
-    qsizetype stoodWaiting_ = 0; // bytes that were there when its request left
+    std::unique_ptr<values::Causing> causing_; // as long as the operation runs
+    bool requested_ = false;                   // the record in hand awaits an answer
+    qsizetype stoodWaiting_ = 0;               // bytes that were there when its request left
 };
 
 } // namespace bus

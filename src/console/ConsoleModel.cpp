@@ -67,6 +67,7 @@ void ConsoleModel::forgetConcerns()
 {
     failedChecks_.clear();
     doubts_.clear();
+    changedValues_.reset();
     emit concernsChanged();
 }
 
@@ -94,7 +95,25 @@ void ConsoleModel::setProgress(int percent)
 void ConsoleModel::operationBegan(int records, int passes)
 {
     operation_.begin(records, passes, clock_.elapsed());
+    changedValues_ = passes == 1 ? std::optional(0) : std::nullopt;
     emit changed();
+}
+
+std::optional<int> ConsoleModel::changedValues() const
+{
+    return showChanges_ && status_ != session::kBusy ? changedValues_ : std::nullopt;
+}
+
+void ConsoleModel::setChangedValues(int values)
+{
+    changedValues_ = values;
+    emit changed();
+}
+
+void ConsoleModel::showChanges() const
+{
+    if (changedValues().value_or(0) > 0)
+        showChanges_();
 }
 
 void ConsoleModel::recordBegan(bool awaitsAnswer)

@@ -9,6 +9,8 @@
 
 #include <QObject>
 #include <QStringList>
+#include <functional>
+#include <optional>
 
 namespace console {
 
@@ -44,6 +46,12 @@ public:
     };
     const QList<Doubt>& doubts() const { return doubts_; }
     void forgetConcerns();
+    // How many values the last read left different from before; none when nobody knows.
+    std::optional<int> changedValues() const;
+    void setChangedValues(int values);
+    // Who shows them; without anybody none are known.
+    void setShowChanges(std::function<void()> show) { showChanges_ = std::move(show); }
+    void showChanges() const;
 
     bool isOpen() const override { return open_; }
     void setOpen(bool open) { open_ = open; }
@@ -79,6 +87,8 @@ private:
     bool simulator_ = false;
     QStringList failedChecks_;
     QList<Doubt> doubts_;
+    std::optional<int> changedValues_;
+    std::function<void()> showChanges_;
 };
 
 } // namespace console

@@ -21,6 +21,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QTreeView>
@@ -202,7 +203,16 @@ QWidget* frmReadWrite::makeHeading()
     place->addWidget(lblGroup_);
     place->addWidget(lblItem_, 1, Qt::AlignBottom);
     layout->addLayout(place);
-    layout->addWidget(lblActivity_);
+    cmdChanged_ = new QPushButton(icon("history"), {}, heading);
+    cmdChanged_->setObjectName("cmdChanged");
+    cmdChanged_->setAutoDefault(false);
+    cmdChanged_->hide();
+    connect(cmdChanged_, &QPushButton::clicked, this, [this] { model_.showChanges(); });
+    auto* activity = new QHBoxLayout;
+    activity->setSpacing(10);
+    activity->addWidget(lblActivity_, 1);
+    activity->addWidget(cmdChanged_);
+    layout->addLayout(activity);
     layout->addWidget(prgLoad_);
     return heading;
 }
@@ -299,6 +309,11 @@ void frmReadWrite::showActivity()
     lblActivity_->setText(model_.activity(texts_, group_));
     prgLoad_->setVisible(model_.progressVisible());
     prgLoad_->setValue(model_.progress());
+    const std::optional<int> changed = model_.changedValues();
+    cmdChanged_->setVisible(changed.has_value());
+    cmdChanged_->setEnabled(changed.value_or(0) > 0);
+    cmdChanged_->setText(changed.value_or(0) > 0 ? texts_.own("console.changed").arg(*changed)
+                                                 : texts_.own("console.changed.none"));
 }
 
 void frmReadWrite::showConcerns()

@@ -13,6 +13,7 @@ class QListWidget;
 class QMenu;
 class QMenuBar;
 class QProgressBar;
+class QPushButton;
 class QToolBar;
 class QTreeView;
 
@@ -85,6 +86,7 @@ private:
     QLabel* lblConcerns_;
     QListWidget* lvwConcerns_;
     QProgressBar* prgLoad_;
+    QPushButton* cmdChanged_; // what the last read has changed
     QLabel *comSetPicture_, *comSetText_, *info_;
     QTimer tmrRefresh_;
     bool settling_ = false;

@@ -6,27 +6,15 @@
 
 namespace exchange {
 
+using platform::withoutControls;
+
 namespace {
-
-constexpr char16_t kDelete = 0x7F;
-
-bool isControl(QChar character)
-{
-    return character < u' ' || character == QChar(kDelete);
-}
 
 // Most texts are: they are the same bytes in every code page.
 bool isPlain(const QString& text)
 {
     return std::all_of(text.begin(), text.end(),
-                       [](QChar character) { return character >= u' ' && character < QChar(kDelete); });
-}
-
-QString withoutControls(const QString& text)
-{
-    QString line = text;
-    std::replace_if(line.begin(), line.end(), isControl, QChar(u' '));
-    return line;
+                       [](QChar character) { return character >= u' ' && character < QChar(0x7F); });
 }
 
 // A control character of the upper half is one only where the page has no place for it: a byte that the page
@@ -76,18 +64,6 @@ QByteArray trimmedField(const QString& text, int codePage)
     while (field.endsWith(' '))
         field.chop(1);
     return field;
-}
-
-QByteArray quotedField(const QString& text)
-{
-    const QString line = withoutControls(text);
-    QByteArray field = line.toUtf8();
-    const bool quoted =
-        field.contains(',') || field.contains('"') || field.startsWith(' ') || field.endsWith(' ');
-    if (!quoted)
-        return field;
-    field.replace("\"", "\"\"");
-    return '"' + field + '"';
 }
 
 } // namespace exchange

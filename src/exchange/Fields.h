@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/CsvField.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -16,7 +18,6 @@ QByteArray fixedField(const QString& text, int width, int codePage);
 void appendFixedField(QByteArray& line, const QString& text, int width, int codePage);
 // The same without blanks at its end.
 QByteArray trimmedField(const QString& text, int codePage);
-// In UTF-8, in quotes where commas, quotes or blanks at an end make them needed (RFC 4180).
-QByteArray quotedField(const QString& text);
+using platform::quotedField;
 
 } // namespace exchange

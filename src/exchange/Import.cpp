@@ -12,6 +12,7 @@
 #include "session/Texts.h"
 #include "structure/Records.h"
 #include "structure/Structure.h"
+#include "values/ValueCause.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -86,6 +87,7 @@ bool Import::isAgreed(TraceReader& file) const
 void Import::read(TraceReader& file, int newGrp) const
 {
     Progress progress(with_.structure, with_.op, file.lines());
+    const values::Causing causing(with_.session.cnDatabase, values::ValueCause::Imported);
     platform::Transaction transaction(with_.session.cnDatabase);
     ImportRows rows(with_.session.cnDatabase, newGrp);
     while (const auto line = file.next()) {

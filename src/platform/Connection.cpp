@@ -94,6 +94,7 @@ void Connection::Open(const QString& file, Access access)
             database->exec("PRAGMA journal_mode=DELETE;");
         addSqlFunctions(*database);
         database_ = std::move(database);
+        listen();
     } catch (const SQLite::Exception& exception) {
         failWithSql(exception, path_);
     }
@@ -105,8 +106,11 @@ bool Connection::Close()
         backup_->abandon();
     prepared_.clear();
     const bool inUse = database_ && sqlite3_next_stmt(database_->getHandle(), nullptr);
-    if (!inUse)
+    if (!inUse && database_) {
         database_.reset();
+        if (watcher_)
+            watcher_->closing();
+    }
     return !inUse;
 }
 
@@ -118,9 +122,14 @@ int Connection::State() const
 int Connection::Execute(const QString& sql)
 {
     SQLite::Database& engine = database();
+    if (watcher_)
+        watcher_->statementBegins();
     try {
-        return engine.exec(sql.toStdString());
+        const int changed = engine.exec(sql.toStdString());
+        settle(true);
+        return changed;
     } catch (const SQLite::Exception& exception) {
+        settle(false);
         failWithSql(exception, path_);
     }
 }

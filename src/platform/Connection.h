@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ChangeWatcher.h"
 #include "platform/Statement.h"
 
 #include <QCache>
@@ -62,8 +63,20 @@ public:
     // ended.
     void attend(OnlineBackup* backup) { backup_ = backup; }
 
+    // Who keeps account of the changes, now and after each opening; null for nobody.
+    void watch(ChangeWatcher* watcher);
+    // See Purpose: 0 when nobody has told; a number of its own for each job.
+    int purpose() const { return purpose_; }
+    qint64 job() const { return job_; }
+    bool inJob() const { return purposes_ > 0; }
+
 private:
+    friend class Purpose;
     friend class Statement;
+
+    void listen();
+    // Behind a statement.
+    void settle(bool done) noexcept;
 
     // The statement ready to run, in nobody else's hands.
     PreparedStatement prepare(const QString& sql) const;
@@ -75,6 +88,10 @@ private:
     // The statements that ran last, by their text. They go before the engine does.
     mutable QCache<QString, PreparedStatement> prepared_;
     OnlineBackup* backup_ = nullptr;
+    ChangeWatcher* watcher_ = nullptr;
+    int purpose_ = 0;
+    int purposes_ = 0; // one inside the other
+    qint64 job_ = 0;
 };
 
 // A transaction that rolls back on every way out unless it was committed.

@@ -39,6 +39,9 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     setObjectName("staMain");
     addPanel("COMSet", 264);
     addPanel("Info", 207, 1);
+    addPanel("History", 0);
+    widgets_["History"].frame->setProperty(kTag, {});
+    widgets_["History"].frame->hide();
     addPanel("User", 35);
     addPanel("Allarm", 290);
     addPanel("Caps", 208);
@@ -78,6 +81,7 @@ void MainStatusBar::relabel()
 {
     widgets_["Caps"].text->setText(texts_.own("panel.caps"));
     widgets_["Num"].text->setText(texts_.own("panel.num"));
+    widgets_["History"].text->setText(texts_.own("history.broken"));
     showLocks();
 }
 
@@ -127,6 +131,19 @@ void MainStatusBar::showUser(const Session& session)
     panel.picture->show();
     const QString shown = somebody ? session.CurrentUser.Name : texts_.own("panel.nobody");
     panel.text->setText(fontMetrics().elidedText(shown, Qt::ElideRight, kLongestName));
+}
+
+void MainStatusBar::showHistory(const QString& failure)
+{
+    const PanelWidget& panel = widgets_["History"];
+    panel.picture->setPixmap(
+        platform::icon("warning").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    panel.picture->show();
+    panel.text->setText(texts_.own("history.broken"));
+    panel.frame->setToolTip(failure);
+    panel.frame->setAccessibleName(texts_.own("history.broken"));
+    panel.frame->setAccessibleDescription(failure);
+    panel.frame->setVisible(!failure.isEmpty());
 }
 
 void MainStatusBar::showTime()

@@ -23,6 +23,8 @@ public:
     void relabel();
     // Who works with the open company; nothing without one.
     void showUser(const session::Session& session);
+    // Why no value history is kept; "" when it is.
+    void showHistory(const QString& failure);
 
 signals:
     void panelDoubleClicked(const QString& key);

@@ -42,6 +42,10 @@ MainToolbar::MainToolbar(const Session& session, const Texts& texts, const Comma
         }
         QAction* button = tagged(addAction(platform::icon(command.icon), command.key), command.key,
                                  QString::number(command.text));
+        if (!command.ownText.isEmpty()) {
+            button->setProperty(widgets::kTag, {});
+            button->setProperty(widgets::kOwnText, command.ownText);
+        }
         connect(button, &QAction::triggered, this, [this, key = command.key] { handlers_.run(key); });
         widgetForAction(button)->setObjectName(command.key);
     }

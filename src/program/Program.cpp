@@ -24,8 +24,8 @@ Program::Program(const Surroundings& surroundings)
       database_(with_.session, with_.texts, with_.op, structure_),
       safekeeping_({with_.session, with_.texts, with_.op, with_.clock, database_}),
       upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
-      safetyCopies_(with_.session, with_.clock), events_(with_.session, with_.op, with_.clock),
-      purge_(with_.session, with_.op, with_.clock),
+      safetyCopies_(with_.session, with_.clock), recorder_(with_.session, with_.clock),
+      events_(with_.session, with_.op, with_.clock), purge_(with_.session, with_.op, with_.clock),
       eventViewer_({with_.session, with_.texts, with_.op, with_.clock, printing_}),
       consoleModel_(with_.clock),
       bus_({with_.session, with_.texts, with_.port, with_.clock, with_.op, events_, panels_, consoleModel_}),
@@ -141,6 +141,33 @@ frmMain* Program::mainWindow() const
     return qobject_cast<frmMain*>(with_.op.form("frmMain"));
 }
 
+// Without a history nobody knows what a read has changed.
+void Program::showHistoryFailure()
+{
+    const bool kept = recorder_.failure().isEmpty();
+    consoleModel_.setShowChanges(kept ? [this] { showHistory(console_.chosenKey(), lastRead_); }
+                                      : std::function<void()>());
+    if (frmMain* window = mainWindow())
+        window->showHistory(recorder_.failure());
+}
+
+// "GRP1\INST11\States\Mode", as far as it is still there.
+QString Program::pathOf(const QString& key)
+{
+    if (key == structure::kRootKey)
+        return structure::kRootCaption;
+    const structure::TreeModel& tree = structure_.tree();
+    QStringList names;
+    for (QString above = key; above != structure::kRootKey && !above.isEmpty();
+         above = structure::parentKey(above)) {
+        const structure::ListItem* item = structure_.list().item(above);
+        names.prepend(tree.contains(above) ? tree.captionOf(above)
+                      : item               ? item->text
+                                           : structure::Extract_Key(above).IDPar);
+    }
+    return names.join('\\');
+}
+
 void Program::listen()
 {
     using structure::Structure;
@@ -162,6 +189,17 @@ void Program::listen()
     });
 
     connect(&database_, &database::Database::opened, &safetyCopies_, &database::SafetyCopies::companyOpened);
+    connect(&database_, &database::Database::opened, &recorder_, &history::Recorder::purge);
+    connect(&recorder_, &history::Recorder::failureChanged, this, &Program::showHistoryFailure);
+    connect(&recorder_, &history::Recorder::operationNoted, this,
+            [this](qint64 operation, values::ValueCause purpose, int values) {
+                if (purpose != values::ValueCause::Read)
+                    return;
+                lastRead_ = operation;
+                consoleModel_.setChangedValues(values);
+            });
+    bus_.setOnChecked([this](const values::CheckedValue& value) { recorder_.checked(value); });
+    showHistoryFailure();
     connect(&database_, &database::Database::reconnected, this, [this] {
         commands_.EnableDisable_TlbMainButtons(session::kNoSelection);
         commands_.EnableDisable_MainMenu(session::kNoSelection);
@@ -174,6 +212,8 @@ void Program::listen()
     connect(&database_, &database::Database::captionChanged, this, [this] {
         with_.op.unloadForm("frmFind");
         with_.op.unloadForm("frmPending");
+        with_.op.unloadForm("frmHistory");
+        with_.op.unloadForm("frmCompare");
     });
     connect(&database_, &database::Database::connectionLost, this, [this] { main_.companyLost(); });
 

@@ -17,6 +17,7 @@
 #include "exchange/Export.h"
 #include "exchange/Import.h"
 #include "exchange/PlantPrint.h"
+#include "history/Recorder.h"
 #include "platform/Forward.h"
 #include "platform/Machine.h"
 #include "platform/SingleInstance.h"
@@ -84,6 +85,11 @@ private:
     void registerCommands();
     void registerForms();
     void showBeside(const QString& form);
+    void showOver(const QString& form);
+    void showHistory(const QString& key, std::optional<qint64> operation = {});
+    void showHistoryFailure();
+    void showCompare(const QString& key);
+    QString pathOf(const QString& key);
     void listen();
     session::MainServices services();
     users::Login::Verbs loginVerbs();
@@ -99,6 +105,8 @@ private:
     database::Safekeeping safekeeping_;
     database::CompanyUpgrade upgrade_;
     database::SafetyCopies safetyCopies_;
+    history::Recorder recorder_;
+    std::optional<qint64> lastRead_; // the operation that the last read noted
     events::EventLog events_;
     events::LogPurge purge_;
     events::EventViewer eventViewer_;

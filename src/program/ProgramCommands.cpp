@@ -1,10 +1,15 @@
 // What each command runs.
 
+#include "history/frmCompare.h"
+#include "history/frmHistory.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
 #include "program/frmMain.h"
 #include "session/Session.h"
 #include "structure/frmListBus.h"
+
+#include <QApplication>
+#include <QDialog>
 
 namespace program {
 
@@ -59,12 +64,17 @@ void Program::registerCommands()
 
     handlers_.set("Property", [this] { property_.Property_Item(); });
     handlers_.set("PropertyNode", [this] { property_.Property_Node(); });
+    handlers_.set("History", [this] { showHistory(structure_.selectedItem()); });
+    handlers_.set("HistoryNode", [this] { showHistory(structure_.selectedNode()); });
+    handlers_.set("Compare", [this] { showCompare(structure_.selectedItem()); });
+    handlers_.set("CompareNode", [this] { showCompare(structure_.selectedNode()); });
     handlers_.set("ReadWrite", [this] { console_.ReadWrite_Item(); });
     handlers_.set("ReadWriteNode", [this] { console_.ReadWrite_Node(); });
     handlers_.set("Export", [this] { export_.Export_Item(); });
     handlers_.set("Import", [this] { import_.Import_Item(); });
     handlers_.set("Print", [this] { print_.Print_Item(); });
     handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
+    handlers_.set("LineTrace", [this] { showOver("frmTrace"); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");
@@ -76,6 +86,44 @@ void Program::showBeside(const QString& form)
 {
     with_.op.showForm(form);
     with_.op.form(form)->activateWindow();
+}
+
+// The same when it is called up inside a dialog: there it takes the keys, and it goes back to the main window
+// when the dialog ends.
+void Program::showOver(const QString& form)
+{
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    QWidget* open = with_.op.form(form);
+    if (open && dialog && dialog != open->parentWidget())
+        open->setParent(dialog, open->windowFlags());
+    showBeside(form);
+    if (!dialog)
+        return;
+    connect(dialog, &QDialog::finished, with_.op.form(form), [this, dialog, form] {
+        QWidget* window = with_.op.form(form);
+        if (window->parentWidget() != dialog)
+            return;
+        const bool shown = window->isVisible();
+        window->setParent(mainWindow(), window->windowFlags());
+        window->setVisible(shown);
+    });
+}
+
+void Program::showHistory(const QString& key, std::optional<qint64> operation)
+{
+    if (key.isEmpty())
+        return;
+    showOver("frmHistory");
+    qobject_cast<history::frmHistory*>(with_.op.form("frmHistory"))->open(key, operation);
+}
+
+void Program::showCompare(const QString& key)
+{
+    const int level = key.isEmpty() ? 0 : structure::Extract_Level(key);
+    if (level < structure::kGroup || level > structure::kParamGroup)
+        return;
+    showBeside("frmCompare");
+    qobject_cast<history::frmCompare*>(with_.op.form("frmCompare"))->open(key);
 }
 
 } // namespace program

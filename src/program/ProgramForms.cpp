@@ -1,5 +1,6 @@
 // How each window is made, on its first showing.
 
+#include "bus/frmTrace.h"
 #include "console/frmReadWrite.h"
 #include "database/Database.h"
 #include "database/frmConnection.h"
@@ -16,18 +17,24 @@
 #include "events/frmEventViewer.h"
 #include "events/frmReadLogFiles.h"
 #include "exchange/frmPrinters.h"
+#include "history/frmCompare.h"
+#include "history/frmHistory.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
+#include "program/TraceValues.h"
 #include "program/frmMain.h"
 #include "program/frmPresentation.h"
 #include "property/frmProperty.h"
 #include "property/frmPropertyCopy.h"
+#include "structure/Jump.h"
 #include "structure/frmFind.h"
 #include "structure/frmListBus.h"
 #include "structure/frmPending.h"
 #include "structure/frmTreeBus.h"
 #include "users/frmLogInOut.h"
 #include "users/frmUsers.h"
+
+#include <QShortcut>
 
 namespace program {
 
@@ -48,8 +55,11 @@ void Program::registerForms()
             {session, texts, op, [this](const QString& command) { handlers_.run(command); }, propertyCopy_});
     });
     with_.op.registerForm("frmReadWrite", [&, this] {
-        return new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_},
-                                         console_.chosenKey());
+        auto* window = new console::frmReadWrite({session, texts, op, console_, consoleModel_, panels_},
+                                                 console_.chosenKey());
+        connect(new QShortcut(QKeySequence("Ctrl+Shift+T"), window), &QShortcut::activated, this,
+                [this] { handlers_.run("LineTrace"); });
+        return window;
     });
     with_.op.registerForm("frmLogInOut",
                           [&, this] { return new users::frmLogInOut(session, texts, op, login_); });
@@ -79,6 +89,24 @@ void Program::registerForms()
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
     with_.op.registerForm("frmPending",
                           [&, this] { return new structure::frmPending(structure_, session, texts, op); });
+    with_.op.registerForm("frmHistory", [&, this] {
+        return new history::frmHistory(
+            {session, texts, op, clock,
+             [this](const QString& key) { return structure::jumpTo(structure_, key); },
+             [this](const QString& key, const std::optional<QString>& value) {
+                 property_.openWith(key, value);
+             },
+             [this](const QString& key) { return pathOf(key); }});
+    });
+    with_.op.registerForm("frmCompare", [&, this] {
+        return new history::frmCompare(
+            {session, texts, op, printing_,
+             [this](const QString& key) { return structure::jumpTo(structure_, key); },
+             [this](const QString& key) { return pathOf(key); },
+             [page = session.CodePage](const QString& file) { return valuesOfTrace(file, page); }});
+    });
+    with_.op.registerForm("frmTrace",
+                          [&, this] { return new bus::frmTrace(session, texts, op, bus_.trace()); });
     with_.op.registerForm("frmEventViewer", [&, this] {
         return new events::frmEventViewer(
             {session, texts, op, [this](const QString& command) { handlers_.run(command); }, eventViewer_});
@@ -105,6 +133,7 @@ QWidget* Program::makeMainWindow()
     connect(&states_, &structure::PlantStates::stepTold, window->listBus(), &structure::frmListBus::tellStep);
     connect(window, &frmMain::closed, this, &Program::left);
     connect(window, &frmMain::languageChanged, this, [this] { bus_.relabel(); });
+    window->showHistory(recorder_.failure());
     return window;
 }
 

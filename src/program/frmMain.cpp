@@ -132,6 +132,11 @@ void frmMain::showCaption()
     staMain_->showUser(with_.session);
 }
 
+void frmMain::showHistory(const QString& failure)
+{
+    staMain_->showHistory(failure);
+}
+
 // Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.
 void frmMain::focusPlant()
 {

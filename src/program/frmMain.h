@@ -46,6 +46,7 @@ public:
     void focusPlant();
     // Company and operator, in the caption and in the status bar.
     void showCaption();
+    void showHistory(const QString& failure);
 
 signals:
     void closed();

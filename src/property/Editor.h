@@ -65,6 +65,8 @@ public:
     virtual void arrange(bool editable) = 0;
     // The operator comes to the drop-down list.
     virtual void enterList() {}
+    // Puts a stored value into the fields as if it had been typed; false where there is none to put it in.
+    virtual bool take(const std::optional<QString>&) { return false; }
     // Checks what was entered and writes it; true when it is in the company.
     virtual bool update() = 0;
 

@@ -7,6 +7,7 @@
 #include "structure/Image.h"
 #include "structure/Structure.h"
 #include "values/Display.h"
+#include "values/ValueCause.h"
 
 namespace property {
 
@@ -54,6 +55,15 @@ void ParameterEditor::enterList()
         value_->enterList();
 }
 
+bool ParameterEditor::take(const std::optional<QString>& value)
+{
+    if (!value_ || !with_.element.Enable)
+        return false;
+    if (const std::optional<platform::RuntimeError> unshown = value_->fill(value))
+        throw *unshown;
+    return true;
+}
+
 bool ParameterEditor::update()
 {
     if (!value_)
@@ -68,6 +78,7 @@ bool ParameterEditor::update()
            SET [Value] = %1, State = 1
            WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4));)");
     const structure::KeyParts& ids = with_.element.ids;
+    const values::Causing causing(with_.session.cnDatabase, values::ValueCause::Edited);
     write(kStatement.arg(value->stored ? Compose_SqlText(*value->stored) : QStringLiteral("NULL"), ids.IDGrp,
                          ids.IDInst, Compose_SqlText(ids.IDPar)));
     showChanged(value->stored);

@@ -14,6 +14,7 @@ public:
     std::optional<platform::RuntimeError> fill(platform::Recordset& rows) override;
     void arrange(bool editable) override;
     void enterList() override;
+    bool take(const std::optional<QString>& value) override;
     bool update() override;
 
 private:

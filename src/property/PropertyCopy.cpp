@@ -10,6 +10,7 @@
 #include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
+#include "values/ValueCause.h"
 
 #include <QStringBuilder>
 #include <algorithm>
@@ -178,6 +179,7 @@ void PropertyCopy::Copy_Value()
             ~ListFollows() { structure.reloadList(); }
         } follows{structure_};
         const platform::BusyPointer busy(operator_);
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Copied);
         platform::Transaction transaction(session_.cnDatabase);
         try {
             copyCheckedBlocks();

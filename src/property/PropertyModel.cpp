@@ -83,6 +83,13 @@ void PropertyModel::open(const QString& key)
     operator_.showFormModal(QStringLiteral("frmProperty"));
 }
 
+void PropertyModel::openWith(const QString& key, const std::optional<QString>& value)
+{
+    taken_.emplace(value);
+    open(key);
+    taken_.reset();
+}
+
 void PropertyModel::load()
 {
     guarded("frmProperty.Load", [&] {
@@ -90,9 +97,10 @@ void PropertyModel::load()
         element_.ids = structure::Extract_Key(element_.key);
         editor_ = makeEditor(tools_);
         FillControls_Item();
+        const bool taken = takeOver();
         EnableDisable_Controls();
-        controls_.cmdApply.enabled = false;
-        Dirty_ = false;
+        controls_.cmdApply.enabled = taken;
+        Dirty_ = taken;
         emit changed();
     });
 }
@@ -126,6 +134,13 @@ void PropertyModel::FillControls_Item()
         if (unshown)
             throw *unshown;
     });
+}
+
+bool PropertyModel::takeOver()
+{
+    if (!taken_ || !filled_ || !session::rightOf(session_.CurrentUser.Modify))
+        return false;
+    return guarded("frmProperty/Take_Over", [&] { return editor_->take(*taken_); });
 }
 
 void PropertyModel::EnableDisable_Controls()

@@ -28,6 +28,9 @@ public:
     void Property_Node();
     // The same on any element.
     void open(const QString& key);
+    // The same on a parameter, with a value of old in its field. Nothing is written before the operator says
+    // so.
+    void openWith(const QString& key, const std::optional<QString>& value);
 
     // Loads the element that it was opened on; the window calls it before it appears.
     void load();
@@ -83,6 +86,7 @@ private:
     void forget();
     void FillControls_Item();
     void EnableDisable_Controls();
+    bool takeOver();
     bool isAccepted(const NumberField& field);
     void refuse(const QString& message, const char* field = nullptr);
     Control* fieldNamed(const QString& name);
@@ -99,7 +103,8 @@ private:
     EditorTools tools_;
     std::unique_ptr<Editor> editor_;
     bool Dirty_ = false;
-    bool filled_ = false; // the fields hold what the company does
+    bool filled_ = false;                         // the fields hold what the company does
+    std::optional<std::optional<QString>> taken_; // waits for the window; the inner none is NULL
     bool acting_ = false; // a gesture is being carried out; behind its box no other one is
     QString SavedText_;
 };

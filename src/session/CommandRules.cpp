@@ -74,7 +74,7 @@ EnabledStates toolbar(int level, const Rights& rights, bool treeVisible)
 {
     static const std::vector<Rule> kTable{
         // level:                             -2 -1 0 1 2
-        {"Tree View Refresh Property Enter", "DEEEE"},
+        {"Tree View Refresh Property History Enter", "DEEEE"},
         {"Expand Collapse", "DTTTT"},
         {"Settings", "EEEEE"},
         {"EventViewer", "DVVVV"},
@@ -91,7 +91,7 @@ EnabledStates listMenus(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
         // level:                                         -1 0 1 2
-        {"mnuRefresh mnuProperty mnuSettings mnuAllarms", "EEEE"},
+        {"mnuRefresh mnuProperty mnuHistory mnuSettings mnuAllarms", "EEEE"},
         {"mnuUsers", "AAAA"},
         {"mnuUpgradeDb", "UUUU"},
         {"mnuReset mnuImport", "MMMM"},
@@ -99,6 +99,7 @@ EnabledStates listMenus(int level, const Rights& rights)
         {"mnuNew mnuDelete mnuCut mnuCopy mnuPaste", "DMMD"},
         {"mnuResync", "MMMD"},
         {"mnuReadWrite", "DRRR"},
+        {"mnuCompare", "DEEED"},
     };
     return evaluate(kTable, -1, level, rights);
 }
@@ -109,7 +110,7 @@ EnabledStates treeMenus(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
         // level:                             -1 0 1 2 3
-        {"mnuRefresh mnuProperty mnuSettings", "EEEEE"},
+        {"mnuRefresh mnuProperty mnuHistory mnuSettings", "EEEEE"},
         {"mnuUsers", "AAAAA"},
         {"mnuUpgradeDb", "UUUUU"},
         {"mnuReset mnuImport", "MMMMM"},
@@ -118,6 +119,7 @@ EnabledStates treeMenus(int level, const Rights& rights)
         {"mnuDelete mnuCut mnuCopy", "DDMMD"},
         {"mnuResync", "MMMMD"},
         {"mnuReadWrite", "DDRRR"},
+        {"mnuCompare", "DDEEE"},
     };
     return isTreeLevel(level) ? evaluate(kTable, kNoSelection, level, rights) : EnabledStates{};
 }
@@ -126,12 +128,13 @@ EnabledStates treePopup(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
         // level:                       -1 0 1 2 3
-        {"mnuBusRefresh mnuBusProperty", "EEEEE"},
+        {"mnuBusRefresh mnuBusProperty mnuBusHistory", "EEEEE"},
         {"mnuBusNew mnuBusPaste", "DMMDD"},
         {"mnuBusDelete mnuBusCut mnuBusCopy", "DDMMD"},
         {"mnuBusResync", "MMMMD"},
         {"mnuBusReset", "MMMMM"},
         {"mnuBusReadWrite", "DDRRR"},
+        {"mnuBusCompare", "DDEEE"},
     };
     return isTreeLevel(level) ? evaluate(kTable, kNoSelection, level, rights) : EnabledStates{};
 }
@@ -140,11 +143,12 @@ EnabledStates listPopup(int level, const Rights& rights)
 {
     static const std::vector<Rule> kTable{
         // level:                        -1 0 1 2
-        {"mnuBusRefresh mnuBusProperty", "EEEE"},
+        {"mnuBusRefresh mnuBusProperty mnuBusHistory", "EEEE"},
         {"mnuBusNew mnuBusDelete mnuBusCut mnuBusCopy mnuBusPaste", "DMMD"},
         {"mnuBusResync", "MMMD"},
         {"mnuBusReset", "MMMM"},
         {"mnuBusReadWrite", "DRRR"},
+        {"mnuBusCompare", "DEEED"},
     };
     return evaluate(kTable, -1, level, rights);
 }
@@ -165,6 +169,7 @@ bool permits(const QString& command, const Rights& rights)
         {"Filter", &Rights::loggedIn},     {"Find", &Rights::loggedIn},
         {"Pending", &Rights::loggedIn},    {"Export", &Rights::loggedIn},
         {"Print", &Rights::loggedIn},      {"BackupDb", &Rights::loggedIn},
+        {"History", &Rights::loggedIn},    {"Compare", &Rights::loggedIn},
     };
     const auto need = kNeeds.find(name);
     return need == kNeeds.end() || rights.*need->second;

@@ -58,6 +58,8 @@ void CommandStates::DisableMainMenu()
     for (const QString& name : rules::menusWithoutCompany())
         left[name] = true;
     left["mnuEnter"] = awaitsLogin();
+    // The line is there with no company, too; one that waits for its operator shows nothing of itself.
+    left["mnuLineTrace"] = !awaitsLogin();
     apply(treeMenus_, left);
     apply(listMenus_, left);
 }

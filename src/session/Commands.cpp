@@ -25,6 +25,7 @@ const std::vector<ToolbarCommand>& toolbarCommands()
         {"Resync", 177, "resync"},
         {"Reset", 178, "reset", true},
         {"Property", 179, "property", true},
+        {"History", 0, "history", false, "history.title"},
         {"ReadWrite", 181, "read-write", true},
         {"SepTool", 0, {}, true},
         {"EventViewer", 180, "event-viewer", true},
@@ -52,6 +53,10 @@ std::vector<MenuEntry> itemCommands(Place place, const QString& prefix, bool wit
     const auto entry = [&](const QString& name, int text, const QString& command, const QString& key) {
         return MenuEntry{prefix + name, text, command, {}, {}, false, {}, withKeys ? key : QString()};
     };
+    const auto ownEntry = [&](const QString& name, const QString& text, const QString& key) {
+        return MenuEntry{prefix + name, 0,    twin(place, name),         {}, {},
+                         false,         text, withKeys ? key : QString()};
+    };
     return {
         entry("New", 117, twin(place, "New"), {}),
         entry("Delete", 118, twin(place, "Delete"), {}),
@@ -66,6 +71,8 @@ std::vector<MenuEntry> itemCommands(Place place, const QString& prefix, bool wit
         kSeparator,
         entry("ReadWrite", 125, twin(place, "ReadWrite"), {}),
         entry("Property", 124, twin(place, "Property"), {}),
+        ownEntry("History", "menu.history", "Ctrl+H"),
+        ownEntry("Compare", "menu.compare", "Ctrl+Shift+C"),
     };
 }
 
@@ -145,7 +152,8 @@ std::vector<MenuEntry> menuBar(Place place)
             {"mnuRestoreDb", 138, "RestoreDb"},
             {"mnuUpgradeDb", 139, "UpgradeDb"}}},
           kSeparator,
-          {"mnuEventViewer", 140, "EventViewer"}}},
+          {"mnuEventViewer", 140, "EventViewer"},
+          own("mnuLineTrace", "menu.trace", "LineTrace", "Ctrl+Shift+T")}},
         {"mnuHelp", 0, {}, {{"mnuAbout", 141, "About"}}, "&?"},
     };
 }

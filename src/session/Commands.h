@@ -15,6 +15,7 @@ struct ToolbarCommand
     int text = 0;
     QString icon = {}; // name in the icon resources
     bool inReducedView = false;
+    QString ownText = {}; // name of the tool tip among the own texts, for one without an offset
 
     bool isSeparator() const { return icon.isEmpty(); }
 };

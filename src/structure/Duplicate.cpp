@@ -10,6 +10,7 @@
 #include "structure/Records.h"
 #include "structure/Structure.h"
 #include "structure/UpdateProgress.h"
+#include "values/ValueCause.h"
 
 namespace structure {
 
@@ -27,6 +28,7 @@ bool Duplicator::Duplicate_Item(Kind kind, const QString& srcIDGrp, const QStrin
                                 const QString& targetIDGrp)
 {
     return guarded("Module/Duplicate_Item", [&] {
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Pasted);
         return kind == kOfGroup ? duplicateGroup(srcIDGrp)
                                 : duplicateInstrument(srcIDGrp, srcIDInst, targetIDGrp);
     });

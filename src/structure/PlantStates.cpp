@@ -11,6 +11,7 @@
 #include "structure/ParamGroupNodes.h"
 #include "structure/Structure.h"
 #include "structure/UpdateProgress.h"
+#include "values/ValueCause.h"
 
 #include <QStringBuilder>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -102,6 +103,7 @@ bool PlantStates::Synchronize_Item(const QString& key)
 {
     added_ = 0;
     return guarded("Module/Synchronize_Item", [&] {
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Synchronised);
         added_ = synchronizeAll(key);
         return true;
     });
@@ -179,7 +181,10 @@ void PlantStates::reset(const QString& key)
 {
     if (key.isEmpty() || !mayModify() || !confirmed(512))
         return;
-    const bool done = Restore_Item(session_, operator_, key);
+    const bool done = [&] {
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Reset);
+        return Restore_Item(session_, operator_, key);
+    }();
     structure_.reloadList();
     if (done)
         tellDone();

@@ -7,6 +7,7 @@
 #include "session/Session.h"
 #include "structure/NodeKey.h"
 #include "structure/UpdateProgress.h"
+#include "values/ValueCause.h"
 
 #include <QStringBuilder>
 #include <limits>
@@ -76,6 +77,7 @@ bool Records::Add_Record_Db(int level, const QString& IDGrp, const QString& IDIn
 {
     return guarded("Module/Add_Record_Db", [&] {
         UpdateProgress progress(structure_, operator_);
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Created);
         Transaction transaction(session_.cnDatabase);
         if (level == kGroup)
             addGroup(IDGrp, Name, Description, PhoneOrAddress, progress);
@@ -138,6 +140,7 @@ bool Records::Remove_Record_Db(const QString& key)
     return guarded("Module/Remove_Record_Db", [&] {
         const KeyParts ids = Extract_Key(key);
         UpdateProgress progress(structure_, operator_);
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Deleted);
         Transaction transaction(session_.cnDatabase);
         // The rows above go before those that refer to them; only the whole must be in order.
         run(QStringLiteral("PRAGMA defer_foreign_keys=ON;"));

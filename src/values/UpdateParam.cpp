@@ -3,6 +3,7 @@
 #include "platform/Guard.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
+#include "values/ValueCause.h"
 
 namespace values {
 
@@ -14,6 +15,7 @@ bool Update_Param(session::Session& session, int IDGrp, int IDInst, const QStrin
             R"(UPDATE tbParametersUser
                SET [Value] = %1, State = 0
                WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4));)");
+        const Causing causing(session.cnDatabase, ValueCause::Read);
         session.cnDatabase.Execute(kStatement.arg(session::composeTextOrNull(Value), QString::number(IDGrp),
                                                   QString::number(IDInst), session::Compose_SqlText(IDPar)));
         return true;

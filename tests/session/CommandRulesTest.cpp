@@ -58,7 +58,7 @@ int namesIn(const std::vector<Row>& rows)
 }
 
 const std::vector<Row> kToolbar{
-    {"Tree View Refresh Property Enter", "DEEEEEE"},
+    {"Tree View Refresh Property History Enter", "DEEEEEE"},
     {"Expand Collapse", "DEEEEEE"},
     {"Settings", "EEEEEEE"},
     {"EventViewer", "DVVVVVV"},
@@ -69,7 +69,8 @@ const std::vector<Row> kToolbar{
     {"ReadWrite", "DDRRRRR"},
 };
 const std::vector<Row> kListMenus{
-    {"mnuRefresh mnuProperty mnuSettings mnuAllarms", "EEEEEE"},
+    {"mnuRefresh mnuProperty mnuHistory mnuSettings mnuAllarms", "EEEEEE"},
+    {"mnuCompare", "DEEEDD"},
     {"mnuUsers", "AAAAAA"},
     {"mnuUpgradeDb", "UUUUUU"},
     {"mnuReset mnuImport", "MMMMMM"},
@@ -79,7 +80,8 @@ const std::vector<Row> kListMenus{
     {"mnuReadWrite", "DRRRRR"},
 };
 const std::vector<Row> kTreeMenus{
-    {"mnuRefresh mnuProperty mnuSettings", "EEEEE"},
+    {"mnuRefresh mnuProperty mnuHistory mnuSettings", "EEEEE"},
+    {"mnuCompare", "DDEEE"},
     {"mnuUsers", "AAAAA"},
     {"mnuUpgradeDb", "UUUUU"},
     {"mnuReset mnuImport", "MMMMM"},
@@ -90,7 +92,8 @@ const std::vector<Row> kTreeMenus{
     {"mnuReadWrite", "DDRRR"},
 };
 const std::vector<Row> kTreePopup{
-    {"mnuBusRefresh mnuBusProperty", "EEEEE"},
+    {"mnuBusRefresh mnuBusProperty mnuBusHistory", "EEEEE"},
+    {"mnuBusCompare", "DDEEE"},
     {"mnuBusNew mnuBusPaste", "DMMDD"},
     {"mnuBusDelete mnuBusCut mnuBusCopy", "DDMMD"},
     {"mnuBusResync", "MMMMD"},
@@ -98,7 +101,8 @@ const std::vector<Row> kTreePopup{
     {"mnuBusReadWrite", "DDRRR"},
 };
 const std::vector<Row> kListPopup{
-    {"mnuBusRefresh mnuBusProperty", "EEEEEE"},
+    {"mnuBusRefresh mnuBusProperty mnuBusHistory", "EEEEEE"},
+    {"mnuBusCompare", "DEEEDD"},
     {"mnuBusNew mnuBusDelete mnuBusCut mnuBusCopy mnuBusPaste", "DMMDDD"},
     {"mnuBusResync", "MMMDDD"},
     {"mnuBusReset", "MMMMMM"},
@@ -219,7 +223,10 @@ TEST(CommandRules, ACommandIsPermittedByItsRightAlone)
         {"EventViewer", "V"},
         {"UpgradeDb", "U"},
         {"Users", "A"},
-        {"Property PropertyNode Refresh Parent View Filter Find Pending Export Print BackupDb", "L"},
+        {"Property PropertyNode Refresh Parent View Filter Find Pending Export Print BackupDb History "
+         "HistoryNode "
+         "Compare CompareNode",
+         "L"},
         {"NewDb OpenDb CloseDb RestoreDb Settings Enter About Exit Tree LargeIcon TlbReduced Allarms", "-"},
     };
     for (const char right : std::string("-AMRUVL")) {
