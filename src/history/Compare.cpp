@@ -66,12 +66,12 @@ QString conditionOf(const KeyParts& ids)
 std::vector<SideValue> readValues(CompanyReader& company, const QString& statement)
 {
     std::vector<SideValue> values;
-    company.eachRow(statement, [&](SQLite::Statement& row) {
+    company.eachRow(statement, [&](const platform::Statement& row) {
         SideValue value;
-        value.IDInst = row.getColumn(0).getInt();
+        value.IDInst = int(row.integer(0));
         value.IDParGrp = bytesOf(row, 1);
         value.IDPar = bytesOf(row, 2);
-        if (!row.isColumnNull(3))
+        if (row.kind(3) != platform::Statement::Kind::Null)
             value.value = bytesOf(row, 3);
         values.push_back(std::move(value));
     });
@@ -134,7 +134,7 @@ QString nameOf(CompanyReader& company, const KeyParts& ids)
                       u"INNER JOIN tbGroupsUser ON tbInstrumentsUser.IDGrp = tbGroupsUser.IDGrp WHERE "
                       u"((tbInstrumentsUser.IDGrp = " %
                       ids.IDGrp % u") AND (IDInst = " % ids.IDInst % u"));");
-    company.eachRow(statement, [&](SQLite::Statement& row) { name = textOf(row, 0); });
+    company.eachRow(statement, [&](const platform::Statement& row) { name = textOf(row, 0); });
     return name;
 }
 
@@ -306,7 +306,7 @@ std::vector<Comparable> comparableWith(const QString& company, const QString& ke
     const QString statement =
         ids.IDInst.isEmpty() ? kGroups.arg(ids.IDGrp) : kInstruments.arg(ids.IDGrp, ids.IDInst);
     std::vector<Comparable> elements;
-    CompanyReader(company).eachRow(statement, [&](SQLite::Statement& row) {
+    CompanyReader(company).eachRow(statement, [&](const platform::Statement& row) {
         const QString IDGrp = textOf(row, 0), IDInst = textOf(row, 1);
         elements.push_back(
             {IDInst.isEmpty() ? structure::groupKey(IDGrp) : structure::instrumentKey(IDGrp, IDInst),

@@ -69,9 +69,10 @@ QString statementOf(const PageRequest& request)
     return kStatement.arg(conditionOf(request)).arg(HistoryPage::kMostNotes + 1);
 }
 
-std::optional<int> numberOrNull(SQLite::Statement& row, int column)
+std::optional<int> numberOrNull(const platform::Statement& row, int column)
 {
-    return row.isColumnNull(column) ? std::nullopt : std::optional(row.getColumn(column).getInt());
+    return row.kind(column) == platform::Statement::Kind::Null ? std::nullopt
+                                                               : std::optional(int(row.integer(column)));
 }
 
 // What a note's ids are called in the company as it is now. What is not there any more bears its id.
@@ -83,7 +84,7 @@ public:
     {
     }
 
-    void fill(ShownNote& note, SQLite::Statement& row)
+    void fill(ShownNote& note, const platform::Statement& row)
     {
         const QString IDGrp = textOf(row, 3), IDInst = textOf(row, 4), IDPar = textOf(row, 5),
                       IDParGrp = textOf(row, 6);
@@ -121,17 +122,17 @@ private:
     structure::PlantNames names_;
 };
 
-ShownNote noteOf(SQLite::Statement& row)
+ShownNote noteOf(const platform::Statement& row)
 {
     ShownNote note;
-    note.number = row.getColumn(0).getInt64();
-    note.operation = row.getColumn(1).getInt64();
-    note.time = row.getColumn(2).getInt64();
+    note.number = row.integer(0);
+    note.operation = row.integer(1);
+    note.time = row.integer(2);
     note.oldValue = textOrNull(row, 7);
     note.newValue = textOrNull(row, 8);
     note.oldState = numberOrNull(row, 9);
     note.newState = numberOrNull(row, 10);
-    note.cause = values::ValueCause(row.getColumn(11).getInt());
+    note.cause = values::ValueCause(int(row.integer(11)));
     note.operatorName = textOf(row, 12);
     return note;
 }
@@ -148,7 +149,7 @@ void read(HistoryPage& page, const PageRequest& request, const structure::StopFl
     if (!QFileInfo::exists(historyFileOf(request.company)))
         return;
     CompanyReader notes(historyFileOf(request.company));
-    notes.eachRow(statementOf(request), [&](SQLite::Statement& row) {
+    notes.eachRow(statementOf(request), [&](const platform::Statement& row) {
         if (stop)
             return;
         if (int(page.notes.size()) == HistoryPage::kMostNotes) {

@@ -41,7 +41,6 @@ struct Picture
     bus::ParTrasm parTrasm;
     bool operating = false;   // an operation has its records open
     bool transaction = false; // in the company's file
-    bool recordsOpen = false; // the session's own work
     bool companyOpen = true;
     int company = 0;    // which
     int raisedFor = -1; // the company and the group that the line was raised for

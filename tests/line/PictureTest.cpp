@@ -99,7 +99,6 @@ const Break kBreaks[] = {
     {"ALockedLine", idle, [](Picture& p) { p.status = session::kBusy; }, "no row of the table"},
     {"APortThatIsGone", idle, [](Picture& p) { p.portOpen = false; }, "port and status"},
     {"ATransaction", idle, [](Picture& p) { p.transaction = true; }, "transaction"},
-    {"TheSessionsRecords", idle, [](Picture& p) { p.recordsOpen = true; }, "session's records"},
     {"ABoxInABox", idle, [](Picture& p) { p.failureBoxes = 2; }, "inside the telling"},
     {"RecordsWithoutAPass", idle, [](Picture& p) { p.operating = true; }, "no pass owns"},
     {"APassWithoutRecords", reading, [](Picture& p) { p.operating = p.progressVisible = false; },

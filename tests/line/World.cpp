@@ -350,7 +350,6 @@ Picture World::picture() const
     picture.operating = machine.bus.isOperating();
     picture.companyOpen = company_ != 0;
     picture.transaction = picture.companyOpen && session.cnDatabase.inTransaction();
-    picture.recordsOpen = session.rsWork.State() == platform::Recordset::Opened;
     picture.company = company_;
     picture.raisedFor = raisedFor_;
     picture.raisedForGroup = raisedForGroup_;
