@@ -10,9 +10,7 @@
 
 #include "platform/ScriptedOperator.h"
 #include "structure/Structure.h"
-#include "widgets/Look.h"
 
-#include <QApplication>
 #include <QTextStream>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <algorithm>
@@ -170,22 +168,11 @@ void measureAllLoads(const structure::TreeModel& tree, Plant& plant, const Shell
     measureLoads(plant, shell, QStringLiteral("parameter group"), paramGroups);
 }
 
-// What the offscreen platform can't do is no news.
-void showFailures(QtMsgType type, const QMessageLogContext&, const QString& message)
-{
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        QTextStream(stderr) << message << '\n';
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    qInstallMessageHandler(showFailures);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    widgets::applyLook(application);
+    const OffscreenApplication application(argc, argv);
     if (argc != 2) {
         QTextStream(stderr) << "usage: calidora-side-by-side <company file>\n";
         return 2;

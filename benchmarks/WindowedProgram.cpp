@@ -2,11 +2,37 @@
 
 #include "platform/Guard.h"
 #include "session/Configuration.h"
+#include "widgets/Look.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QTextStream>
+
+namespace {
+
+// What the offscreen platform can't do is no news.
+void showFailures(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        QTextStream(stderr) << message << '\n';
+}
+
+int& prepared(int& argc)
+{
+    qInstallMessageHandler(showFailures);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return argc;
+}
+
+} // namespace
+
+OffscreenApplication::OffscreenApplication(int& argc, char** argv) : QApplication(prepared(argc), argv)
+{
+    setQuitOnLastWindowClosed(false);
+    widgets::applyLook(*this);
+}
 
 WindowedProgram::WindowedProgram(const QString& company)
     : folder_(QFileInfo(company).absolutePath()), name_(QFileInfo(company).fileName())

@@ -8,16 +8,30 @@
 #include "session/Session.h"
 #include "session/Texts.h"
 
+#include <QApplication>
 #include <QTemporaryDir>
 
 class QWidget;
 
-// The desktop of a company without operators: its administrator logs in without the window.
+// The application of a benchmark: nobody sees its windows, which have the program's look, and it tells of
+// nothing but failures.
+class OffscreenApplication : public QApplication
+{
+public:
+    OffscreenApplication(int& argc, char** argv);
+};
+
+// The desktop of a company without operators: its administrator logs in without the window, and every
+// question is answered with No.
 class BenchmarkDesktop : public platform::DesktopOperator
 {
 public:
     using DesktopOperator::DesktopOperator;
 
+    int messageBox(const QString&, platform::Buttons, platform::Icon, const QString&) override
+    {
+        return platform::answers::kNo;
+    }
     void showFormModal(const QString& name) override
     {
         if (name == QLatin1String("frmLogInOut"))

@@ -11,7 +11,7 @@ source scripts/common.sh
 need "${build_packages[@]}" "${run_packages[@]}"
 cmake -S . -B "$build_folder" -G Ninja -DCALIDORA_BENCHMARKS=ON >/dev/null
 build calidora calidora-catalogue calidora-instrument calidora-generate-company calidora-side-by-side \
-  calidora-find-side-by-side calidora-plant-side-by-side calidora-copy-side-by-side calidora-exchange-side-by-side \
+  calidora-operators calidora-find-side-by-side calidora-plant-side-by-side calidora-copy-side-by-side calidora-exchange-side-by-side \
   calidora-history-side-by-side calidora-events-side-by-side calidora-benchmarks
 
 company=$build_folder/benchmarks/Large.mdb
@@ -22,6 +22,7 @@ fi
 
 say "side by side; load of the machine: $(cut -d' ' -f1-3 /proc/loadavg) on $(nproc) processors"
 "$build_folder/benchmarks/calidora-side-by-side" "$company"
+"$build_folder/benchmarks/calidora-operators" "$company"
 "$build_folder/benchmarks/calidora-find-side-by-side" "$company"
 "$build_folder/benchmarks/calidora-plant-side-by-side" "$company"
 "$build_folder/benchmarks/calidora-copy-side-by-side" "$company"

@@ -223,6 +223,8 @@ QWidget* frmSettings::makePort()
         showDevice();
     });
     auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(0, 6, 0, 0);
+    buttons->setSpacing(8);
     buttons->addWidget(cmdReset);
     buttons->addWidget(cmdTest);
     buttons->addStretch();

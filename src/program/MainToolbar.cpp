@@ -51,7 +51,7 @@ MainToolbar::MainToolbar(const Session& session, const Texts& texts, const Comma
     }
     makeViewMenu();
     mnuTlb_ = MenuSet::makeMenu({"mnuTlb", 0, {}, popupToolbar()}, this, handlers);
-    connect(&states, &CommandStates::changed, this, &MainToolbar::refresh);
+    connect(&states, &CommandStates::buttonsChanged, this, &MainToolbar::refresh);
     refresh();
 }
 

@@ -45,7 +45,10 @@ MenuSet::MenuSet(Place place, QWidget* form, const CommandHandlers& handlers, Co
         bar_ << makeMenu(menu, form, handlers);
     mnuBus_ = makeMenu({"mnuBus", 0, {}, popupBus(place)}, form, handlers);
     mnuBus_->setDefaultAction(mnuBus_->findChild<QAction*>("mnuBusProperty"));
-    connect(&states, &CommandStates::changed, this, &MenuSet::refresh);
+    connect(&states, &CommandStates::menusChanged, this, [this](Place changed) {
+        if (changed == place_)
+            refresh();
+    });
     refresh();
 }
 

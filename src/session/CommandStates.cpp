@@ -3,6 +3,8 @@
 #include "session/Level.h"
 #include "session/Session.h"
 
+#include <utility>
+
 namespace session {
 
 namespace {
@@ -32,6 +34,17 @@ int viewOfMark(const QString& name)
     return -1;
 }
 
+// Whether that changed anything. What no rule has named yet is enabled.
+bool apply(EnabledStates& states, const EnabledStates& rule)
+{
+    bool changed = false;
+    for (const auto& [name, enabled] : rule) {
+        bool& state = states.try_emplace(name, true).first->second;
+        changed |= std::exchange(state, enabled) != enabled;
+    }
+    return changed;
+}
+
 } // namespace
 
 CommandStates::CommandStates(Session& session) : session_(session) {}
@@ -42,13 +55,14 @@ void CommandStates::EnableDisable_TlbMainButtons(int level)
         rules::toolbar(awaitsLogin() ? kNoCompany : level, rights(), session_.TreeBusSet.Visible != 0);
     if (awaitsLogin())
         buttons["Enter"] = true;
-    apply(buttons_, buttons);
+    applyToButtons(buttons);
 }
 
 void CommandStates::EnableDisable_StructureButtons(bool flag)
 {
     const bool enabled = flag && !awaitsLogin();
-    apply(buttons_, {{"Expand", enabled}, {"Collapse", enabled}});
+    applyToButtons({{"Expand", enabled}, {"Collapse", enabled}});
+    refreshMarks(); // whether the tree is shown is one
 }
 
 void CommandStates::DisableMainMenu()
@@ -60,8 +74,8 @@ void CommandStates::DisableMainMenu()
     left["mnuEnter"] = awaitsLogin();
     // The line is there with no company, too; one that waits for its operator shows nothing of itself.
     left["mnuLineTrace"] = !awaitsLogin();
-    apply(treeMenus_, left);
-    apply(listMenus_, left);
+    applyToMenus(Place::Tree, left);
+    applyToMenus(Place::List, left);
 }
 
 void CommandStates::Enable_MainMenu()
@@ -73,7 +87,7 @@ void CommandStates::Enable_MainMenu()
 void CommandStates::EnableDisable_MainMenu(int level)
 {
     if (!awaitsLogin())
-        apply(listMenus_, rules::listMenus(level, rights()));
+        applyToMenus(Place::List, rules::listMenus(level, rights()));
 }
 
 void CommandStates::EnableDisable_Menu(Place place, int level)
@@ -81,7 +95,7 @@ void CommandStates::EnableDisable_Menu(Place place, int level)
     if (awaitsLogin())
         return;
     if (place == Place::Tree)
-        apply(treeMenus_, rules::treeMenus(level, rights()));
+        applyToMenus(Place::Tree, rules::treeMenus(level, rights()));
     else
         EnableDisable_MainMenu(level);
 }
@@ -92,19 +106,26 @@ void CommandStates::EnableDisable_PopupMenu(Place place, int level)
         place == Place::Tree ? rules::treePopup(level, rights()) : rules::listPopup(level, rights());
     for (auto& [name, enabled] : popup)
         enabled = enabled && !awaitsLogin();
-    apply(place == Place::Tree ? treePopup_ : listPopup_, popup);
+    applyToPopup(place, popup);
 }
 
 void CommandStates::Set_View_Toolbar(int view)
 {
     session_.ToolbarSet.View = qint16(view);
-    emit changed();
+    refreshMarks();
 }
 
 void CommandStates::Set_Form_Icons(int icons)
 {
     session_.ToolbarSet.Icons = qint16(icons);
-    emit changed();
+    refreshMarks();
+}
+
+void CommandStates::refreshMarks()
+{
+    emit buttonsChanged();
+    emit menusChanged(Place::Tree);
+    emit menusChanged(Place::List);
 }
 
 bool CommandStates::markable(const QString& name) const
@@ -139,11 +160,22 @@ bool CommandStates::stateOf(const EnabledStates& states, const QString& name)
     return found == states.end() || found->second;
 }
 
-void CommandStates::apply(EnabledStates& states, const EnabledStates& rule)
+void CommandStates::applyToButtons(const EnabledStates& rule)
 {
-    for (const auto& [name, enabled] : rule)
-        states[name] = enabled;
-    emit changed();
+    if (apply(buttons_, rule))
+        emit buttonsChanged();
+}
+
+void CommandStates::applyToMenus(Place place, const EnabledStates& rule)
+{
+    if (apply(menusOf(place), rule))
+        emit menusChanged(place);
+}
+
+void CommandStates::applyToPopup(Place place, const EnabledStates& rule)
+{
+    if (apply(popupsOf(place), rule))
+        emit menusChanged(place);
 }
 
 void CommandStates::setAllMenus(bool enabled)
@@ -154,7 +186,7 @@ void CommandStates::setAllMenus(bool enabled)
         EnabledStates all;
         for (const QString& name : names)
             all[name] = enabled;
-        apply(place == Place::Tree ? treeMenus_ : listMenus_, all);
+        applyToMenus(place, all);
     }
 }
 

@@ -31,7 +31,7 @@ public:
     // 0 small icons, else large ones.
     void Set_Form_Icons(int icons);
     // The marks follow the session: view of the list, visible tree, look of the toolbar.
-    void refreshMarks() { emit changed(); }
+    void refreshMarks();
 
     bool buttonEnabled(const QString& key) const { return stateOf(buttons_, key); }
     bool menuEnabled(Place place, const QString& name) const { return stateOf(menusOf(place), name); }
@@ -41,16 +41,22 @@ public:
     bool marked(const QString& name) const;
 
 signals:
-    void changed();
+    // What the windows show of them is no longer so: states or marks.
+    void buttonsChanged();
+    void menusChanged(session::Place place);
 
 private:
     static bool stateOf(const EnabledStates& states, const QString& name);
     const EnabledStates& menusOf(Place place) const { return place == Place::Tree ? treeMenus_ : listMenus_; }
+    EnabledStates& menusOf(Place place) { return place == Place::Tree ? treeMenus_ : listMenus_; }
     const EnabledStates& popupsOf(Place place) const
     {
         return place == Place::Tree ? treePopup_ : listPopup_;
     }
-    void apply(EnabledStates& states, const EnabledStates& rule);
+    EnabledStates& popupsOf(Place place) { return place == Place::Tree ? treePopup_ : listPopup_; }
+    void applyToButtons(const EnabledStates& rule);
+    void applyToMenus(Place place, const EnabledStates& rule);
+    void applyToPopup(Place place, const EnabledStates& rule);
     void setAllMenus(bool enabled);
     Rights rights() const;
     // A company is open and nobody works with it: only the login is left of what needs one.

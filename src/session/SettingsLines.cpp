@@ -6,6 +6,7 @@
 #include "session/Session.h"
 
 #include <QDir>
+#include <QStringBuilder>
 #include <algorithm>
 #include <functional>
 #include <limits>
@@ -157,7 +158,7 @@ QStringList settingsLines(const Session& session)
     for (const Section& section : layout()) {
         lines << section.header;
         for (const Key& key : section.keys)
-            lines << QLatin1String(key.name) + QLatin1Char('=') + key.text(session);
+            lines << QLatin1String(key.name) % QLatin1Char('=') % key.text(session);
     }
     return lines;
 }

@@ -209,7 +209,7 @@ QWidget* frmUsers::makeFields()
     grid->setContentsMargins({});
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(7);
-    grid->setColumnStretch(2, 1);
+    grid->setColumnStretch(1, 1);
     int row = 0;
     for (const TextOfUser& text : kTexts) {
         const FieldWords& words = kWords[row];
@@ -217,14 +217,19 @@ QWidget* frmUsers::makeFields()
             text.control, text.limit,
             text.capitals ? TextField::Filter(values::filterTextKey) : TextField::Filter(), fields);
         tagged(field, text.control, QString::number(words.tip));
-        field->setFixedWidth(text.limit > 20 ? kLongField : kShortField);
+        // A long one ends where the frame of the rights does, whose words are longer in some languages.
+        const bool isLong = text.limit > 20;
+        if (isLong)
+            field->setMinimumWidth(kLongField);
+        else
+            field->setFixedWidth(kShortField);
         connect(
             field, &TextField::changed, this,
             [this, column = QString(text.column)](const QString& typed) { editor_.setText(column, typed); });
         auto* label = tagged(new QLabel("-", fields), words.label, QString::number(words.text));
         label->setBuddy(field);
         grid->addWidget(label, row, 0);
-        grid->addWidget(field, row, 1, Qt::AlignLeft);
+        grid->addWidget(field, row, 1, isLong ? Qt::Alignment() : Qt::AlignLeft);
         fields_[text.column] = field;
         ++row;
     }

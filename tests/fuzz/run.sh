@@ -13,6 +13,8 @@ cmake --build "$build" --target fuzzers -j"${CALIDORA_JOBS:-2}"
 # Each target keeps a company file of its own; in memory it is not the disk that is measured.
 [ -d /dev/shm ] && export TMPDIR=/dev/shm
 export QT_QPA_PLATFORM=offscreen
+# Where a piece of memory came from is asked for when a finding is replayed, not at each of a million inputs.
+export ASAN_OPTIONS="malloc_context_size=0:quarantine_size_mb=16${ASAN_OPTIONS:+:$ASAN_OPTIONS}"
 for seeds in "$source"/tests/fuzz/corpus/*/; do
   target=$(basename "$seeds")
   found=$build/corpus/$target

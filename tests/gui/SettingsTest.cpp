@@ -157,6 +157,7 @@ TEST_F(SettingsWindow, ThePortIsChosenResetAndTested)
         QTest::mouseClick(push(dialog, "cmdReset"), Qt::LeftButton);
         EXPECT_EQ(ports->currentText(), "COM1");
         EXPECT_EQ(list(dialog, "cbxSpeed")->currentText(), "2400");
+        EXPECT_GE(push(dialog, "cmdTest")->x() - push(dialog, "cmdReset")->geometry().right(), 8);
         picture(dialog, "settings-port");
     });
 }

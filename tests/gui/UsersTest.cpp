@@ -201,6 +201,12 @@ TEST_F(Users, SpeaksEveryLanguageAndClipsNothing)
             EXPECT_EQ(dialog.findChild<QListWidget*>("lbxState")->item(1)->text(), texts(99));
             EXPECT_EQ(dialog.findChild<QAction*>("mnuNew")->text(), texts(89));
             nothingIsClipped(dialog);
+            const auto rightEdge = [&](const char* name) {
+                const auto* part = dialog.findChild<QWidget*>(name);
+                return part->mapTo(&dialog, part->rect().topRight()).x();
+            };
+            EXPECT_EQ(rightEdge("txtUser"), rightEdge("fraRights"));
+            EXPECT_EQ(rightEdge("txtEMail"), rightEdge("fraRights"));
             picture(dialog, "users");
         });
     }
