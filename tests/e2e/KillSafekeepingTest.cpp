@@ -1,24 +1,21 @@
 // A process that is killed while it replaces a company's file: the company is whole each time, and the
 // program's next start opens it.
 #include "database/CompanyCheck.h"
+#include "e2e/KilledProcess.h"
 #include "support/CompanyFixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <iostream>
-#include <random>
 #include <set>
-#include <thread>
 
 using namespace support;
 
 namespace {
 
-constexpr int kPatienceMs = 60000;
 constexpr int kMostLines = 120;
 constexpr int kMostMicroseconds = 4000;
 
@@ -31,35 +28,10 @@ int killsWanted()
 class KillSafekeeping : public CompanyFixture, public testing::WithParamInterface<const char*>
 {
 protected:
-    KillSafekeeping()
-    {
-        const QByteArray given = qgetenv("CALIDORA_SEED");
-        seed_ = given.isEmpty() ? std::random_device()() : given.toUInt();
-        random_.seed(seed_);
-        std::cout << "seed " << seed_ << " (CALIDORA_SEED repeats it)\n";
-    }
-
-    int draw(int first, int last) { return std::uniform_int_distribution<int>(first, last)(random_); }
-
-    // What the keeper told until it was killed, some microseconds behind a line drawn by lot.
     QStringList workAndKill(const QString& folder)
     {
-        QProcess keeper;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", folder);
-        keeper.setProcessEnvironment(environment);
-        keeper.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        keeper.start(QStringLiteral(CALIDORA_KEEPER), {GetParam()});
-        const int enough = draw(3, kMostLines);
-        QByteArray told;
-        while (told.count('\n') < enough && keeper.waitForReadyRead(kPatienceMs))
-            told += keeper.readAll();
-        std::this_thread::sleep_for(std::chrono::microseconds(draw(0, kMostMicroseconds)));
-        keeper.kill();
-        keeper.waitForFinished(kPatienceMs);
-        EXPECT_EQ(keeper.exitStatus(), QProcess::CrashExit) << "it ended before it could be killed";
-        told += keeper.readAll();
-        return QString::fromUtf8(told).split('\n', Qt::SkipEmptyParts);
+        return process_.run(QStringLiteral(CALIDORA_KEEPER), {GetParam()}, folder,
+                            {3, kMostLines, kMostMicroseconds});
     }
 
     // The program opens it, and nothing but the change under way is open to doubt.
@@ -84,8 +56,7 @@ protected:
     }
 
 private:
-    unsigned seed_ = 0;
-    std::mt19937 random_;
+    KilledProcess process_;
 };
 
 TEST_P(KillSafekeeping, LeavesEveryFileWhole)

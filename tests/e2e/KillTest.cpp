@@ -1,23 +1,20 @@
+#include "e2e/KilledProcess.h"
 #include "support/CompanyFixture.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <iostream>
 #include <map>
-#include <random>
 #include <set>
-#include <thread>
 
 using namespace support;
 
 namespace {
 
 constexpr int kKills = 25;
-constexpr int kPatienceMs = 60000;
 constexpr int kMostLines = 250;
 constexpr int kMostMicroseconds = 3000;
 constexpr int kLogLineSize = 378 + 1; // with its end
@@ -114,37 +111,11 @@ private:
 class KillTest : public CompanyFixture
 {
 protected:
-    KillTest()
-    {
-        const QByteArray given = qgetenv("CALIDORA_SEED");
-        seed_ = given.isEmpty() ? std::random_device()() : given.toUInt();
-        random_.seed(seed_);
-        std::cout << "seed " << seed_ << " (CALIDORA_SEED repeats it)\n";
-    }
-
-    // What the worker told until it was killed, somewhere behind a line drawn by lot and some microseconds
-    // later, so that any instruction may be its last.
     QStringList workAndKill(const QString& folder)
     {
-        QProcess worker;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", folder);
-        worker.setProcessEnvironment(environment);
-        worker.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        worker.start(QStringLiteral(CALIDORA_WORKER), QStringList());
-        const int enough = draw(5, kMostLines);
-        QByteArray told;
-        while (told.count('\n') < enough && worker.waitForReadyRead(kPatienceMs))
-            told += worker.readAll();
-        std::this_thread::sleep_for(std::chrono::microseconds(draw(0, kMostMicroseconds)));
-        worker.kill();
-        worker.waitForFinished(kPatienceMs);
-        EXPECT_EQ(worker.exitStatus(), QProcess::CrashExit) << "it ended before it could be killed";
-        told += worker.readAll();
-        return QString::fromUtf8(told).split('\n', Qt::SkipEmptyParts);
+        return process_.run(QStringLiteral(CALIDORA_WORKER), QStringList(), folder,
+                            {5, kMostLines, kMostMicroseconds});
     }
-
-    int draw(int first, int last) { return std::uniform_int_distribution<int>(first, last)(random_); }
 
     // The program opens the file, and with it takes back what was begun and not completed.
     void expectOpens(const QString& company)
@@ -204,8 +175,7 @@ protected:
     }
 
 private:
-    unsigned seed_ = 0;
-    std::mt19937 random_;
+    KilledProcess process_;
 };
 
 TEST_F(KillTest, EveryCompletedStepIsInTheCompany)
