@@ -5,15 +5,29 @@
 #include "platform/Words.h"
 
 #include <cstring>
+#ifdef Q_OS_LINUX
+#include <sys/mman.h>
+#endif
 
 namespace events {
 
 namespace {
 
-constexpr qsizetype kBlockBytes = 1 << 22;
+constexpr qsizetype kBlockBytes = 1 << 24;
 constexpr int kOutOfMemory = 7;
 // Some files of two gigabytes; what goes beyond would take the machine's memory from the line.
 constexpr std::size_t kMostEvents = 20'000'000;
+
+// A block is filled from its begin to its end: fetched in large pages it costs a fraction of the time.
+void fetchInLargePages([[maybe_unused]] char* block)
+{
+#ifdef Q_OS_LINUX
+    constexpr quintptr kLargePage = 1 << 21;
+    const quintptr begin = (quintptr(block) + kLargePage - 1) / kLargePage * kLargePage;
+    const quintptr end = (quintptr(block) + kBlockBytes) / kLargePage * kLargePage;
+    ::madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+#endif
+}
 
 int shownType(int type)
 {
@@ -55,6 +69,7 @@ char* EventStore::room(qsizetype bytes)
 {
     if (left_ < bytes) {
         blocks_.emplace_back(new char[kBlockBytes]);
+        fetchInLargePages(blocks_.back().get());
         left_ = kBlockBytes;
     }
     char* place = blocks_.back().get() + kBlockBytes - left_;

@@ -169,7 +169,7 @@ TEST_F(SafekeepingWindows, ACopyOfALargeCompanyShowsHowFarItIs)
                 auto* prgCopy = form->findChild<QProgressBar*>("prgCopy");
                 QObject::connect(prgCopy, &QProgressBar::valueChanged, [&, form](int value) {
                     shown = value;
-                    if (value == 66)
+                    if (value / 10 == 5)
                         picture(*form, "frmCopy");
                 });
             }
