@@ -100,7 +100,10 @@ void NoteFile::prepare()
     if (version > kVersion)
         platform::failInWords(platform::errors::kDatabase, "history.newer",
                               {QDir::toNativeSeparators(file_)});
-    database_.exec("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;");
+    // A note is small: little pages keep small what a commit writes beside the company's own.
+    if (version < kVersion)
+        database_.exec("PRAGMA page_size=1024;");
+    database_.exec("PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL; PRAGMA wal_autocheckpoint=4000;");
     if (version < kVersion)
         database_.exec(kSchema);
     addOperation_.emplace(database_, "INSERT INTO tbOperation (Time, Operator) VALUES (?, ?);");

@@ -364,7 +364,8 @@ TEST_F(HistoryWindow, SpeaksEveryLanguage)
     plant().clickNode("3_1_1_G01");
     for (const char* value : {"5", "7.5", "7", "20", "18.5"})
         edit("P0101", value);
-    open("4_1_1_G01_P0101");
+    plant().pressItem("4_1_1_G01_P0101");
+    button("History")->trigger();
     EXPECT_EQ(part<QLabel>("lblElement")->text(), "GRP1\\INST11\\Measures\\EN T1");
     EXPECT_TRUE(QTest::qWaitFor([&] { return cell(0, 4) == "18.5 °C"; }));
     picture(*form(), "history");

@@ -1,11 +1,11 @@
 #include "bus/widgets/TraceView.h"
 
 #include "bus/TraceModel.h"
+#include "widgets/ImageDelegate.h"
 
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 
 namespace bus {
 
@@ -41,20 +41,15 @@ Ink inkOf(TraceKind kind)
     return {"#1B2A38", "#E6EDF3"};
 }
 
-class KindDelegate : public QStyledItemDelegate
+class KindDelegate : public widgets::ImageDelegate
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * kRowPadding);
-    }
+    explicit KindDelegate(QObject* parent) : ImageDelegate(parent) { setRowPadding(kRowPadding); }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::initStyleOption(option, index);
+        ImageDelegate::initStyleOption(option, index);
         const Ink ink = inkOf(TraceKind(index.data(TraceModel::KindRole).toInt()));
         const bool dark = option->palette.color(QPalette::Base).lightness() < kDarkGround;
         option->palette.setColor(QPalette::Text, QColor(dark ? ink.onDark : ink.onLight));
