@@ -31,6 +31,8 @@ public:
     bool Set_COMPort() { return port_.Set_COMPort(); }
     bool Open_COMConnection() { return port_.Open_COMConnection(); }
     bool Close_COMConnection() { return port_.Close_COMConnection(); }
+    // A port that went, or would not open, is tried again without a word.
+    void tryLostPort() { port_.tryLost(); }
     // Stores COMPort.Status and sets the console's commands.
     void EnableDisable_RWMenu(session::LineStatus status) { line_.EnableDisable_RWMenu(status); }
 
@@ -68,6 +70,8 @@ public:
     // Called when a report has come in and waits for acknowledgement.
     std::function<void()> onAlarms;
 
+    // An instrument has called in and the line is its.
+    bool isCallTaken() const { return call_.isTaken(); }
     ActionCode actionCode() const { return line_.code; }
     bool bankRead() const { return transfer_.bankRead(); }
     const QByteArray& received() const { return line_.strReceive; }

@@ -4,6 +4,7 @@
 #include "program/Program.h"
 #include "program/frmMain.h"
 #include "session/Session.h"
+#include "session/Texts.h"
 #include "structure/frmListBus.h"
 
 namespace program {
@@ -65,6 +66,10 @@ void Program::registerCommands()
     handlers_.set("Import", [this] { import_.Import_Item(); });
     handlers_.set("Print", [this] { print_.Print_Item(); });
     handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
+    for (int row = 1; with_.texts.common(row) != QLatin1String("End_Language"); ++row)
+        handlers_.set(QStringLiteral("Language") + with_.texts.common(row).left(2),
+                      [this, row] { chooseLanguage(with_.texts.common(row)); });
+    handlers_.set("Port", [this] { reopenPort(); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");

@@ -5,6 +5,7 @@
 #include "session/Forward.h"
 
 #include <QMainWindow>
+#include <functional>
 
 class QSplitter;
 class QStackedWidget;
@@ -14,6 +15,7 @@ class StatusPanels;
 }
 namespace structure {
 class PlantDrag;
+class PlantMarks;
 class Structure;
 class frmListBus;
 class frmTreeBus;
@@ -43,6 +45,8 @@ public:
         session::CommandStates& commands;
         structure::PlantDrag& drag;
         session::Main& main;
+        structure::PlantMarks& marks;
+        std::function<QString()> connectedPlant;
     };
 
     explicit frmMain(const Surroundings& surroundings);

@@ -3,6 +3,7 @@
 #include "platform/Forward.h"
 #include "platform/RuntimeError.h"
 #include "property/Controls.h"
+#include "property/Details.h"
 #include "property/Element.h"
 #include "session/Forward.h"
 #include "structure/Forward.h"
@@ -65,6 +66,8 @@ public:
     virtual void arrange(bool editable) = 0;
     // The operator comes to the drop-down list.
     virtual void enterList() {}
+    // What is told beside the controls, from what stands in them now.
+    virtual void tell(Details&) const {}
     // Checks what was entered and writes it; true when it is in the company.
     virtual bool update() = 0;
 

@@ -14,12 +14,15 @@ public:
     std::optional<platform::RuntimeError> fill(platform::Recordset& rows) override;
     void arrange(bool editable) override;
     void enterList() override;
+    void tell(Details& details) const override;
     bool update() override;
 
 private:
+    void keepEqual() const;
     void showChanged(const std::optional<QString>& value) const;
 
     bool found_ = false;                 // in the catalogue
+    QString standard_;                   // its default there, as lists show it
     std::unique_ptr<ValueEditor> value_; // none for an unknown kind
 };
 

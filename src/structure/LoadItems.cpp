@@ -9,6 +9,7 @@
 #include "structure/Image.h"
 #include "values/Display.h"
 
+#include <QSet>
 #include <optional>
 
 namespace structure {
@@ -47,6 +48,7 @@ public:
 
     void expect(int items) { items_.reserve(std::size_t(items)); }
     void add(ListItem item) { items_.push_back(std::move(item)); }
+    ListItem& last() { return items_.back(); }
 
 private:
     ListModel& list_;
@@ -132,6 +134,19 @@ ListItem parameterItem(const Recordset& row, const QString& shown)
             imageOfState(row.number(kState))};
 }
 
+// The parameters of a group that can't be written, by the catalogue.
+QSet<QString> readOnlyOf(const QString& IDParGrp, const platform::Connection& company)
+{
+    Recordset rows;
+    rows.Open(QStringLiteral("SELECT mID FROM tbParam WHERE ((mKeyParGroup = %1) AND (Coalesce(mEnable, 0) = 0));")
+                  .arg(Compose_SqlText(IDParGrp)),
+              company);
+    QSet<QString> ids;
+    for (; !rows.Eof(); rows.MoveNext())
+        ids << rows.text(QStringLiteral("mID"));
+    return ids;
+}
+
 } // namespace
 
 void Structure::Load_Items_ListBus(const QString& key)
@@ -153,6 +168,8 @@ void Structure::Load_Items_ListBus(const QString& key)
 void Structure::fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice)
 {
     selectItem({});
+    list_.clear();
+    list_.sortByColumn(-1, true); // what is loaded stands in the order of the company
     Filling filling(list_);
     Set_ColName_ListBus(level);
     std::optional<platform::Snapshot> snapshot;
@@ -169,6 +186,8 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
             return {};
         }
     };
+    const QSet<QString> readOnly =
+        level == kParamGroup ? readOnlyOf(ids.IDParGrp, session_.cnDatabase) : QSet<QString>();
     // The text of the row before stands until a row gives one of its own.
     QString shown;
     filling.expect(rows.RecordCount());
@@ -187,6 +206,8 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
             shown = values::displayValue(rows.optionalText(kValue), rows.text(kKeyType), rows.text(kPrec),
                                          rows.optionalText(kUnit), choice, shown);
             filling.add(parameterItem(rows, shown));
+            if (readOnly.contains(rows.text(kIDPar)))
+                filling.last().marks = kReadOnly;
         }
     }
 }

@@ -1,10 +1,7 @@
 #pragma once
 
-#include <QString>
+#include "platform/Operator.h"
 
-namespace platform {
-class Operator;
-}
 namespace session {
 struct Session;
 class Texts;
@@ -39,7 +36,7 @@ private:
     int synchronizeAll(const QString& key);
     int synchronizeInstrument(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
     bool mayModify() const;
-    bool confirmed(int question);
+    bool confirmed(platform::Question question);
     void tellDone(const QString& more = {});
 
     session::Session& session_;
