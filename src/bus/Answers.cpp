@@ -9,6 +9,7 @@
 #include "platform/Guard.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
+#include "structure/NodeKey.h"
 #include "values/Coding.h"
 #include "values/RecordCoding.h"
 #include "values/StringValue.h"
@@ -26,6 +27,7 @@ bool Transfer::takeAnswer()
     if (!requested_ || line_.strReceive.size() <= number("mSize"))
         return false;
     line_.strReceive.truncate(number("mSize"));
+    line_.console.answerCame();
     tellDoubt();
     return true;
 }
@@ -45,14 +47,18 @@ void Transfer::receiveValue()
 {
     if (!takeAnswer())
         return;
+    const int failuresBefore = platform::failuresReported();
     if (BankRead_) {
         Extract_Param();
     } else {
         const QString value = decode(line_.strReceive, rsWork_);
         log(line_.texts(session::rows::kParameterValue) + QLatin1Char(' ') + value);
-        values::Update_Param(line_.session, rsWork_.number("IDGrp"), rsWork_.number("IDInst"),
-                             rsWork_.text("IDPar"), value);
+        if (values::Update_Param(line_.session, rsWork_.number("IDGrp"), rsWork_.number("IDInst"),
+                                 rsWork_.text("IDPar"), value))
+            tellSeen(value);
     }
+    if (platform::failuresReported() == failuresBefore)
+        line_.console.recordDone();
     line_.strReceive.clear();
     line_.tmrAction.start(intervals::kFrame);
 }
@@ -66,15 +72,33 @@ void Transfer::receiveCheck()
     const QVariant wanted = rsWork_["Value"];
     const bool equal = wanted.isNull() ? value.isEmpty() : value == wanted.toString();
     // An answer that nobody could read confirms nothing.
-    const bool confirmed = equal && platform::failuresReported() == failuresBefore;
+    const bool readable = platform::failuresReported() == failuresBefore;
+    const bool confirmed = equal && readable;
     log(line_.texts(confirmed ? 13 : 545));
     if (line_.onChecked)
         line_.onChecked({rsWork_.number("IDGrp"), rsWork_.number("IDInst"), rsWork_.text("IDPar"),
                          rsWork_.text("IDParGrp"), rsWork_.optionalText("Value"), confirmed});
-    if (!confirmed)
-        line_.console.checkFailed(rsWork_.text("DesInst"), rsWork_.text("DesParGrp"), rsWork_.text("DesPar"));
+    if (readable)
+        tellSeen(value);
+    if (confirmed)
+        line_.console.recordDone();
+    else
+        tellFailedCheck(readable ? std::make_optional(value) : std::nullopt);
     line_.strReceive.clear();
     line_.tmrAction.start(intervals::kFrame);
+}
+
+void Transfer::tellSeen(const QString& value)
+{
+    line_.console.valueSeen(rsWork_.number("IDGrp"), rsWork_.number("IDInst"), rsWork_.text("IDPar"), value);
+}
+
+void Transfer::tellFailedCheck(const std::optional<QString>& found)
+{
+    line_.console.checkFailed({rsWork_.text("DesInst"), rsWork_.text("DesParGrp"), rsWork_.text("DesPar"),
+                               structure::parameterKey(rsWork_.text("IDGrp"), rsWork_.text("IDInst"),
+                                                       rsWork_.text("IDParGrp"), rsWork_.text("IDPar")),
+                               rsWork_.optionalText("Value"), found});
 }
 
 void Transfer::receiveOldByte()
@@ -150,6 +174,8 @@ bool Transfer::store(const std::vector<BankValue>& values)
             return false;
     }
     transaction.commit();
+    for (const BankValue& one : values)
+        line_.console.valueSeen(one.IDGrp, one.IDInst, one.IDPar, one.value);
     return true;
 }
 

@@ -32,6 +32,8 @@ public:
     bool Open_COMConnection() { return port_.Open_COMConnection(); }
     // What the line does ends first.
     bool Close_COMConnection();
+    // A port that went, or would not open, is tried again without a word.
+    void tryLostPort() { port_.tryLost(); }
     // Stores COMPort.Status and sets the console's commands.
     void EnableDisable_RWMenu(session::LineStatus status) { line_.EnableDisable_RWMenu(status); }
 
@@ -77,6 +79,8 @@ public:
     // All that went over the line.
     const LineTrace& trace() const { return line_.trace; }
 
+    // An instrument has called in and the line is its.
+    bool isCallTaken() const { return call_.isTaken(); }
     ActionCode actionCode() const { return line_.code; }
     bool bankRead() const { return transfer_.bankRead(); }
     const QByteArray& received() const { return line_.strReceive; }

@@ -37,14 +37,33 @@ bool ComPort::Open_COMConnection()
         } catch (const RuntimeError& error) {
             return failedToOpen(error);
         }
-        line_.staMain.setPicture(Panel::COMSet, images::kPortOpen);
-        line_.setStatus(session::kLineIdle);
+        opened();
         return true;
     });
 }
 
+void ComPort::opened()
+{
+    lost_ = false;
+    line_.staMain.setPicture(Panel::COMSet, images::kPortOpen);
+    line_.setStatus(session::kLineIdle);
+}
+
+void ComPort::tryLost()
+{
+    if (!lost_ || line_.comCalidora.PortOpen())
+        return;
+    try {
+        line_.comCalidora.setPortOpen(true);
+        opened();
+    } catch (const RuntimeError&) {
+        // It is still gone, as the caller says.
+    }
+}
+
 bool ComPort::failedToOpen(const RuntimeError& error)
 {
+    lost_ = true;
     line_.setStatus(session::kPortClosed);
     line_.staMain.setPicture(Panel::COMSet, images::kPortClosed);
     const bool missing = error.number == errors::kPortNumberInvalid;

@@ -137,6 +137,7 @@ void Bus::portVanished(const platform::RuntimeError& error)
         line_.staMain.setText(Panel::Info, {});
         line_.staMain.setPicture(Panel::COMSet, images::kPortClosed);
         line_.setStatus(session::kPortClosed);
+        port_.lost();
         if (alarms)
             call_.announce();
         throw error;

@@ -82,6 +82,8 @@ private:
     // Receiving
     bool takeAnswer();
     void tellDoubt();
+    void tellSeen(const QString& value);
+    void tellFailedCheck(const std::optional<QString>& found);
     QString decode(const QByteArray& raw, const platform::Recordset& record) const;
     void Extract_Param();
     // Decodes the image's parameters up to the first that fails, whose failure comes back.

@@ -14,7 +14,12 @@
 #include "session/Session.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
+#include "structure/Holdings.h"
+#include "structure/Jump.h"
+#include "structure/ShownValue.h"
 #include "structure/Structure.h"
+
+#include <utility>
 
 namespace console {
 
@@ -50,8 +55,14 @@ Console::Console(const Surroundings& with)
       structure_(with.structure), events_(with.events), bus_(with.bus), model_(with.model)
 {
     events_.onLine = [this](const QString& when, const QString& description) {
-        model_.addLine(when, description);
+        const bool error = description == texts_(545);
+        model_.addLine(when, description, error ? int(events::kError) : events_.typeOfLine());
     };
+    QObject::connect(&model_, &ConsoleModel::valueWasSeen, &model_,
+                     [this](int, int, const QString& IDPar, const QString& value) { annotate(IDPar, value); });
+    QObject::connect(&model_, &ConsoleModel::checkHasFailed, &model_, [this] {
+        model_.log().annotateLast(failedCheckWords(model_.failedChecks().constLast()));
+    });
 }
 
 void Console::work(const char* procedure, const std::function<void()>& command)
@@ -78,6 +89,7 @@ void Console::openOn(const QString& key, const char* procedure)
     guarded(procedure, [&] {
         if (!session::rightOf(session_.CurrentUser.ReadWrite))
             return;
+        bus_.tryLostPort();
         const session::LineStatus status = session_.COMPort.Status;
         if (status == session::kPortClosed || status == session::kBusy)
             return refuse(texts_(status == session::kPortClosed ? 569 : 571) + kLineBreak + texts_(568));
@@ -116,7 +128,7 @@ void Console::unload()
         bus_.parTrasm().Simulator = model_.simulatorPressed();
         model_.forgetConcerns();
         if (!structure_.selectedNode().isEmpty())
-            structure_.Load_Items_ListBus(structure_.selectedNode());
+            structure_.reloadList();
     });
 }
 
@@ -128,6 +140,7 @@ bool Console::mayClose() const
 void Console::Connect()
 {
     work("frmReadWrite/Connect", [&] {
+        bus_.tryLostPort();
         const session::LineStatus status = session_.COMPort.Status;
         if (status == session::kConnected || status == session::kBusy)
             return sayConnected();
@@ -201,11 +214,78 @@ QByteArray Console::Search_AliveParGrp(int IDGrp)
     });
 }
 
+Situation Console::situation()
+{
+    using bus::ActionCode;
+    const ActionCode code = bus_.actionCode();
+    Situation now;
+    now.group = group_;
+    now.phone = phone_;
+    now.otherGroup = lineIsElsewhere() ? bus_.parTrasm().Name : QString();
+    now.portClosed = session_.COMPort.Status == session::kPortClosed;
+    now.callComesIn = bus_.isCallTaken();
+    now.closing = code == ActionCode::SimulatorClosing || code == ActionCode::HangingUp;
+    return now;
+}
+
+bool Console::lineIsElsewhere() const
+{
+    return session_.COMPort.Status == session::kConnected && item_.IDGrp != bus_.parTrasm().IDGrp;
+}
+
+int Console::unwritten()
+{
+    try {
+        return key_.isEmpty() ? 0 : structure::holdingsOf(session_, key_).changed;
+    } catch (const RuntimeError&) {
+        return 0; // what is read next fails in its own name
+    }
+}
+
+void Console::tellReplaced()
+{
+    const int replaced = std::exchange(unwrittenBefore_, 0) - unwritten();
+    if (replaced <= 0)
+        return;
+    QString when = clock_.now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
+    events_.Add_Event_ReadWrite(when, texts_.own(QStringLiteral("console.replaced.after")).arg(replaced));
+    model_.log().setTypeOfLast(events::kWarning);
+}
+
+// The end of a connection empties its record, while the button keeps the operator's choice.
+void Console::keepSimulator()
+{
+    if (model_.isOpen() && session_.COMPort.Status == session::kLineIdle)
+        bus_.parTrasm().Simulator = model_.simulatorPressed();
+}
+
+// Beside the number of a choice its words.
+void Console::annotate(const QString& IDPar, const QString& value)
+{
+    if (!model_.isOpen() || model_.log().lastDescription() != texts_(543) + kBlank + value)
+        return;
+    if (const QString words = structure::choiceWords(session_, IDPar, value); !words.isEmpty())
+        model_.log().annotateLast(QLatin1Char('(') + words + QLatin1Char(')'));
+}
+
+QString Console::failedCheckWords(const ConsoleModel::Failed& failed) const
+{
+    const QString IDPar = structure::Extract_Key(failed.check.key).IDPar;
+    const QString found = failed.check.found ? structure::shownValue(session_, IDPar, failed.check.found)
+                                             : texts_.own(QStringLiteral("write.failed.unread"));
+    return texts_.own(QStringLiteral("write.failed.values"))
+        .arg(failed.item, structure::shownValue(session_, IDPar, failed.check.expected), found);
+}
+
+void Console::showParameter(const QString& key)
+{
+    structure::jumpTo(structure_, key);
+}
+
 QString Console::groupName()
 {
-    QString name, phone;
-    Search_Group(item_.IDGrp.toInt(), name, phone);
-    return name;
+    Search_Group(item_.IDGrp.toInt(), group_, phone_);
+    return group_;
 }
 
 QString Console::itemPath() const
@@ -251,6 +331,7 @@ void Console::Read_Param()
         const bool banks = item_.IDParGrp.isEmpty() && item_.IDPar.isEmpty();
         const QString filter = bus::operationFilter(item_.IDGrp, item_.IDInst, item_.IDParGrp, item_.IDPar);
         const QString& language = session_.Language.Code;
+        unwrittenBefore_ = unwritten();
         const QString statement =
             banks ? bus::bankStatement(language, filter) : bus::parameterStatement(language, filter);
         if (!bus_.beginRead(statement, banks, key_))
@@ -263,6 +344,7 @@ void Console::Write_Param()
     work("frmReadWrite/Write_Param", [&] {
         if (otherGroupConnected())
             return;
+        unwrittenBefore_ = 0;
         const QString filter = bus::operationFilter(item_.IDGrp, item_.IDInst, item_.IDParGrp, item_.IDPar);
         if (bus_.beginWrite(bus::writeStatement(session_.Language.Code, filter), key_))
             return;
@@ -283,6 +365,7 @@ bool Console::Read_Events()
             model_.setProgress(done * 100 / events.RecordCount());
             QString when = events.text("Date_Reg");
             events_.Add_Event_ReadWrite(when, events.text("Description"));
+            model_.log().setTypeOfLast(events.number("IDType"));
         }
         model_.showProgress(false);
         return true;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bus/Forward.h"
+#include "console/ConsoleModel.h"
 #include "events/Forward.h"
 #include "platform/Forward.h"
 #include "platform/Guard.h"
@@ -12,8 +13,6 @@
 #include <functional>
 
 namespace console {
-
-class ConsoleModel;
 
 // The commands of the console: it connects to the group of the item that it was opened on, starts reads and
 // writes, and disconnects. The connection belongs to the bus; the console only steers it.
@@ -62,6 +61,21 @@ public:
     // The alive poll of the group's master without its checksum; empty when the group can't be reached.
     QByteArray Search_AliveParGrp(int IDGrp);
 
+    // What goes on, as the line of activity tells it.
+    Situation situation();
+    // The console stands on one group and the line is on another.
+    bool lineIsElsewhere() const;
+    // Values below the item that are changed here and not yet written: a read replaces them.
+    int unwritten();
+    // The operation is over: says how many of them a read has replaced.
+    void tellReplaced();
+    // The line has come to rest: the choice of the cable stands as the button shows it.
+    void keepSimulator();
+    // A failed check as the panel tells it.
+    QString failedCheckWords(const ConsoleModel::Failed& failed) const;
+    // Shows a parameter in the plant; the console stays.
+    void showParameter(const QString& key);
+
     // The name of the group that the console stands on.
     QString groupName();
     // Where it stands below that: "CELLA CARNE › Fans"; empty on the group itself.
@@ -73,6 +87,7 @@ private:
     void work(const char* procedure, const std::function<void()>& command);
     void openOn(const QString& key, const char* procedure);
     bool otherGroupConnected();
+    void annotate(const QString& IDPar, const QString& value);
     void sayConnected();
     void sayTooLate();
     void refuse(const QString& message);
@@ -88,6 +103,8 @@ private:
     platform::FailureQueue failures_;
     QString key_;
     structure::KeyParts item_; // its parts
+    QString group_, phone_;    // of the group that it stands on
+    int unwrittenBefore_ = 0;  // when the read began
 };
 
 } // namespace console

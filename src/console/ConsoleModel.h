@@ -14,6 +14,17 @@
 
 namespace console {
 
+// What the line of activity goes by, beside the model's own state.
+struct Situation
+{
+    QString group;      // that the console stands on
+    QString phone;      // its number; "" for none
+    QString otherGroup; // the line is on this one instead; "" for none
+    bool portClosed = false;
+    bool callComesIn = false;
+    bool closing = false; // the line is being hung up
+};
+
 // What the console shows. It outlives the window: a connection goes on behind a closed console.
 class ConsoleModel : public QObject, public bus::ConsoleView
 {
@@ -23,20 +34,27 @@ public:
     explicit ConsoleModel(platform::Clock& clock) : clock_(clock) {}
 
     LogModel& log() { return log_; }
-    void addLine(const QString& when, const QString& description);
+    void addLine(const QString& when, const QString& description, int type = 1);
 
     session::LineStatus status() const { return status_; }
     const ConsoleStates& commands() const { return commands_; }
     bool progressVisible() const { return progressVisible_; }
     int progress() const { return progress_; }
+    // What the bar shows: of an operation all passes together.
+    int shownProgress() const { return operation_.running() ? operation_.percent() : progress_; }
     void setAutoDisconnect(bool pressed);
     void setSimulator(bool pressed);
 
     // One line that tells what goes on: the item in hand, the wait for its answer, the time left; or the next
     // step.
-    QString activity(const session::Texts& texts, const QString& group) const;
+    QString activity(const session::Texts& texts, const Situation& situation) const;
     // Parameters whose read-back did not give what was written, since the console opened.
-    const QStringList& failedChecks() const { return failedChecks_; }
+    struct Failed
+    {
+        QString item; // its place below the group
+        bus::FailedCheck check;
+    };
+    const QList<Failed>& failedChecks() const { return failedChecks_; }
     // A value, or an instrument's bank, that was read behind bytes that stood waiting.
     struct Doubt
     {
@@ -64,7 +82,10 @@ public:
     void recordBegan(bool awaitsAnswer) override;
     void answerAwaited() override;
     void operationEnded() override;
-    void checkFailed(const QString& instrument, const QString& group, const QString& parameter) override;
+    void answerCame() override;
+    void recordDone() override { operation_.recordDone(); }
+    void checkFailed(const bus::FailedCheck& check) override;
+    void valueSeen(int IDGrp, int IDInst, const QString& IDPar, const QString& value) override;
     void answerDoubtful(const QString& instrument, const QString& group, const QString& parameter,
                         int bytes) override;
 
@@ -72,11 +93,26 @@ signals:
     void changed();          // commands, toggles, progress, activity
     void lineAdded(int row); // the list selects it
     void concernsChanged();
+    void operationOver();
+    void checkHasFailed(const bus::FailedCheck& check);
+    void valueWasSeen(int IDGrp, int IDInst, const QString& IDPar, const QString& value);
 
 private:
+    struct Outcome
+    {
+        bool write = false;
+        int records = 0; // 0 is no operation
+        int done = 0;
+        bool whole = false; // no record was left out
+    };
+    QString operationWords(const session::Texts& texts) const;
+    QString outcomeWords(const session::Texts& texts) const;
+    QString stateWords(const session::Texts& texts, const Situation& situation) const;
+
     platform::Clock& clock_;
     LogModel log_;
     OperationProgress operation_;
+    Outcome outcome_; // of the last operation
     bool open_ = false;
     session::LineStatus status_ = session::kLineIdle;
     qint64 busySince_ = 0;
@@ -85,7 +121,7 @@ private:
     int progress_ = 0;
     bool autoDisconnect_ = false;
     bool simulator_ = false;
-    QStringList failedChecks_;
+    QList<Failed> failedChecks_;
     QList<Doubt> doubts_;
     std::optional<int> changedValues_;
     std::function<void()> showChanges_;

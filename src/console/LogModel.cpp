@@ -9,14 +9,15 @@ void LogModel::clear()
 {
     beginResetModel();
     lines_.clear();
+    lastRow_ = -1;
     sortColumn_ = -1;
     ascending_ = true;
     endResetModel();
 }
 
-int LogModel::add(const QString& when, const QString& description)
+int LogModel::add(const QString& when, const QString& description, int type)
 {
-    const Line line{when, description};
+    const Line line{when, description, type};
     auto place = lines_.end();
     if (sortColumn_ >= 0)
         place = std::upper_bound(lines_.begin(), lines_.end(), line,
@@ -25,7 +26,29 @@ int LogModel::add(const QString& when, const QString& description)
     beginInsertRows({}, row, row);
     lines_.insert(place, line);
     endInsertRows();
-    return row;
+    return lastRow_ = row;
+}
+
+void LogModel::annotateLast(const QString& note)
+{
+    if (lastRow_ < 0)
+        return;
+    lines_[std::size_t(lastRow_)].note = note;
+    const QModelIndex line = index(lastRow_, 1);
+    emit dataChanged(line, line);
+}
+
+void LogModel::setTypeOfLast(int type)
+{
+    if (lastRow_ < 0)
+        return;
+    lines_[std::size_t(lastRow_)].type = type;
+    emit dataChanged(index(lastRow_, 0), index(lastRow_, 1));
+}
+
+QString LogModel::lastDescription() const
+{
+    return lastRow_ < 0 ? QString() : lines_[std::size_t(lastRow_)].description;
 }
 
 void LogModel::clickColumn(int column)
@@ -40,6 +63,7 @@ void LogModel::clickColumn(int column)
 void LogModel::sort()
 {
     emit layoutAboutToBeChanged();
+    lastRow_ = -1;
     std::vector<int> order(lines_.size());
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(),
@@ -80,8 +104,15 @@ int LogModel::columnCount(const QModelIndex& parent) const
 
 QVariant LogModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || role != Qt::DisplayRole)
+    if (!index.isValid())
         return {};
+    const Line& line = lines_[std::size_t(index.row())];
+    if (role == TypeRole)
+        return line.type;
+    if (role != Qt::DisplayRole)
+        return {};
+    if (index.column() == 1 && !line.note.isEmpty())
+        return QString(line.description + QStringLiteral("   ") + line.note);
     return text(index.row(), index.column());
 }
 

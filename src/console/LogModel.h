@@ -15,8 +15,17 @@ public:
     using QAbstractTableModel::QAbstractTableModel;
 
     void clear();
+    enum Role
+    {
+        TypeRole = Qt::UserRole // an event's type
+    };
+
     // Appends a line; in a sorted list it goes to its place. Returns its row.
-    int add(const QString& when, const QString& description);
+    int add(const QString& when, const QString& description, int type = 1);
+    // Words beside the line that came last: they are shown, and are no part of it.
+    void annotateLast(const QString& note);
+    QString lastDescription() const;
+    void setTypeOfLast(int type);
     // A second call for the same column flips the order.
     void clickColumn(int column);
     void setColumnCaptions(const QStringList& captions);
@@ -35,12 +44,15 @@ private:
     {
         QString when;
         QString description;
+        int type = 1;
+        QString note = {};
     };
     void sort();
     bool before(const Line& a, const Line& b) const;
 
     std::vector<Line> lines_;
     QStringList captions_{QString(), QString()};
+    int lastRow_ = -1; // of the line that came last, until the list is sorted anew
     int sortColumn_ = -1;
     bool ascending_ = true;
 };

@@ -13,12 +13,13 @@ void OperationProgress::begin(int records, int passes, qint64 now)
     *this = {};
     records_ = records;
     passes_ = passes;
-    begun_ = now;
+    begun_ = lastTaken_ = now;
 }
 
 void OperationProgress::takeRecord(bool awaitsAnswer, qint64 now)
 {
     ++taken_;
+    lastTaken_ = now;
     awaitedSince_ = awaitsAnswer ? std::make_optional(now) : std::nullopt;
 }
 
@@ -30,9 +31,10 @@ std::optional<int> OperationProgress::secondsWaiting(qint64 now) const
 int OperationProgress::secondsLeft(qint64 now) const
 {
     const qint64 pace =
-        taken_ > 0 ? std::max(kMillisecondsARecord, (now - begun_) / taken_) : kMillisecondsARecord;
-    const int remaining = records_ * passes_ - taken_ + 1;
-    return int((std::max(remaining, 0) * pace + 999) / 1000);
+        taken_ > 0 ? std::max(kMillisecondsARecord, (lastTaken_ - begun_) / taken_) : kMillisecondsARecord;
+    const qint64 remaining = std::max(records_ * passes_ - taken_ + 1, 0) * pace;
+    // Of the record in hand one turn's time at most has gone by.
+    return int((std::max<qint64>(remaining - std::min(now - lastTaken_, pace), 0) + 999) / 1000);
 }
 
 } // namespace console

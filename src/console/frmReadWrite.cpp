@@ -3,6 +3,7 @@
 #include "bus/StatusPanels.h"
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
+#include "events/EventLog.h"
 #include "platform/Guard.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/Icons.h"
@@ -23,6 +24,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -36,6 +38,28 @@ namespace {
 
 constexpr int kRefreshMilliseconds = 1000;
 constexpr QSize kPanelPicture(16, 16);
+
+// A warning and an error stand out among the lines, by colour and weight.
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int type = index.data(LogModel::TypeRole).toInt();
+        if (type < events::kWarning)
+            return;
+        option->font.setBold(true);
+        if (option->state & QStyle::State_Selected)
+            return;
+        option->backgroundBrush = type == events::kError ? QColor(0xfb, 0xe0, 0xdd) : QColor(0xff, 0xf1, 0xd2);
+        option->palette.setColor(QPalette::Text,
+                                 type == events::kError ? QColor(0x9b, 0x1c, 0x12) : QColor(0x7a, 0x4b, 0x00));
+    }
+};
 
 void setTag(QObject* object, int tag)
 {
@@ -70,8 +94,11 @@ frmReadWrite::frmReadWrite(const Surroundings& with, const QString& key, QWidget
     connect(&model_, &ConsoleModel::concernsChanged, this, &frmReadWrite::showConcerns);
     connect(&tmrRefresh_, &QTimer::timeout, this, &frmReadWrite::tmrRefresh_Timer);
 
+    connect(&model_, &ConsoleModel::operationOver, this, &frmReadWrite::tellOperationOver, Qt::QueuedConnection);
+
     console_.load(key);
-    group_ = console_.groupName();
+    console_.groupName();
+    showUnwritten();
     widgets::Set_Language(*this, session_, texts_, operator_);
     tmrRefresh_Timer();
     tmrRefresh_.start(kRefreshMilliseconds);
@@ -87,8 +114,10 @@ QMenuBar* frmReadWrite::makeMenus()
     mnuFile_->setObjectName("mnuFile");
     setTag(mnuFile_, 108);
     mnuConnect_ = addCommand(*mnuFile_, "mnuConnect", 268, nullptr);
+    mnuConnect_->setShortcut(Qt::Key_F6);
     connect(mnuConnect_, &QAction::triggered, this, [this] { runSettled(&Console::Connect); });
     mnuDisconnect_ = addCommand(*mnuFile_, "mnuDisconnect", 269, nullptr);
+    mnuDisconnect_->setShortcut(Qt::SHIFT | Qt::Key_F6);
     connect(mnuDisconnect_, &QAction::triggered, this, [this] { runSettled(&Console::Disconnect); });
     mnuFile_->addSeparator();
     mnuAutoDisconnect_ = addCommand(*mnuFile_, "mnuAutoDisconnect", 270, &Console::Set_AutoDisconnect);
@@ -105,6 +134,8 @@ QMenuBar* frmReadWrite::makeMenus()
     setTag(mnuCommands_, 116);
     mnuRead_ = addCommand(*mnuCommands_, "mnuRead", 272, &Console::Read_Param);
     mnuWrite_ = addCommand(*mnuCommands_, "mnuWrite", 273, &Console::Write_Param);
+    mnuRead_->setShortcut(Qt::Key_F7);
+    mnuWrite_->setShortcut(Qt::Key_F8);
     return bar;
 }
 
@@ -131,6 +162,8 @@ void frmReadWrite::runSettled(void (Console::*command)())
         settling_ = false;
         if (isVisible())
             (console_.*command)();
+        if (window)
+            tmrRefresh_Timer();
     };
     QMetaObject::invokeMethod(this, run, Qt::QueuedConnection);
 }
@@ -198,6 +231,18 @@ QWidget* frmReadWrite::makeHeading()
     QSizePolicy keep = prgLoad_->sizePolicy();
     keep.setRetainSizeWhenHidden(true);
     prgLoad_->setSizePolicy(keep);
+    lblUnwritten_ = new QLabel(heading);
+    lblUnwritten_->setObjectName("lblUnwritten");
+    lblUnwritten_->hide();
+    cmdLeaveOther_ = new QPushButton(icon("disconnect"), QStringLiteral("-"), heading);
+    cmdLeaveOther_->setObjectName("cmdLeaveOther");
+    setTag(cmdLeaveOther_, 269);
+    cmdLeaveOther_->setAutoDefault(false);
+    cmdLeaveOther_->hide();
+    connect(cmdLeaveOther_, &QPushButton::clicked, mnuDisconnect_, &QAction::trigger);
+    auto* activity = new QHBoxLayout;
+    activity->addWidget(lblActivity_, 1);
+    activity->addWidget(cmdLeaveOther_);
     auto* place = new QHBoxLayout;
     place->setSpacing(10);
     place->addWidget(lblGroup_);
@@ -208,11 +253,9 @@ QWidget* frmReadWrite::makeHeading()
     cmdChanged_->setAutoDefault(false);
     cmdChanged_->hide();
     connect(cmdChanged_, &QPushButton::clicked, this, [this] { model_.showChanges(); });
-    auto* activity = new QHBoxLayout;
-    activity->setSpacing(10);
-    activity->addWidget(lblActivity_, 1);
     activity->addWidget(cmdChanged_);
     layout->addLayout(activity);
+    layout->addWidget(lblUnwritten_);
     layout->addWidget(prgLoad_);
     return heading;
 }
@@ -229,6 +272,7 @@ QWidget* frmReadWrite::makeList()
     lvwItems_->setFrameShape(QFrame::NoFrame);
     lvwItems_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lvwItems_->installEventFilter(this);
+    lvwItems_->setItemDelegate(new LineDelegate(lvwItems_));
     QHeaderView* header = lvwItems_->header();
     header->setSectionsClickable(true);
     header->setStretchLastSection(true);
@@ -257,6 +301,8 @@ QWidget* frmReadWrite::makeConcerns()
     line->addWidget(lblConcerns_, 1);
     lvwConcerns_ = new QListWidget(concerns_);
     lvwConcerns_->setObjectName("lvwFailed");
+    connect(lvwConcerns_, &QListWidget::itemDoubleClicked, this,
+            [this](QListWidgetItem* item) { goToFailed(lvwConcerns_->row(item)); });
     lvwConcerns_->setMaximumHeight(fontMetrics().lineSpacing() * 5);
     layout->addLayout(line);
     layout->addWidget(lvwConcerns_);
@@ -291,7 +337,10 @@ void frmReadWrite::showCommands()
     mnuAutoDisconnect_->setEnabled(states.mnuAutoDisconnect);
     mnuSimulator_->setEnabled(states.mnuSimulator);
     mnuCommands_->setEnabled(states.mnuCommands);
-    connect_->setEnabled(states.Connect);
+    const Situation situation = console_.situation();
+    connect_->setEnabled(states.Connect && !situation.callComesIn);
+    cmdLeaveOther_->setVisible(!situation.otherGroup.isEmpty());
+    console_.keepSimulator();
     disconnect_->setEnabled(states.Disconnect);
     autoDisconnect_->setEnabled(states.AutoDisconnect);
     simulator_->setEnabled(states.Simulator);
@@ -306,9 +355,9 @@ void frmReadWrite::showCommands()
 
 void frmReadWrite::showActivity()
 {
-    lblActivity_->setText(model_.activity(texts_, group_));
+    lblActivity_->setText(model_.activity(texts_, console_.situation()));
     prgLoad_->setVisible(model_.progressVisible());
-    prgLoad_->setValue(model_.progress());
+    prgLoad_->setValue(model_.shownProgress());
     const std::optional<int> changed = model_.changedValues();
     cmdChanged_->setVisible(changed.has_value());
     cmdChanged_->setEnabled(changed.value_or(0) > 0);
@@ -316,9 +365,54 @@ void frmReadWrite::showActivity()
                                                  : texts_.own("console.changed.none"));
 }
 
+// Before a read: it takes what is changed here and not yet written.
+void frmReadWrite::showUnwritten()
+{
+    const int unwritten = console_.unwritten();
+    lblUnwritten_->setText(texts_.own("console.replaced.before").arg(unwritten));
+    lblUnwritten_->setVisible(unwritten > 0);
+}
+
+void frmReadWrite::tellOperationOver()
+{
+    console_.tellReplaced();
+    showUnwritten();
+}
+
+// The parameter is shown in the plant behind; a console that may close leaves the operator there.
+void frmReadWrite::goToFailed(int row)
+{
+    if (row >= model_.failedChecks().size())
+        return;
+    const QString key = model_.failedChecks()[row].check.key;
+    const bool free = console_.mayClose();
+    if (free && !close())
+        return;
+    console_.showParameter(key);
+}
+
+// Beside the words of the catalogue: what the button is for, and its key.
+void frmReadWrite::showHints()
+{
+    const std::tuple<QAction*, QAction*, QString> hints[] = {
+        {connect_, mnuConnect_, {}},
+        {disconnect_, mnuDisconnect_, {}},
+        {simulator_, mnuSimulator_, texts_.own("console.direct")},
+        {read_, mnuRead_, {}},
+        {write_, mnuWrite_, {}}};
+    for (const auto& [button, entry, words] : hints) {
+        QString tip = button->toolTip();
+        if (!words.isEmpty())
+            tip += '\n' + words;
+        if (!entry->shortcut().isEmpty())
+            tip += " (" + entry->shortcut().toString(QKeySequence::NativeText) + ')';
+        button->setToolTip(tip);
+    }
+}
+
 void frmReadWrite::showConcerns()
 {
-    const QStringList& failed = model_.failedChecks();
+    const QList<ConsoleModel::Failed>& failed = model_.failedChecks();
     const QList<ConsoleModel::Doubt>& doubts = model_.doubts();
     QStringList headings;
     if (!failed.isEmpty())
@@ -327,8 +421,8 @@ void frmReadWrite::showConcerns()
         headings << texts_.own("read.doubtful.count").arg(doubts.size());
     lblConcerns_->setText(headings.join(QStringLiteral("  \u00b7  ")));
     lvwConcerns_->clear();
-    for (const QString& item : failed)
-        lvwConcerns_->addItem(texts_.own("write.failed").arg(item));
+    for (const ConsoleModel::Failed& one : failed)
+        lvwConcerns_->addItem(console_.failedCheckWords(one));
     for (const ConsoleModel::Doubt& doubt : doubts)
         lvwConcerns_->addItem(texts_.own("read.doubtful").arg(doubt.item).arg(doubt.bytes));
     concerns_->setVisible(!headings.isEmpty());
@@ -355,6 +449,7 @@ void frmReadWrite::tmrRefresh_Timer()
     comSetPicture_->setPixmap(picture.pixmap(kPanelPicture, devicePixelRatio()));
     comSetText_->setText(staMain_.text(bus::Panel::COMSet));
     info_->setText(staMain_.text(bus::Panel::Info));
+    showCommands();
     showActivity();
 }
 
@@ -393,11 +488,13 @@ void frmReadWrite::changeEvent(QEvent* event)
             model_.log().setColumnCaptions(
                 {texts_(session::rows::kDate), texts_(session::rows::kDescription)});
         });
-        lblGroup_->setText(group_);
+        lblGroup_->setText(console_.situation().group);
         lblItem_->setText(console_.itemPath());
         showCommands();
         showActivity();
         showConcerns();
+        showUnwritten();
+        showHints();
     }
     QDialog::changeEvent(event);
 }

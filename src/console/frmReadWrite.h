@@ -61,6 +61,10 @@ private:
     QAction* addButton(QToolBar& toolbar, const char* key, const QString& icon, int tag, QAction* command);
 
     void showCommands();
+    void showHints();
+    void showUnwritten();
+    void tellOperationOver();
+    void goToFailed(int row);
     void showActivity();
     void showConcerns();
     void showSortArrows();
@@ -73,14 +77,13 @@ private:
     Console& console_;
     ConsoleModel& model_;
     const bus::StatusPanels& staMain_;
-    QString group_;
-
     QMenu* mnuFile_;
     QMenu* mnuCommands_;
     QAction *mnuConnect_, *mnuDisconnect_, *mnuAutoDisconnect_, *mnuSimulator_, *mnuRead_, *mnuWrite_,
         *mnuExit_;
     QAction *connect_, *disconnect_, *autoDisconnect_, *simulator_, *read_, *write_, *exit_;
-    QLabel *lblGroup_, *lblItem_, *lblActivity_;
+    QLabel *lblGroup_, *lblItem_, *lblActivity_, *lblUnwritten_;
+    QPushButton* cmdLeaveOther_; // ends the connection to another group
     QTreeView* lvwItems_;
     QWidget* concerns_;
     QLabel* lblConcerns_;

@@ -127,6 +127,15 @@ void Settings::setCompanyText(int field, const QString& text)
     markChanged();
 }
 
+void Settings::chooseLanguage(const QString& identifier)
+{
+    if (identifier == with_.session.Language.ID)
+        return;
+    with_.verbs.SetLanguage_AllForms(identifier);
+    Reload_Db();
+    with_.verbs.Write_Configuration();
+}
+
 void Settings::setLanguage(int index)
 {
     language_ = index;

@@ -97,6 +97,8 @@ public:
     // The operator's own changes.
     void setCompanyText(int field, const QString& text);
     void setLanguage(int index);
+    // Takes a language at once, without the window.
+    void chooseLanguage(const QString& identifier);
     void chkDelLog_Click(bool checked);
     void chkDelLogErr_Click(bool checked);
     void chkDelLogApp_Click(bool checked);

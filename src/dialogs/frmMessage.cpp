@@ -2,30 +2,33 @@
 
 #include "platform/widgets/Icons.h"
 #include "session/Session.h"
+#include "session/Texts.h"
 #include "widgets/FormLanguage.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <utility>
 
 namespace dialogs {
 
 namespace {
 
-constexpr qsizetype kCallsShown = 8;
+constexpr qsizetype kAlarmsShown = 8;
 
-// The last calls; that there are more is told by dots above them.
-QStringList shortened(const QStringList& calls)
+// The last alarms; that there are more is told by dots above them.
+QStringList shortened(const QStringList& alarms)
 {
-    if (calls.size() <= kCallsShown)
-        return calls;
-    return QStringList{QStringLiteral("...")} + calls.mid(calls.size() - kCallsShown);
+    if (alarms.size() <= kAlarmsShown)
+        return alarms;
+    return QStringList{QStringLiteral("...")} + alarms.mid(alarms.size() - kAlarmsShown);
 }
 
 } // namespace
 
 frmMessage::frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op,
-                       const QStringList& calls)
+                       const QStringList& alarms, std::function<void()> showEvents)
 {
     setWindowTitle(session.AppTitle);
     auto* imgMsg = new QLabel(this);
@@ -36,10 +39,10 @@ frmMessage::frmMessage(const session::Session& session, const session::Texts& te
     QFont strong = lblMsg->font();
     strong.setBold(true);
     lblMsg->setFont(strong);
-    auto* lblCalls = new QLabel(shortened(calls).join('\n'), this);
+    auto* lblCalls = new QLabel(shortened(alarms).join('\n'), this);
     lblCalls->setObjectName("lblCalls");
     lblCalls->setTextFormat(Qt::PlainText);
-    lblCalls->setVisible(!calls.isEmpty());
+    lblCalls->setVisible(!alarms.isEmpty());
     auto* cmdOK = widgets::tagged(new QPushButton("-", this), "cmdOK", "13");
     cmdOK->setDefault(true);
 
@@ -50,11 +53,23 @@ frmMessage::frmMessage(const session::Session& session, const session::Texts& te
     layout->addWidget(lblMsg, 0, 1);
     layout->addWidget(lblCalls, 1, 1);
     layout->addWidget(lblMsgDetail, 2, 1);
-    layout->addWidget(cmdOK, 3, 0, 1, 2, Qt::AlignRight);
+    auto* cmdEvents = new QPushButton(platform::icon("event-viewer"), texts.own("alarm.events"), this);
+    cmdEvents->setObjectName("cmdEvents");
+    cmdEvents->setAutoDefault(false);
+    cmdEvents->setVisible(showEvents && session::rightOf(session.CurrentUser.EventViewer));
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdEvents);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    layout->addLayout(buttons, 3, 0, 1, 2, Qt::AlignBottom);
     layout->setRowMinimumHeight(3, 44);
     layout->setColumnStretch(1, 1);
     // The window is as large as its words.
     layout->setSizeConstraint(QLayout::SetFixedSize);
+    connect(cmdEvents, &QPushButton::clicked, this, [this, show = std::move(showEvents)] {
+        accept();
+        show();
+    });
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     widgets::Set_Language(*this, session, texts, op);
 }

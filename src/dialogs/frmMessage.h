@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 
 namespace dialogs {
 
@@ -14,9 +15,9 @@ class frmMessage : public QDialog
     Q_OBJECT
 
 public:
-    // `calls` are the plants that called, each with its time.
+    // `alarms` are what came in, a line each; `showEvents` opens the event viewer, for who may see it.
     frmMessage(const session::Session& session, const session::Texts& texts, platform::Operator& op,
-               const QStringList& calls = {});
+               const QStringList& alarms = {}, std::function<void()> showEvents = {});
 };
 
 } // namespace dialogs

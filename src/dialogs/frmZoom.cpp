@@ -7,10 +7,13 @@
 #include "widgets/ImageDelegate.h"
 #include "widgets/SortHeader.h"
 
+#include <QItemSelectionModel>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStatusBar>
@@ -74,7 +77,20 @@ void frmZoom::layOut()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(lvwZoom_, 1);
-    layout->addWidget(staZoom_);
+    cmdOK_ = widgets::tagged(new QPushButton("-", this), "cmdOK", "13");
+    auto* cmdCancel = widgets::tagged(new QPushButton("-", this), "cmdCancel", "14");
+    for (QPushButton* button : {cmdOK_, cmdCancel}) {
+        button->setAutoDefault(false);
+    }
+    staZoom_->setSizeGripEnabled(false);
+    auto* bottom = new QHBoxLayout;
+    bottom->setContentsMargins(0, 4, 8, 6);
+    bottom->addWidget(staZoom_, 1);
+    bottom->addWidget(cmdOK_);
+    bottom->addWidget(cmdCancel);
+    connect(cmdOK_, &QPushButton::clicked, this, [this] { pick(lvwZoom_->currentIndex()); });
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    layout->addLayout(bottom);
     lvwZoom_->setFocus();
 }
 
@@ -92,15 +108,16 @@ void frmZoom::makePopup()
 void frmZoom::listen()
 {
     connect(lvwZoom_, &QTreeView::doubleClicked, this, &frmZoom::pick);
+    connect(lvwZoom_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { preselected_ = false; });
     connect(header_, &QHeaderView::sectionClicked, &zoom_.list(), &ZoomModel::clickColumn);
     connect(&zoom_.list(), &QAbstractItemModel::layoutChanged, this,
             [this] { header_->setArrow(zoom_.list().sortColumn(), zoom_.list().sortAscending()); });
     connect(lvwZoom_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& place) { mnuPopup_->popup(lvwZoom_->viewport()->mapToGlobal(place)); });
-    connect(mnuFind_, &QAction::triggered, this, [this] { select(zoom_.Find(selectedRow())); });
+    connect(mnuFind_, &QAction::triggered, this, [this] { select(zoom_.Find(rowOfOperator())); });
     connect(mnuRefresh_, &QAction::triggered, &zoom_, &Zoom::Refresh);
     connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, this,
-            [this] { select(zoom_.FindAgain(selectedRow())); });
+            [this] { select(zoom_.FindAgain(rowOfOperator())); });
     // Ctrl and its number stand for a click on a column's head.
     for (int column = 0; column < 9; ++column) {
         const auto* key = new QShortcut(QKeyCombination(Qt::CTRL, Qt::Key(Qt::Key_1 + column)), this);
@@ -132,13 +149,6 @@ bool frmZoom::keyPressed(int key)
         if (selectedRow() >= 0)
             pick(lvwZoom_->currentIndex());
         return true;
-    case Qt::Key_Down:
-    case Qt::Key_Home:
-        // Nothing is selected before the operator does it; the first key goes to the first row.
-        if (selectedRow() >= 0)
-            return false;
-        select(0);
-        return true;
     default:
         return false;
     }
@@ -148,6 +158,12 @@ void frmZoom::pick(const QModelIndex& index)
 {
     if (zoom_.pick(index.row()))
         accept();
+}
+
+// The row that the list has selected by itself isn't passed over by a search.
+int frmZoom::rowOfOperator() const
+{
+    return preselected_ ? -1 : selectedRow();
 }
 
 int frmZoom::selectedRow() const
@@ -161,6 +177,7 @@ void frmZoom::select(int row)
     const QModelIndex index = zoom_.list().index(row, 0);
     if (!index.isValid())
         return;
+    preselected_ = false;
     lvwZoom_->setCurrentIndex(index);
     lvwZoom_->scrollTo(index);
 }
@@ -171,6 +188,9 @@ void frmZoom::showFilled()
     rows_->setText(zoom_.rowsText());
     header_->setArrow(-1, true);
     shareWidth();
+    select(0);
+    preselected_ = true;
+    cmdOK_->setEnabled(zoom_.list().rowCount() > 0);
 }
 
 // Each column is as wide as what stands in it. Returns the width of all of them.

@@ -10,6 +10,7 @@ class QAction;
 class QLabel;
 class QMenu;
 class QProgressBar;
+class QPushButton;
 class QStatusBar;
 class QTreeView;
 
@@ -37,6 +38,7 @@ private:
     bool keyPressed(int key);
     void pick(const QModelIndex& index);
     int selectedRow() const;
+    int rowOfOperator() const;
     void select(int row);
     void showFilled();
     int fitColumns();
@@ -50,6 +52,8 @@ private:
     QStatusBar* staZoom_;
     QLabel* rows_;
     QProgressBar* prgZoom_;
+    QPushButton* cmdOK_;
+    bool preselected_ = false; // the row is the list's own choice
     QMenu* mnuPopup_;
     QAction* mnuFind_;
     QAction* mnuRefresh_;

@@ -81,7 +81,9 @@ void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QS
                          const QString& Instrument, const QString& Description)
 {
     QString shown = When.toString(kStoredDate);
+    typeOfLine_ = IDType;
     Add_Event_ReadWrite(shown, Description);
+    typeOfLine_ = kInformation;
     Add_Event_Db(IDType, When, Source, Equipment, Instrument, Description);
 }
 
@@ -89,7 +91,7 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
                             const QString& Instrument, const QString& Description)
 {
     if (Source == kAlarms && onAlarm)
-        onAlarm(When, Equipment);
+        onAlarm(When, Equipment, Instrument, Description);
     guarded("Module/Add_Event_Db", [&] {
         const auto keep = [&] {
             kept_ << logLine(QString::number(IDType), When, QString::number(Source), Equipment, Instrument,

@@ -46,9 +46,13 @@ public:
     void deleteEvents();
 
     // Receives each alarm that a plant reports, before it is stored.
-    std::function<void(const QDateTime& when, const QString& plant)> onAlarm;
+    std::function<void(const QDateTime& when, const QString& plant, const QString& instrument,
+                       const QString& text)>
+        onAlarm;
     // Receives each line of the console's list.
     std::function<void(const QString& when, const QString& description)> onLine;
+    // The type of the event whose line is being received; a line of its own is information.
+    int typeOfLine() const { return typeOfLine_; }
 
 private:
     // How far the flush of a company's table has come.
@@ -64,6 +68,7 @@ private:
     bool hasCompany() const;
 
     Flushed flushed_;
+    int typeOfLine_ = kInformation;
     session::Session& session_;
     platform::Operator& operator_;
     platform::Clock& clock_;

@@ -49,6 +49,16 @@ struct ChosenFile
     int filterIndex = 1; // the filter that was chosen with it
 };
 
+// A question that Yes or No answers.
+struct Question
+{
+    QString text;
+    QString more = {}; // in smaller words under the text: what it is about; "" for none
+    Icon icon = Icon::Question;
+    QString title = {};
+    bool destroys = false; // with Yes something is lost: No is what Enter means
+};
+
 // The person at the machine: asked, shown things, kept waiting. The one door from the logic to the windows.
 class Operator
 {
@@ -57,6 +67,11 @@ public:
 
     // Shows a modal box and returns one of `answers`.
     virtual int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) = 0;
+    // The same for a question that tells more than its text.
+    virtual int ask(const Question& question)
+    {
+        return messageBox(question.text, Buttons::YesNo, question.icon, question.title);
+    }
     // The whole name of the chosen file; a cancel is RuntimeError 32755.
     virtual QString openFile(const FileRequest& request) = 0;
     // The same for a file to be written. A name typed without its ending has that of the chosen filter, and

@@ -31,6 +31,11 @@ public:
     bool done() const { return script_.empty() && files_.empty() && inputs_.empty(); }
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+    int ask(const Question& question) override
+    {
+        questions.push_back(question);
+        return messageBox(question.text, Buttons::YesNo, question.icon, question.title);
+    }
     QString openFile(const FileRequest& request) override { return nextFile(request).name; }
     ChosenFile saveFile(const FileRequest& request) override { return nextFile(request); }
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
@@ -50,6 +55,7 @@ public:
     bool escapePressed() override { return escapeAfter >= 0 && escapeAfter-- == 0; }
 
     std::vector<Box> boxes; // every box that appeared
+    std::vector<Question> questions; // those among the boxes that told more than their text
     std::vector<FileRequest> fileRequests;
     std::vector<std::pair<QString, QString>> inputBoxes; // prompt and title
     QStringList unexpected;                              // texts of boxes that no script expected

@@ -11,6 +11,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <cstring>
 
 namespace program {
 
@@ -21,7 +22,10 @@ using widgets::tagged;
 namespace {
 
 constexpr int kPictureSize = 16;
+constexpr int kBellSize = 40;
 constexpr int kLongestName = 200;
+constexpr int kLeastInfo = 60;
+constexpr int kGap = 8;
 
 constexpr std::pair<const char*, bus::Panel> kLinePanels[] = {
     {"COMSet", bus::Panel::COMSet}, {"Info", bus::Panel::Info}, {"Allarm", bus::Panel::Allarm}};
@@ -37,23 +41,32 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     : QStatusBar(parent), panels_(panels), texts_(texts)
 {
     setObjectName("staMain");
+    addPanel("Allarm", 290);
     addPanel("COMSet", 264);
+    addPanel("Plant", 0);
     addPanel("Info", 207, 1);
+    addPanel("Waiting", 0);
     addPanel("History", 0);
     widgets_["History"].frame->setProperty(kTag, {});
     widgets_["History"].frame->hide();
     addPanel("User", 35);
-    addPanel("Allarm", 290);
     addPanel("Caps", 208);
     addPanel("Num", 209);
     addPanel("Date", 206);
     addPanel("Hour", 205);
 
     connect(&panels, &bus::StatusPanels::changed, this, &MainStatusBar::showLine);
+    connect(&panels, &bus::StatusPanels::changed, this, &MainStatusBar::showPlant, Qt::QueuedConnection);
     connect(&panels, &bus::StatusPanels::tipCleared, this, &MainStatusBar::clearTip);
     nextMinute_.setSingleShot(true);
     connect(&nextMinute_, &QTimer::timeout, this, &MainStatusBar::showTime);
     qApp->installEventFilter(this);
+    widgets_["Info"].text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    widgets_["Plant"].frame->hide();
+    widgets_["Plant"].picture->setPixmap(platform::icon("group").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    widgets_["Plant"].picture->show();
+    widgets_["Waiting"].frame->setCursor(Qt::PointingHandCursor);
+    showWaiting(0, 0);
     showLine();
     showTime();
 }
@@ -61,7 +74,8 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
 void MainStatusBar::addPanel(const QString& key, int tag, int stretch)
 {
     PanelWidget panel;
-    panel.frame = tagged(new QWidget(this), key, QString::number(tag));
+    panel.frame = tagged(new QWidget(this), key, tag == 0 ? QString() : QString::number(tag));
+    panel.frame->setAttribute(Qt::WA_StyledBackground);
     panel.picture = new QLabel(panel.frame);
     panel.text = new QLabel(panel.frame);
     panel.text->setTextFormat(Qt::PlainText);
@@ -83,6 +97,8 @@ void MainStatusBar::relabel()
     widgets_["Num"].text->setText(texts_.own("panel.num"));
     widgets_["History"].text->setText(texts_.own("history.broken"));
     showLocks();
+    showWaiting(waiting_, unconfirmed_);
+    widgets_["Plant"].frame->setToolTip(texts_.own("panel.plant"));
 }
 
 bool MainStatusBar::eventFilter(QObject* watched, QEvent* event)
@@ -91,6 +107,10 @@ bool MainStatusBar::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonDblClick:
         if (watched->parent() == this && watched->property(kTag).isValid())
             emit panelDoubleClicked(watched->objectName());
+        break;
+    case QEvent::MouseButtonRelease:
+        if (watched->parent() == this)
+            emit panelClicked(watched->objectName());
         break;
     case QEvent::KeyRelease:
     case QEvent::ApplicationActivate:
@@ -111,6 +131,75 @@ void MainStatusBar::showLine()
         widget.picture->setPixmap(picture.pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
         widget.text->setText(panels_.text(panel));
     }
+    showBell(panels_.picture(bus::Panel::Allarm) == bus::images::kAlarm);
+    fit();
+}
+
+// When the line has come to rest: its panels are told before its record and its status.
+void MainStatusBar::showPlant()
+{
+    const QString plant = plant_ ? plant_() : QString();
+    widgets_["Plant"].text->setText(fontMetrics().elidedText(plant, Qt::ElideRight, kLongestName));
+    fit();
+}
+
+// Alarms that wait are to be seen from across the room.
+void MainStatusBar::showBell(bool alarms)
+{
+    const PanelWidget& bell = widgets_["Allarm"];
+    const int side = alarms ? kBellSize : kPictureSize;
+    const QIcon picture = pictureOfPanel(panels_.picture(bus::Panel::Allarm));
+    bell.picture->setPixmap(picture.pixmap(QSize(side, side), devicePixelRatio()));
+    bell.frame->setStyleSheet(alarms ? QStringLiteral("#Allarm { background: #FFD9D4; border: 2px solid #C8372D; }")
+                                     : QString());
+}
+
+void MainStatusBar::showWaiting(int waiting, int unconfirmed)
+{
+    waiting_ = waiting;
+    unconfirmed_ = unconfirmed;
+    const PanelWidget& panel = widgets_["Waiting"];
+    const QIcon picture = platform::icon(unconfirmed > 0 ? "badge-unconfirmed" : "param-changed");
+    panel.picture->setPixmap(picture.pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    panel.picture->show();
+    QStringList words;
+    if (waiting > 0)
+        words << texts_.own("panel.waiting").arg(waiting);
+    if (unconfirmed > 0)
+        words << texts_.own("panel.unconfirmed").arg(unconfirmed);
+    panel.text->setText(words.join(QStringLiteral(" \u00b7 ")));
+    panel.frame->setToolTip(texts_.own("panel.waiting.tip"));
+    fit();
+}
+
+// Alarms, the line and what waits stay to the last.
+void MainStatusBar::fit()
+{
+    widgets_["Plant"].frame->setVisible(!widgets_["Plant"].text->text().isEmpty());
+    widgets_["Waiting"].frame->setVisible(waiting_ + unconfirmed_ > 0);
+    int free = width() - 2 * kLeastInfo;
+    for (const char* key : {"Allarm", "Plant", "Waiting"}) {
+        if (!widgets_[key].frame->isHidden())
+            free -= widgets_[key].frame->sizeHint().width() + kGap;
+    }
+    for (const char* key : {"COMSet", "User", "Hour", "Date", "Caps", "Num"}) {
+        const PanelWidget& panel = widgets_[key];
+        const bool wanted = std::strcmp(key, "User") != 0 || user_;
+        const int needed = wanted ? panel.frame->sizeHint().width() + kGap : 0;
+        panel.frame->setVisible(wanted && needed <= free);
+        free -= needed;
+    }
+}
+
+void MainStatusBar::resizeEvent(QResizeEvent* event)
+{
+    QStatusBar::resizeEvent(event);
+    fit();
+}
+
+QSize MainStatusBar::minimumSizeHint() const
+{
+    return {kLeastInfo, QStatusBar::minimumSizeHint().height()};
 }
 
 void MainStatusBar::clearTip(bus::Panel panel)
@@ -124,13 +213,14 @@ void MainStatusBar::clearTip(bus::Panel panel)
 void MainStatusBar::showUser(const Session& session)
 {
     const PanelWidget& panel = widgets_["User"];
-    panel.frame->setVisible(!session.DbName.isEmpty());
+    user_ = !session.DbName.isEmpty();
     const bool somebody = !session.CurrentUser.IDUser.isEmpty();
     panel.picture->setPixmap(platform::icon(somebody ? "users" : "lock")
                                  .pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
     panel.picture->show();
     const QString shown = somebody ? session.CurrentUser.Name : texts_.own("panel.nobody");
     panel.text->setText(fontMetrics().elidedText(shown, Qt::ElideRight, kLongestName));
+    fit();
 }
 
 void MainStatusBar::showHistory(const QString& failure)

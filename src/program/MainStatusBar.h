@@ -5,6 +5,7 @@
 
 #include <QStatusBar>
 #include <QTimer>
+#include <functional>
 #include <map>
 
 class QLabel;
@@ -25,11 +26,19 @@ public:
     void showUser(const session::Session& session);
     // Why no value history is kept; "" when it is.
     void showHistory(const QString& failure);
+    // What the line is on, asked whenever the line shows something new; "" for nothing.
+    void askForPlant(std::function<QString()> plant) { plant_ = std::move(plant); }
+    // Values that wait to be written, and writes that were not confirmed.
+    void showWaiting(int waiting, int unconfirmed);
+
+    QSize minimumSizeHint() const override;
 
 signals:
     void panelDoubleClicked(const QString& key);
+    void panelClicked(const QString& key);
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -42,12 +51,19 @@ private:
 
     void addPanel(const QString& key, int tag, int stretch = 0);
     void showLine();
+    void showPlant();
+    void showBell(bool alarms);
+    // What matters least goes where the window is too narrow for all panels.
+    void fit();
     void clearTip(bus::Panel panel);
     void showTime();
     void showLocks();
 
     const bus::StatusPanels& panels_;
     const session::Texts& texts_;
+    std::function<QString()> plant_;
+    int waiting_ = 0, unconfirmed_ = 0;
+    bool user_ = false;
     std::map<QString, PanelWidget> widgets_;
     QTimer nextMinute_;
 };

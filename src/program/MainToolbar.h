@@ -1,5 +1,6 @@
 #pragma once
 
+#include "program/ToolbarAim.h"
 #include "session/Forward.h"
 
 #include <QToolBar>
@@ -14,7 +15,7 @@ class MainToolbar : public QToolBar
 public:
     MainToolbar(const session::Session& session, const session::Texts& texts,
                 const session::CommandHandlers& handlers, session::CommandStates& states,
-                QWidget* parent = nullptr);
+                structure::Structure& structure, QWidget* parent = nullptr);
 
     // The words that no Tag brings, in the current language.
     void relabel();
@@ -24,12 +25,15 @@ protected:
 
 private:
     void makeViewMenu();
+    void addLooks();
     void refresh();
+    void enableButtons();
 
     const session::Session& session_;
     const session::Texts& texts_;
     const session::CommandHandlers& handlers_;
     session::CommandStates& states_;
+    ToolbarAim aim_;
     QMenu* viewMenu_ = nullptr;
     QMenu* mnuTlb_ = nullptr;
 };

@@ -62,6 +62,7 @@ QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandH
 {
     auto* menu = tagged(new QMenu(entry.caption, parent), entry.name, tagOf(entry));
     menu->menuAction()->setObjectName(entry.name);
+    menu->setProperty(kOwnText, entry.ownText);
     QActionGroup* choices = nullptr;
     for (const MenuEntry& below : entry.entries) {
         if (below.isSeparator()) {
@@ -71,9 +72,12 @@ QMenu* MenuSet::makeMenu(const MenuEntry& entry, QWidget* parent, const CommandH
             menu->addMenu(makeMenu(below, menu, handlers));
         } else {
             QAction* action =
-                tagged(menu->addAction(iconOf(below.command), QString()), below.name, tagOf(below));
+                tagged(menu->addAction(iconOf(below.command), below.caption), below.name, tagOf(below));
             action->setProperty(kOwnText, below.ownText);
             action->setShortcut(QKeySequence(below.shortcut));
+            action->setShortcutVisibleInContextMenu(true);
+            if (below.shortcutOnlyShown)
+                action->setShortcutContext(Qt::WidgetShortcut);
             if (below.oneOf) {
                 choices = choices ? choices : new QActionGroup(menu);
                 choices->addAction(action);
@@ -102,7 +106,8 @@ void refreshMenu(QMenu& menu, const CommandStates& states, const std::function<b
         const QString name = action->objectName();
         if (action->isSeparator())
             continue;
-        action->setEnabled(enabled(name));
+        // The language is nobody's right and needs no company.
+        action->setEnabled(name.startsWith(QLatin1String("mnuLanguage")) || enabled(name));
         action->setCheckable(states.markable(name));
         action->setChecked(states.marked(name));
         if (action->menu())

@@ -20,7 +20,7 @@ namespace program {
 using namespace session;
 
 Program::Program(const Surroundings& surroundings)
-    : with_(surroundings), structure_(with_.session, with_.texts, with_.op),
+    : with_(surroundings), structure_(with_.session, with_.texts, with_.op), marks_(with_.session, structure_),
       database_(with_.session, with_.texts, with_.op, structure_),
       safekeeping_({with_.session, with_.texts, with_.op, with_.clock, database_}),
       upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
@@ -83,6 +83,10 @@ MainServices Program::services()
             window->showCaption();
     };
     services.endProgram = [this] { endProgram(); };
+    services.valuesWaiting = [this] {
+        marks_.refresh();
+        return marks_.waiting();
+    };
     return services;
 }
 
@@ -92,6 +96,7 @@ users::Login::Verbs Program::loginVerbs()
     verbs.loggedIn = [this] {
         main_.loggedIn();
         emit structure_.listFocusWanted();
+        beginEmptyCompany();
     };
     verbs.Disconnect_Database = [this] { database_.Disconnect_Database(); };
     verbs.companyLost = [this] { main_.companyLost(); };
@@ -116,6 +121,51 @@ dialogs::Settings::Verbs Program::settingsVerbs()
     verbs.companyReloaded = [this] { main_.loggedIn(); };
     verbs.companyLost = [this] { main_.companyLost(); };
     return verbs;
+}
+
+// When the notice has closed, and with it what it holds up.
+void Program::showEventsOfAlarms()
+{
+    QMetaObject::invokeMethod(this, [this] { handlers_.run("EventViewer"); }, Qt::QueuedConnection);
+}
+
+// A port that went away, or would not open, is tried again; one that is there stays as it is.
+void Program::reopenPort()
+{
+    if (with_.session.COMPort.Status == session::kPortClosed)
+        bus_.Open_COMConnection();
+}
+
+// The company is connected anew for it, which cuts a line that is open.
+void Program::chooseLanguage(const QString& identifier)
+{
+    const bool live = with_.session.COMPort.Status > session::kLineIdle;
+    if (live && with_.op.ask({.text = with_.texts.own("exit.connected"),
+                              .more = with_.texts.own("language.cuts"),
+                              .title = with_.session.AppTitle,
+                              .destroys = true}) != platform::answers::kYes) {
+        commands_.refreshMarks();
+        return;
+    }
+    settings_.chooseLanguage(identifier);
+    commands_.refreshMarks();
+}
+
+// A company without plants has one next step: the root is selected, and the list says how to go on.
+void Program::beginEmptyCompany()
+{
+    if (structure_.tree().nodeCount() != 1)
+        return;
+    structure_.clickNode(structure::kRootKey);
+    if (frmMain* window = mainWindow())
+        window->focusPlant();
+}
+
+// The main window says which plant the line is on.
+QString Program::connectedPlant()
+{
+    const bool call = bus_.isCallTaken();
+    return with_.session.COMPort.Status > session::kLineIdle && !call ? bus_.parTrasm().Name : QString();
 }
 
 // What called while the notice stood waits for the next one.
@@ -224,12 +274,25 @@ void Program::listen()
                     eventViewer_.setPlace(structure_.path() + '\\' + structure_.list().item(key)->text);
             });
 
+    // What the line tells of the instruments is kept for the session.
+    connect(&consoleModel_, &console::ConsoleModel::valueWasSeen, this,
+            [this](int IDGrp, int IDInst, const QString& IDPar, const QString& value) {
+                structure_.memory().see(QString::number(IDGrp), QString::number(IDInst), IDPar, value);
+            });
+    connect(&consoleModel_, &console::ConsoleModel::checkHasFailed, this, [this](const bus::FailedCheck& check) {
+        structure_.memory().remember(
+            {check.key, check.parameter, check.instrument, check.group, check.expected, check.found});
+    });
+
     purge_.onFile = [this](int percent, const QString& shown) {
         if (auto* window = qobject_cast<events::frmReadLogFiles*>(with_.op.form("frmReadLogFiles")))
             window->showFile(percent, shown);
     };
-    events_.onAlarm = [this](const QDateTime& when, const QString& plant) {
-        const QString call = plant + ", " + when.toString("dd/MM/yyyy HH:mm");
+    events_.onAlarm = [this](const QDateTime& when, const QString& plant, const QString& instrument,
+                             const QString& text) {
+        QStringList place{plant, instrument, text};
+        place.removeAll(QString());
+        const QString call = when.toString("dd/MM/yyyy HH:mm") + "  " + place.join(QStringLiteral(" \u203a "));
         if (!alarmCalls_.contains(call))
             alarmCalls_ << call;
     };

@@ -32,6 +32,7 @@
 #include "structure/PlantClipboard.h"
 #include "structure/PlantDrag.h"
 #include "structure/PlantEditor.h"
+#include "structure/PlantMarks.h"
 #include "structure/PlantStates.h"
 #include "structure/Structure.h"
 #include "users/Login.h"
@@ -96,11 +97,17 @@ private:
     dialogs::Settings::Verbs settingsVerbs();
     void endProgram();
     void acknowledgeAlarms();
+    QString connectedPlant();
+    void reopenPort();
+    void chooseLanguage(const QString& identifier);
+    void beginEmptyCompany();
+    void showEventsOfAlarms();
     QWidget* makeMainWindow();
     frmMain* mainWindow() const;
 
     Surroundings with_;
     structure::Structure structure_;
+    structure::PlantMarks marks_;
     database::Database database_;
     database::Safekeeping safekeeping_;
     database::CompanyUpgrade upgrade_;

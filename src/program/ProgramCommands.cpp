@@ -6,6 +6,7 @@
 #include "program/Program.h"
 #include "program/frmMain.h"
 #include "session/Session.h"
+#include "session/Texts.h"
 #include "structure/frmListBus.h"
 
 #include <QApplication>
@@ -75,6 +76,10 @@ void Program::registerCommands()
     handlers_.set("Print", [this] { print_.Print_Item(); });
     handlers_.set("Allarms", [this] { acknowledgeAlarms(); });
     handlers_.set("LineTrace", [this] { showOver("frmTrace"); });
+    for (int row = 1; with_.texts.common(row) != QLatin1String("End_Language"); ++row)
+        handlers_.set(QStringLiteral("Language") + with_.texts.common(row).left(2),
+                      [this, row] { chooseLanguage(with_.texts.common(row)); });
+    handlers_.set("Port", [this] { reopenPort(); });
     handlers_.set("EventViewer", [this] {
         if (session::rightOf(with_.session.CurrentUser.EventViewer))
             with_.op.showFormModal("frmEventViewer");

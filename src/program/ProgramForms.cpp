@@ -44,8 +44,9 @@ void Program::registerForms()
     with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });
-    with_.op.registerForm("frmMessage",
-                          [&, this] { return new dialogs::frmMessage(session, texts, op, alarmCalls_); });
+    with_.op.registerForm("frmMessage", [&, this] {
+        return new dialogs::frmMessage(session, texts, op, alarmCalls_, [this] { showEventsOfAlarms(); });
+    });
     with_.op.registerForm("frmZoom", [&, this] { return new dialogs::frmZoom(session, texts, op, zoom_); });
     with_.op.registerForm("frmZoomDate", [&] { return new dialogs::frmZoomDate(session, clock); });
     with_.op.registerForm("frmProperty",
@@ -88,7 +89,10 @@ void Program::registerForms()
     with_.op.registerForm("frmFind",
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
     with_.op.registerForm("frmPending",
-                          [&, this] { return new structure::frmPending(structure_, session, texts, op); });
+                          [&, this] {
+                              return new structure::frmPending(structure_, session, texts, op,
+                                                               [this] { handlers_.run("ReadWrite"); });
+                          });
     with_.op.registerForm("frmHistory", [&, this] {
         return new history::frmHistory(
             {session, texts, op, clock,
@@ -124,7 +128,8 @@ void Program::registerForms()
 QWidget* Program::makeMainWindow()
 {
     auto* window = new frmMain(
-        {with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, drag_, main_});
+        {with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, drag_, main_, marks_,
+         [this] { return connectedPlant(); }});
     with_.op.adoptForm("frmTreeBus", window->treeBus());
     with_.op.adoptForm("frmListBus", window->listBus());
     connect(&database_, &database::Database::captionChanged, window, &frmMain::showCaption);

@@ -10,6 +10,7 @@
 #include "session/Main.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/PlantMarks.h"
 #include "structure/Structure.h"
 #include "structure/frmListBus.h"
 #include "structure/frmTreeBus.h"
@@ -33,7 +34,7 @@ using widgets::Set_Language;
 
 frmMain::frmMain(const Surroundings& surroundings)
     : with_(surroundings),
-      tlbMain_(new MainToolbar(with_.session, with_.texts, with_.handlers, with_.commands, this)),
+      tlbMain_(new MainToolbar(with_.session, with_.texts, with_.handlers, with_.commands, with_.structure, this)),
       staMain_(new MainStatusBar(with_.panels, with_.texts, this)), pages_(new QStackedWidget(this)),
       empty_(new EmptyState(with_.texts, this)), splitter_(new QSplitter(this)),
       frmTreeBus_(new structure::frmTreeBus(with_.structure, with_.session, this)),
@@ -81,6 +82,16 @@ void frmMain::listen()
     connect(staMain_, &MainStatusBar::panelDoubleClicked, this, [this](const QString& key) {
         if (key == "Allarm")
             with_.handlers.run("Allarms");
+        else if (key == "COMSet")
+            with_.handlers.run("Port");
+    });
+    connect(staMain_, &MainStatusBar::panelClicked, this, [this](const QString& key) {
+        if (key == "Waiting")
+            with_.handlers.run("Pending");
+    });
+    staMain_->askForPlant(with_.connectedPlant);
+    connect(&with_.marks, &structure::PlantMarks::changed, this, [this] {
+        staMain_->showWaiting(with_.marks.waiting(), with_.marks.unconfirmed());
     });
     connect(&with_.structure, &structure::Structure::treeVisibilityChanged, this, &frmMain::showTree);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
@@ -159,12 +170,11 @@ void frmMain::showTree(bool visible)
     with_.commands.EnableDisable_StructureButtons(visible);
 }
 
-// The tree takes the width that was remembered, at most half of the window.
+// The tree takes the width that was remembered, at most half of the window; a third of it at the first start.
 void frmMain::takeTreeWidth()
 {
-    const int half = width() / 2;
     const int remembered = pointsOf(with_.session.TreeBusSet.Width);
-    const int tree = with_.session.TreeBusSet.Width < 0 || remembered > half ? half : remembered;
+    const int tree = with_.session.TreeBusSet.Width < 0 ? width() / 3 : std::min(remembered, width() / 2);
     splitter_->setSizes({tree, width() - tree});
 }
 

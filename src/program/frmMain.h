@@ -7,6 +7,7 @@
 #include "structure/Forward.h"
 
 #include <QMainWindow>
+#include <functional>
 
 class QSplitter;
 class QStackedWidget;
@@ -35,6 +36,8 @@ public:
         session::CommandStates& commands;
         structure::PlantDrag& drag;
         session::Main& main;
+        structure::PlantMarks& marks;
+        std::function<QString()> connectedPlant;
     };
 
     explicit frmMain(const Surroundings& surroundings);

@@ -3,6 +3,7 @@
 #include "platform/Forward.h"
 #include "platform/RuntimeError.h"
 #include "property/Controls.h"
+#include "property/Details.h"
 #include "property/Element.h"
 #include "session/Forward.h"
 #include "structure/Forward.h"
@@ -67,6 +68,8 @@ public:
     virtual void enterList() {}
     // Puts a stored value into the fields as if it had been typed; false where there is none to put it in.
     virtual bool take(const std::optional<QString>&) { return false; }
+    // What is told beside the controls, from what stands in them now.
+    virtual void tell(Details&) const {}
     // Checks what was entered and writes it; true when it is in the company.
     virtual bool update() = 0;
 

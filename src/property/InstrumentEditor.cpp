@@ -89,6 +89,43 @@ bool InstrumentEditor::isAddressAccepted() const
     return true;
 }
 
+QString InstrumentEditor::wholeAddress() const
+{
+    const Controls& controls = with_.controls;
+    const int digit = values::toInteger(values::toNumber(controls.txtVal3.text));
+    return controls.txtVal2.text % QString::number(digit, 16).toUpper();
+}
+
+void InstrumentEditor::tell(Details& details) const
+{
+    const QString& digit = with_.controls.txtVal3.text;
+    if (keepsAddress() || !values::isNumeric(digit) || !isInRange(digit, with_.controls.updVal3))
+        return;
+    details.wholeAddress = wholeAddress();
+    if (const QString others = sharers(details.wholeAddress); !others.isEmpty())
+        details.warning = with_.texts.own(QStringLiteral("property.address.shared")).arg(details.wholeAddress, others);
+}
+
+// The other instruments of the group that answer to the address.
+QString InstrumentEditor::sharers(const QString& address) const
+{
+    const structure::KeyParts& ids = with_.element.ids;
+    QStringList names;
+    try {
+        platform::Recordset rows;
+        rows.Open(QStringLiteral(R"(SELECT Name FROM tbInstrumentsUser
+                                    WHERE ((IDGrp = %1) AND (IDInst <> %2) AND (Upper(Address) = %3))
+                                    ORDER BY Name;)")
+                      .arg(ids.IDGrp, ids.IDInst, Compose_SqlText(address)),
+                  with_.session.cnDatabase);
+        for (; !rows.Eof(); rows.MoveNext())
+            names << rows.text("Name");
+    } catch (const platform::RuntimeError&) {
+        // A warning that can't be given; what is saved fails in its own name.
+    }
+    return names.join(QStringLiteral(", "));
+}
+
 bool InstrumentEditor::update()
 {
     static const QString kStatement = QStringLiteral(
@@ -101,8 +138,7 @@ bool InstrumentEditor::update()
     } else {
         if (!isAddressAccepted())
             return false;
-        const int digit = values::toInteger(values::toNumber(controls.txtVal3.text));
-        controls.txtValStr3.text = controls.txtVal2.text % QString::number(digit, 16).toUpper();
+        controls.txtValStr3.text = wholeAddress();
     }
     write(kStatement.arg(
         Compose_SqlText(controls.txtValStr1.text), session::composeTextOrNull(controls.txtValStr2.text),

@@ -5,9 +5,14 @@
 #include "session/Helpers.h"
 #include "session/Session.h"
 #include "structure/Image.h"
+#include "structure/ShownValue.h"
 #include "structure/Structure.h"
 #include "values/Display.h"
+#include "values/Numbers.h"
+#include "values/ParamState.h"
 #include "values/ValueCause.h"
+
+#include <QStringBuilder>
 
 namespace property {
 
@@ -33,6 +38,8 @@ std::optional<platform::RuntimeError> ParameterEditor::fill(platform::Recordset&
     controls.cmdCopy.enabled =
         session::rightOf(with_.session.CurrentUser.Modify) && !element.IDCopy.isEmpty();
     with_.catalogue.Search_InstMem(controls.lblValMemory.text);
+    if (const auto standard = with_.session.rsParam.optionalText("mDftValue"))
+        standard_ = structure::shownValue(with_.session, element.ids.IDPar, standard);
     value_ = makeValueEditor(with_);
     return value_ ? value_->fill(row.optionalText("Value")) : std::nullopt;
 }
@@ -64,6 +71,21 @@ bool ParameterEditor::take(const std::optional<QString>& value)
     return true;
 }
 
+void ParameterEditor::tell(Details& details) const
+{
+    const Element& element = with_.element;
+    details.title = with_.controls.lblValDescription.text;
+    if (!found_)
+        return;
+    if (values::kindOf(element.KeyType) == values::Kind::Real) {
+        details.unit = element.Unit;
+        details.limits = QString(values::toText(element.LowLimit) % QStringLiteral(" ... ") %
+                                 values::toText(element.HighLimit) % u' ' % element.Unit)
+                             .trimmed();
+    }
+    details.standard = standard_;
+}
+
 bool ParameterEditor::update()
 {
     if (!value_)
@@ -79,10 +101,20 @@ bool ParameterEditor::update()
            WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4));)");
     const structure::KeyParts& ids = with_.element.ids;
     const values::Causing causing(with_.session.cnDatabase, values::ValueCause::Edited);
+    keepEqual();
     write(kStatement.arg(value->stored ? Compose_SqlText(*value->stored) : QStringLiteral("NULL"), ids.IDGrp,
                          ids.IDInst, Compose_SqlText(ids.IDPar)));
     showChanged(value->stored);
     return true;
+}
+
+// The value that goes is what the instrument holds, as far as anybody knows: it can be taken back.
+void ParameterEditor::keepEqual() const
+{
+    platform::Recordset row;
+    row.Open(statement(), with_.session.cnDatabase);
+    if (!row.Eof() && row.number("State") == int(values::ParamState::Equal))
+        with_.structure.memory().keepEqual(with_.element.ids, row.text("Value"));
 }
 
 void ParameterEditor::showChanged(const std::optional<QString>& value) const

@@ -15,12 +15,15 @@ public:
     void arrange(bool editable) override;
     void enterList() override;
     bool take(const std::optional<QString>& value) override;
+    void tell(Details& details) const override;
     bool update() override;
 
 private:
+    void keepEqual() const;
     void showChanged(const std::optional<QString>& value) const;
 
     bool found_ = false;                 // in the catalogue
+    QString standard_;                   // its default there, as lists show it
     std::unique_ptr<ValueEditor> value_; // none for an unknown kind
 };
 

@@ -77,6 +77,7 @@ PropertyCopy::PropertyCopy(session::Session& session, const session::Texts& text
 
 void PropertyCopy::load()
 {
+    written_ = 0;
     Load_Items();
 }
 
@@ -180,6 +181,7 @@ void PropertyCopy::Copy_Value()
         } follows{structure_};
         const platform::BusyPointer busy(operator_);
         const values::Causing causing(session_.cnDatabase, values::ValueCause::Copied);
+        keepEqual();
         platform::Transaction transaction(session_.cnDatabase);
         try {
             copyCheckedBlocks();
@@ -188,7 +190,22 @@ void PropertyCopy::Copy_Value()
             throw;
         }
         transaction.commit();
+        emit copied();
     });
+}
+
+QString PropertyCopy::sourceName() const
+{
+    const QString block = IDCopy_.mid(3, 2);
+    try {
+        Recordset row;
+        row.Open(QStringLiteral("SELECT mDesc FROM tbParamCopyLanguage WHERE ((mID = %1) AND (mKeyLang = %2));")
+                     .arg(Compose_SqlText(IDCopy_), Compose_SqlText(session_.Language.Code)),
+                 session_.cnDatabase);
+        return row.Eof() ? block : QString(block % u' ' % row.text("mDesc"));
+    } catch (const platform::RuntimeError&) {
+        return block;
+    }
 }
 
 // One block goes without a question.
@@ -230,6 +247,19 @@ void PropertyCopy::copyCheckedBlocks()
 }
 
 // A target that the instrument lacks changes nothing, in silence.
+// What stands as equal to the instrument can be taken back after the copy.
+void PropertyCopy::keepEqual() const
+{
+    Recordset rows;
+    rows.Open(QStringLiteral(R"(SELECT * FROM tbParametersUser
+                                WHERE ((IDGrp = %1) AND (IDInst = %2) AND (State = 0));)")
+                  .arg(property_.IDGrp(), property_.IDInst()),
+              session_.cnDatabase);
+    for (; !rows.Eof(); rows.MoveNext())
+        structure_.memory().keepEqual({{}, rows.text("IDGrp"), rows.text("IDInst"), {}, rows.text("IDPar")},
+                                      rows.text("Value"));
+}
+
 void PropertyCopy::copyTo(const QString& IDCopy, const QVariant& value)
 {
     static const QString kStatement = QStringLiteral(
@@ -240,7 +270,7 @@ void PropertyCopy::copyTo(const QString& IDCopy, const QVariant& value)
               AND (tbParametersUser.IDGrp = %2)
               AND (tbParametersUser.IDInst = %3)
               AND (tbParam.mIDCopy = %4));)");
-    session_.cnDatabase.Execute(kStatement.arg(Compose_SqlText(value), property_.IDGrp(), property_.IDInst(),
+    written_ += session_.cnDatabase.Execute(kStatement.arg(Compose_SqlText(value), property_.IDGrp(), property_.IDInst(),
                                                Compose_SqlText(IDCopy)));
 }
 

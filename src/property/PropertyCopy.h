@@ -33,6 +33,10 @@ public:
 
     const QString& IDCopy() const { return IDCopy_; }
     int checkedCount() const;
+    // The block that is copied from: its number and description.
+    QString sourceName() const;
+    // Values written by the copies since the window came up.
+    int written() const { return written_; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -44,6 +48,7 @@ public:
     void relabel() { emit headerDataChanged(Qt::Horizontal, 0, 1); }
 
 signals:
+    void copied(); // a copy is through
     void progress(int done, int total); // of prgLoad; it hides when both are equal
 
 private:
@@ -59,6 +64,7 @@ private:
     void checkAll(bool checked);
     bool mayCopy(int blocks);
     void copyCheckedBlocks();
+    void keepEqual() const;
     void copyTo(const QString& IDCopy, const QVariant& value);
 
     session::Session& session_;
@@ -67,6 +73,7 @@ private:
     structure::Structure& structure_;
     const PropertyModel& property_;
     QString IDCopy_;
+    int written_ = 0;
     std::vector<Block> blocks_;
 };
 

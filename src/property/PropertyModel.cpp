@@ -154,6 +154,18 @@ void PropertyModel::EnableDisable_Controls()
     });
 }
 
+Details PropertyModel::details() const
+{
+    Details told;
+    told.title = structure_.tree().captionOf(element_.key);
+    const QString above = structure::parentKey(element_.key);
+    if (Level() != QLatin1String("0"))
+        told.path = structure_.tree().fullPathOf(above);
+    if (editor_ && filled_)
+        editor_->tell(told);
+    return told;
+}
+
 // Gestures
 // --------------------------------------------------------------------------------------------------------
 

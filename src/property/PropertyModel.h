@@ -36,6 +36,8 @@ public:
     void load();
 
     const Controls& controls() const { return controls_; }
+    // What is told beside them.
+    Details details() const;
     const QString& Level() const { return element_.ids.Level; }
     const QString& IDGrp() const { return element_.ids.IDGrp; }
     const QString& IDInst() const { return element_.ids.IDInst; }

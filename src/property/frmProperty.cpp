@@ -13,6 +13,7 @@
 #include <QFocusEvent>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
@@ -30,23 +31,38 @@ constexpr int kDialogWidth = 440;
 
 frmProperty::frmProperty(const session::Session& session, const session::Texts& texts, platform::Operator& op,
                          PropertyModel& model)
-    : model_(model)
+    : texts_(texts), model_(model)
 {
     setWindowTitle(session.AppTitle + QStringLiteral("\\Proprietà"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
-    auto* lblIDPar = addLabel("lblIDPar", this);
-    QFont heading = lblIDPar->font();
+    lblTitle_ = addDetail("lblTitle", this);
+    QFont heading = lblTitle_->font();
     heading.setBold(true);
     heading.setPointSizeF(heading.pointSizeF() * 1.2);
-    lblIDPar->setFont(heading);
+    lblTitle_->setFont(heading);
+    lblTitle_->setWordWrap(true);
+    lblTitle_->setMinimumWidth(kDialogWidth);
+    lblPath_ = addDetail("lblPath", this);
+    lblPath_->setWordWrap(true);
+    auto* lblIDPar = addLabel("lblIDPar", this);
+    lblIDPar->setForegroundRole(QPalette::PlaceholderText);
+    auto* identity = new QHBoxLayout;
+    identity->addWidget(lblPath_, 1);
+    identity->addWidget(lblIDPar, 0, Qt::AlignTop);
+    lblWarning_ = addDetail("lblWarning", this);
+    lblWarning_->setWordWrap(true);
+    lblWarning_->setMargin(6);
+    lblWarning_->setStyleSheet(QStringLiteral("#lblWarning { background: #FFF1D2; border: 1px solid #F2A33A; }"));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
     layout->setSpacing(10);
-    layout->addWidget(lblIDPar);
+    layout->addWidget(lblTitle_);
+    layout->addLayout(identity);
     layout->addWidget(makeProperties(texts));
     layout->addWidget(makeDisabled());
     layout->addWidget(makeValues());
+    layout->addWidget(lblWarning_);
     layout->addWidget(makeButtons());
     // What is hidden takes no room: the window is as high as what it shows.
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -101,7 +117,10 @@ QWidget* frmProperty::makeDisabled()
     chkDisabled_ = widgets::tagged(new QCheckBox(line), "chkDisabled", "");
     widgets_["chkDisabled"] = chkDisabled_;
     layout->addWidget(chkDisabled_);
-    layout->addWidget(addCaption("lblDisabled", "150", line), 1);
+    layout->addWidget(addCaption("lblDisabled", "150", line));
+    lblDisabledWhy_ = addDetail("lblDisabledWhy", line);
+    layout->addWidget(lblDisabledWhy_, 1);
+    layout->addStretch();
     connect(chkDisabled_, &QCheckBox::clicked, this, [this](bool checked) { model_.clickDisabled(checked); });
     return line;
 }
@@ -137,6 +156,9 @@ QWidget* frmProperty::makeValues()
         grid->addWidget(addLabel(qPrintable("lblVal" + number), fraVal), row, 0);
         grid->addLayout(cell, row, 1);
     }
+    lblStandard_ = addDetail("lblStandard", fraVal);
+    lblStandard_->setForegroundRole(QPalette::PlaceholderText);
+    grid->addWidget(lblStandard_, kRows, 1);
     return fraVal;
 }
 
@@ -163,7 +185,15 @@ void frmProperty::addNumber(int row, QWidget* parent, QHBoxLayout& layout)
     layout.addLayout(pair);
     QLabel* range = addLabel(qPrintable("lblRange" + number), parent);
     range->setForegroundRole(QPalette::PlaceholderText);
+    if (row == 0) {
+        lblUnit_ = addDetail("lblUnit", parent);
+        layout.addWidget(lblUnit_);
+    }
     layout.addWidget(range);
+    if (row == kRows - 1) {
+        lblWholeAddress_ = addDetail("lblWholeAddress", parent);
+        layout.addWidget(lblWholeAddress_);
+    }
     layout.addStretch();
 }
 
@@ -187,6 +217,16 @@ QWidget* frmProperty::makeButtons()
     connect(cmdCopy_, &QPushButton::clicked, this, [this] { model_.cmdCopy_Click(); });
     setTabOrder(cmdApply_, cmdCopy_);
     return line;
+}
+
+// Words of this build's own, beside the controls.
+QLabel* frmProperty::addDetail(const char* name, QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->hide();
+    return label;
 }
 
 QLabel* frmProperty::addLabel(const char* name, QWidget* parent)
@@ -250,9 +290,36 @@ void frmProperty::showControls()
         spins_[row]->setVisible(field.visible);
         spins_[row]->setEnabled(field.enabled);
     }
+    showDetails();
     showEntries();
     cbxValEnum_->setCurrentIndex(controls.listIndex);
     chkDisabled_->setChecked(controls.checked);
+}
+
+void frmProperty::showDetails()
+{
+    const Details details = model_.details();
+    showDetail(lblTitle_, details.title);
+    showDetail(lblPath_, QString(details.path).replace('\\', QStringLiteral(" \u203a ")));
+    showDetail(lblUnit_, details.unit);
+    showDetail(lblStandard_, details.standard.isEmpty() ? QString()
+                                                        : texts_.own("property.default").arg(details.standard));
+    showDetail(lblWholeAddress_, details.wholeAddress.isEmpty()
+                                     ? QString()
+                                     : texts_.own("property.address.whole").arg(details.wholeAddress));
+    showDetail(lblWarning_, details.warning);
+    const Controls& controls = model_.controls();
+    showDetail(lblDisabledWhy_, controls.chkDisabled.visible && !model_.Enable() ? texts_.own("property.disabled")
+                                                                                 : QString());
+    // The limits in words stand in the place of the short form.
+    if (!details.limits.isEmpty())
+        static_cast<QLabel*>(widgets_["lblRange1"])->setText(details.limits);
+}
+
+void frmProperty::showDetail(QLabel* label, const QString& text)
+{
+    label->setText(text);
+    label->setVisible(!text.isEmpty());
 }
 
 void frmProperty::showEntries()
@@ -270,6 +337,7 @@ void frmProperty::leave(QWidget* field)
 {
     if (returning_)
         return;
+    left_[field->objectName()] = model_.SavedText();
     QMetaObject::invokeMethod(
         this, [this, field, saved = model_.SavedText(), sent = sent_] { check(field, saved, sent); },
         Qt::QueuedConnection);
@@ -280,8 +348,11 @@ void frmProperty::check(QWidget* field, const QString& saved, int sent)
     if (sent != sent_ || !isVisible() || focusWidget() == field || focusWidget() == cmdCancel_)
         return;
     const QPointer<frmProperty> alive(this); // the window may go while the box stands
-    if (model_.validate(field->objectName()) || !alive)
+    if (model_.validate(field->objectName()) || !alive) {
+        if (alive)
+            left_.remove(field->objectName());
         return;
+    }
     // While another window is active, the event of the focus comes later: it finds the field entered.
     for (widgets::FieldEdit* each : fields_)
         each->setEntered(each == field);
@@ -294,6 +365,26 @@ void frmProperty::focusOn(const QString& name)
 {
     ++sent_;
     goTo(widgets_[name]);
+    // It was left with what is refused now: Escape still puts back what stood there before.
+    if (const auto left = left_.constFind(name); left != left_.constEnd()) {
+        for (widgets::FieldEdit* each : fields_)
+            each->setEntered(each->objectName() == name);
+        model_.keepSavedText(*left);
+    }
+}
+
+// Enter goes through the fields; on the last one it is OK.
+void frmProperty::moveOn()
+{
+    bool behind = false;
+    for (widgets::FieldEdit* field : fields_) {
+        if (behind && field->isVisible() && field->isEnabled()) {
+            field->setFocus(Qt::TabFocusReason);
+            return;
+        }
+        behind = behind || field == focusWidget();
+    }
+    cmdOK_->click();
 }
 
 void frmProperty::goTo(QWidget* field)
@@ -302,6 +393,15 @@ void frmProperty::goTo(QWidget* field)
     field->setFocus(Qt::OtherFocusReason);
     if (auto* edit = qobject_cast<widgets::FieldEdit*>(field))
         edit->selectAll();
+}
+
+void frmProperty::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && qobject_cast<widgets::FieldEdit*>(focusWidget()))
+        moveOn();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 bool frmProperty::eventFilter(QObject* watched, QEvent* event)

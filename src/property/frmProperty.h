@@ -27,6 +27,7 @@ public:
                 PropertyModel& model);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -42,12 +43,20 @@ private:
 
     void showControls();
     void showEntries();
+    void showDetails();
+    QLabel* addDetail(const char* name, QWidget* parent);
+    void showDetail(QLabel* label, const QString& text);
+    void moveOn();
     void leave(QWidget* field);
     void check(QWidget* field, const QString& saved, int sent);
     void focusOn(const QString& name);
     void goTo(QWidget* field);
 
+    const session::Texts& texts_;
     PropertyModel& model_;
+    QHash<QString, QString> left_; // what Escape puts back into a field that was left, until it is accepted
+    QLabel *lblTitle_, *lblPath_, *lblUnit_, *lblStandard_, *lblWholeAddress_, *lblWarning_,
+        *lblDisabledWhy_;
     QHash<QString, QWidget*> widgets_; // by control name
     QList<widgets::FieldEdit*> fields_;
     QList<widgets::SpinButtons*> spins_; // updVal1 to updVal3

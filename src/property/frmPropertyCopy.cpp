@@ -4,11 +4,13 @@
 #include "platform/widgets/Icons.h"
 #include "property/PropertyCopy.h"
 #include "session/Session.h"
+#include "session/Texts.h"
 #include "widgets/FormLanguage.h"
 
 #include <QAction>
 #include <QEvent>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenuBar>
 #include <QProgressBar>
 #include <QToolBar>
@@ -27,7 +29,7 @@ constexpr QSize kSmallIcons(16, 16);
 } // namespace
 
 frmPropertyCopy::frmPropertyCopy(const Surroundings& with)
-    : session_(with.session), runCommand_(with.runCommand), copy_(with.copy)
+    : session_(with.session), texts_(with.texts), runCommand_(with.runCommand), copy_(with.copy)
 {
     setWindowTitle(session_.AppTitle + QStringLiteral("\\Copia Proprietà"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -37,7 +39,18 @@ frmPropertyCopy::frmPropertyCopy(const Surroundings& with)
     layout->setSpacing(0);
     layout->setMenuBar(makeMenus());
     layout->addWidget(makeToolbar());
+    lblSource_ = new QLabel(this);
+    lblSource_->setObjectName("lblSource");
+    lblWritten_ = new QLabel(this);
+    lblWritten_->setObjectName("lblWritten");
+    for (QLabel* label : {lblSource_, lblWritten_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(true);
+        label->setContentsMargins(10, 6, 10, 6);
+    }
+    layout->addWidget(lblSource_);
     layout->addWidget(makeList(), 1);
+    layout->addWidget(lblWritten_);
     prgLoad_ = new QProgressBar(this);
     prgLoad_->setObjectName("prgLoad");
     prgLoad_->setTextVisible(false);
@@ -45,6 +58,7 @@ frmPropertyCopy::frmPropertyCopy(const Surroundings& with)
     prgLoad_->hide();
     layout->addWidget(prgLoad_);
 
+    connect(&copy_, &PropertyCopy::copied, this, &frmPropertyCopy::showWords);
     connect(&copy_, &PropertyCopy::progress, this, &frmPropertyCopy::showProgress);
     ResetIcon();
     copy_.load();
@@ -122,6 +136,14 @@ QTreeView* frmPropertyCopy::makeList()
     return lvwItems_;
 }
 
+// From where, and what came of it.
+void frmPropertyCopy::showWords()
+{
+    lblSource_->setText(texts_.own("copy.source").arg(copy_.sourceName()));
+    lblWritten_->setText(texts_.own("copy.written").arg(copy_.written()));
+    lblWritten_->setVisible(copy_.written() > 0);
+}
+
 void frmPropertyCopy::showProgress(int done, int total)
 {
     prgLoad_->setRange(0, total);
@@ -145,8 +167,10 @@ void frmPropertyCopy::ResetIcon()
 
 void frmPropertyCopy::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         copy_.relabel();
+        showWords();
+    }
     QDialog::changeEvent(event);
 }
 

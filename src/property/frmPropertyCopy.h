@@ -9,6 +9,7 @@
 class QAction;
 class QMenu;
 class QMenuBar;
+class QLabel;
 class QProgressBar;
 class QToolBar;
 class QTreeView;
@@ -45,13 +46,16 @@ private:
     QTreeView* makeList();
     QAction* addEntry(QMenu& menu, const char* name, const char* tag);
     void addButton(const char* key, const char* icon, const char* tag, QAction* entry);
+    void showWords();
     void showProgress(int done, int total);
     void chooseIcons(const QString& command);
     void ResetIcon();
 
     const session::Session& session_;
+    const session::Texts& texts_;
     std::function<void(const QString& command)> runCommand_;
     PropertyCopy& copy_;
+    QLabel *lblSource_, *lblWritten_;
     QAction *mnuCheck_, *mnuUncheck_, *mnuCopy_, *mnuExit_;
     QToolBar* tlbMain_;
     QTreeView* lvwItems_;

@@ -45,6 +45,13 @@ bool apply(EnabledStates& states, const EnabledStates& rule)
     return changed;
 }
 
+// The code of the language that a mark stands for, or "".
+QString languageOfMark(const QString& name)
+{
+    static const QString kStart = QStringLiteral("mnuLanguage");
+    return name.startsWith(kStart) ? name.mid(kStart.size()) : QString();
+}
+
 } // namespace
 
 CommandStates::CommandStates(Session& session) : session_(session) {}
@@ -134,13 +141,15 @@ bool CommandStates::markable(const QString& name) const
                                     "mnuTlbComplete",   "mnuTlbViewComplete",
                                     "mnuTlbReduced",    "mnuTlbViewReduced",
                                     "mnuTlbLargeIcons", "mnuTlbSmallIcons"};
-    return viewOfMark(name) >= 0 || kLooks.contains(name);
+    return viewOfMark(name) >= 0 || kLooks.contains(name) || !languageOfMark(name).isEmpty();
 }
 
 bool CommandStates::marked(const QString& name) const
 {
     if (const int view = viewOfMark(name); view >= 0)
         return std::max<int>(session_.ListBusSet.View, 0) == view;
+    if (const QString language = languageOfMark(name); !language.isEmpty())
+        return session_.Language.Code == language;
     if (name == "mnuStructure" || name == "Tree")
         return session_.TreeBusSet.Visible != 0;
     if (name == "mnuTlbComplete" || name == "mnuTlbViewComplete")

@@ -50,16 +50,17 @@ QString twin(Place place, const QString& command)
 // The commands on an element. Their keys stand in the menu bar, whose entries tell what is enabled.
 std::vector<MenuEntry> itemCommands(Place place, const QString& prefix, bool withKeys)
 {
-    const auto entry = [&](const QString& name, int text, const QString& command, const QString& key) {
-        return MenuEntry{prefix + name, text, command, {}, {}, false, {}, withKeys ? key : QString()};
+    const auto entry = [&](const QString& name, int text, const QString& command, const QString& key,
+                           bool ofTheView = false) {
+        return MenuEntry{prefix + name, text, command, {}, {}, false, {}, key, ofTheView || !withKeys};
     };
     const auto ownEntry = [&](const QString& name, const QString& text, const QString& key) {
         return MenuEntry{prefix + name, 0,    twin(place, name),         {}, {},
                          false,         text, withKeys ? key : QString()};
     };
     return {
-        entry("New", 117, twin(place, "New"), {}),
-        entry("Delete", 118, twin(place, "Delete"), {}),
+        entry("New", 117, twin(place, "New"), "Ins", true),
+        entry("Delete", 118, twin(place, "Delete"), "Del", true),
         kSeparator,
         entry("Cut", 119, twin(place, "Cut"), "Ctrl+X"),
         entry("Copy", 120, twin(place, "Copy"), "Ctrl+C"),
@@ -69,8 +70,8 @@ std::vector<MenuEntry> itemCommands(Place place, const QString& prefix, bool wit
         entry("Resync", 123, twin(place, "Resync"), {}),
         entry("Reset", 122, twin(place, "Reset"), {}),
         kSeparator,
-        entry("ReadWrite", 125, twin(place, "ReadWrite"), {}),
-        entry("Property", 124, twin(place, "Property"), {}),
+        entry("ReadWrite", 125, twin(place, "ReadWrite"), "Ctrl+R"),
+        entry("Property", 124, twin(place, "Property"), place == Place::List ? "Return" : "", true),
         ownEntry("History", "menu.history", "Ctrl+H"),
         ownEntry("Compare", "menu.compare", "Ctrl+Shift+C"),
     };
@@ -87,12 +88,15 @@ MenuEntry own(const QString& name, const QString& text, const QString& command, 
     return {name, 0, command, {}, {}, false, text, shortcut};
 }
 
-MenuEntry commandMenu(Place place)
+// The windows that look through the company.
+std::vector<MenuEntry> looks(const QString& prefix, bool withKeys)
 {
-    MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu", true)};
-    menu.entries.push_back(kSeparator);
-    menu.entries.push_back({"mnuAllarms", 291, "Allarms"});
-    return menu;
+    std::vector<MenuEntry> entries{own(prefix + "Filter", "menu.filter", "Filter", "Ctrl+F"),
+                                   own(prefix + "Find", "menu.find", "Find", "Ctrl+Shift+F"),
+                                   own(prefix + "Pending", "menu.pending", "Pending", "Ctrl+Shift+P")};
+    for (MenuEntry& entry : entries)
+        entry.shortcutOnlyShown = !withKeys;
+    return entries;
 }
 
 std::vector<MenuEntry> toolbarLook(const QString& complete, const QString& reduced)
@@ -104,6 +108,39 @@ std::vector<MenuEntry> toolbarLook(const QString& complete, const QString& reduc
         choice("mnuTlbLargeIcons", 131, "TlbLargeIcons"),
         choice("mnuTlbSmallIcons", 132, "TlbSmallIcons"),
     };
+}
+
+MenuEntry viewMenu()
+{
+    MenuEntry menu{"mnuView",
+                   126,
+                   {},
+                   {{"mnuStructure", 127, "Tree"},
+                    {"mnuTlb", 128, {}, toolbarLook("mnuTlbComplete", "mnuTlbReduced")},
+                    kSeparator,
+                    choice("mnuLargeIcons", 131, "LargeIcon"),
+                    choice("mnuSmallIcons", 132, "SmallIcon"),
+                    choice("mnuListIcons", 133, "List"),
+                    choice("mnuReportIcons", 134, "Report"),
+                    kSeparator}};
+    for (MenuEntry& entry : looks("mnu", true))
+        menu.entries.push_back(std::move(entry));
+    menu.entries.push_back(kSeparator);
+    MenuEntry languages{"mnuLanguage", 0, {}, {}, {}, false, "menu.language"};
+    const std::pair<const char*, const char*> kLanguages[] = {{"EN", "&English"}, {"IT", "&Italiano"}, {"RU", "&Русский"}};
+    for (const auto& [code, name] : kLanguages)
+        languages.entries.push_back(
+            {QStringLiteral("mnuLanguage") + code, 0, QStringLiteral("Language") + code, {}, name, true});
+    menu.entries.push_back(languages);
+    return menu;
+}
+
+MenuEntry commandMenu(Place place)
+{
+    MenuEntry menu{"mnuCommands", 116, {}, itemCommands(place, "mnu", true)};
+    menu.entries.push_back(kSeparator);
+    menu.entries.push_back({"mnuAllarms", 291, "Allarms"});
+    return menu;
 }
 
 } // namespace
@@ -128,20 +165,7 @@ std::vector<MenuEntry> menuBar(Place place)
           kSeparator,
           {"mnuExit", 115, "Exit"}}},
         commandMenu(place),
-        {"mnuView",
-         126,
-         {},
-         {{"mnuStructure", 127, "Tree"},
-          {"mnuTlb", 128, {}, toolbarLook("mnuTlbComplete", "mnuTlbReduced")},
-          kSeparator,
-          choice("mnuLargeIcons", 131, "LargeIcon"),
-          choice("mnuSmallIcons", 132, "SmallIcon"),
-          choice("mnuListIcons", 133, "List"),
-          choice("mnuReportIcons", 134, "Report"),
-          kSeparator,
-          own("mnuFilter", "menu.filter", "Filter", "Ctrl+F"),
-          own("mnuFind", "menu.find", "Find", "Ctrl+Shift+F"),
-          own("mnuPending", "menu.pending", "Pending", "Ctrl+Shift+P")}},
+        viewMenu(),
         {"mnuUtility",
          135,
          {},
@@ -171,6 +195,9 @@ std::vector<MenuEntry> popupBus(Place place)
         };
         entries.insert(entries.begin(), views.begin(), views.end());
     }
+    entries.push_back(kSeparator);
+    for (MenuEntry& entry : looks("mnuBus", false))
+        entries.push_back(std::move(entry));
     return entries;
 }
 

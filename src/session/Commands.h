@@ -36,6 +36,7 @@ struct MenuEntry
     bool oneOf = false;
     QString ownText = {}; // name of the caption among the own texts, for one without an offset
     QString shortcut = {};
+    bool shortcutOnlyShown = false; // the views listen to the key themselves
 
     bool isSeparator() const { return name == QLatin1String("-"); }
 };

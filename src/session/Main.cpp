@@ -209,12 +209,13 @@ bool Main::confirmedLeaving()
     QString question = texts_(524);
     if (session_.COMPort.Status > kLineIdle)
         question += "\r\n" + texts_.own("exit.connected");
-    return confirmed(question);
+    const int waiting = services_.valuesWaiting();
+    return confirmed(question, waiting > 0 ? texts_.own("exit.waiting").arg(waiting) : QString());
 }
 
-bool Main::confirmed(const QString& question)
+bool Main::confirmed(const QString& question, const QString& more)
 {
-    return operator_.messageBox(question, Buttons::YesNo, Icon::Question, session_.AppTitle) ==
+    return operator_.ask({.text = question, .more = more, .title = session_.AppTitle}) ==
            platform::answers::kYes;
 }
 

@@ -37,6 +37,8 @@ struct MainServices
     std::function<void()> showCaption;
     // The process ends, whatever windows stand.
     std::function<void()> endProgram;
+    // Values of the open company that are changed and not yet written.
+    std::function<int()> valuesWaiting = [] { return 0; };
 };
 
 // The program's beginning and end: start-up in its order, the company commands of the File menu that close,
@@ -85,7 +87,7 @@ private:
     void openLastCompany();
     void askForLogin();
     bool confirmedLeaving();
-    bool confirmed(const QString& question);
+    bool confirmed(const QString& question, const QString& more = {});
 
     Session& session_;
     const Texts& texts_;

@@ -1,12 +1,13 @@
 #include "structure/ListModel.h"
 
+#include "structure/Image.h"
+
 #include <algorithm>
+#include <optional>
 
 namespace structure {
 
 namespace {
-
-constexpr int kColumns = 3;
 
 const QString& textOf(const ListItem& item, int column)
 {
@@ -15,9 +16,44 @@ const QString& textOf(const ListItem& item, int column)
         return item.subtext;
     case 2:
         return item.detail;
+    case 3:
+        return item.extra;
     default:
         return item.text;
     }
+}
+
+// The number that a cell begins with, "1,234.5 bar" or "-4"; none when it is a part of a word, a time or an
+// address such as "0A".
+std::optional<double> numberOf(const QString& cell)
+{
+    QString digits;
+    qsizetype at = 0;
+    for (; at < cell.size(); ++at) {
+        const QChar character = cell[at];
+        const bool sign = character == u'-' && at == 0;
+        if (sign || character == u'.' || (character >= u'0' && character <= u'9'))
+            digits += character;
+        else if (character != u',' || digits.isEmpty())
+            break;
+    }
+    if (digits.isEmpty() || (at < cell.size() && cell[at] != u' '))
+        return std::nullopt;
+    bool isNumber = false;
+    const double number = digits.toDouble(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+// Numbers by their size and in front of words; words without regard to case.
+int compareCells(const QString& one, const QString& other)
+{
+    const std::optional<double> first = numberOf(one);
+    const std::optional<double> second = numberOf(other);
+    if (first && second && *first != *second)
+        return *first < *second ? -1 : 1;
+    if (first.has_value() != second.has_value())
+        return first ? -1 : 1;
+    return one.compare(other, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -87,8 +123,17 @@ void ListModel::setPaleKey(const QString& key)
 {
     for (const QString& changed : {std::exchange(paleKey_, key), key}) {
         if (const int row = rowOf(changed); row >= 0)
-            emit dataChanged(index(row, 0), index(row, kColumns - 1), {PaleRole});
+            emit dataChanged(index(row, 0), index(row, columns_ - 1), {PaleRole});
     }
+}
+
+void ListModel::setMarks(const Marks& marks)
+{
+    if (marks == marks_)
+        return;
+    marks_ = marks;
+    if (rowCount() > 0)
+        emit dataChanged(index(0, 0), index(rowCount() - 1, 0), {MarkRole});
 }
 
 bool ListModel::updateItem(const ListItem& item)
@@ -98,7 +143,7 @@ bool ListModel::updateItem(const ListItem& item)
         return false;
     items_[place].item = item;
     if (const int row = items_[place].row; row != kHidden)
-        emit dataChanged(index(row, 0), index(row, kColumns - 1));
+        emit dataChanged(index(row, 0), index(row, columns_ - 1));
     return true;
 }
 
@@ -121,10 +166,13 @@ int ListModel::rowOf(const QString& key) const
 
 void ListModel::setFilter(const QString& text)
 {
-    if (text == filter())
+    if (text == filter_)
         return;
     beginResetModel();
-    matcher_.setPattern(text);
+    filter_ = text;
+    words_.clear();
+    for (const QString& word : text.split(u' ', Qt::SkipEmptyParts))
+        words_.emplace_back(word, Qt::CaseInsensitive);
     applyFilter();
     endResetModel();
     emit filterChanged();
@@ -132,25 +180,45 @@ void ListModel::setFilter(const QString& text)
 
 bool ListModel::passes(const ListItem& item) const
 {
-    for (int column = 0; column < kColumns; ++column) {
-        if (matcher_.indexIn(textOf(item, column)) >= 0)
-            return true;
+    bool ofItsOwn = words_.empty();
+    for (const QStringMatcher& word : words_) {
+        bool own = false;
+        for (int column = 0; column < columns_ && !own; ++column)
+            own = word.indexIn(textOf(item, column)) >= 0;
+        if (!own && word.indexIn(place_) < 0)
+            return false;
+        ofItsOwn = ofItsOwn || own;
     }
-    return false;
+    return ofItsOwn;
 }
 
 void ListModel::applyFilter()
 {
-    const bool all = filter().isEmpty();
-    for (Item& each : items_)
-        each.row = all || passes(each.item) ? 0 : kHidden;
+    // A text that stands somewhere as a whole is meant as one; else each of its words is looked for.
+    const QStringMatcher whole(filter_, Qt::CaseInsensitive);
+    const auto holdsWhole = [&](const ListItem& item) {
+        for (int column = 0; column < columns_; ++column) {
+            if (whole.indexIn(textOf(item, column)) >= 0)
+                return true;
+        }
+        return false;
+    };
+    bool found = false;
+    for (Item& each : items_) {
+        each.row = filter_.isEmpty() || holdsWhole(each.item) ? 0 : kHidden;
+        found = found || each.row != kHidden;
+    }
+    for (Item& each : items_) {
+        if (!found && passes(each.item))
+            each.row = 0;
+    }
     numberRows();
 }
 
 void ListModel::setColumnCaptions(const QStringList& captions)
 {
     captions_ = captions;
-    emit headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
 }
 
 void ListModel::sortByColumn(int column, bool ascending)
@@ -167,7 +235,7 @@ void ListModel::sortByColumn(int column, bool ascending)
     for (int i = 0; i < former.size(); ++i)
         changePersistentIndex(former[i], index(rowOf(keys[i]), former[i].column()));
     emit layoutChanged({}, VerticalSortHint);
-    emit headerDataChanged(Qt::Horizontal, 0, kColumns - 1);
+    emit headerDataChanged(Qt::Horizontal, 0, columns_ - 1);
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const
@@ -177,7 +245,7 @@ int ListModel::rowCount(const QModelIndex& parent) const
 
 int ListModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : kColumns;
+    return parent.isValid() ? 0 : columns_;
 }
 
 QVariant ListModel::data(const QModelIndex& index, int role) const
@@ -194,6 +262,10 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return item.icon;
     case PaleRole:
         return item.key == paleKey_;
+    case MarkRole:
+        return item.marks | marks_.value(item.key);
+    case ValueRole:
+        return item.icon >= int(Image::Parameter) ? item.subtext : QString();
     default:
         return {};
     }
@@ -201,7 +273,7 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= kColumns)
+    if (orientation != Qt::Horizontal || section < 0 || section >= columns_)
         return {};
     if (role == Qt::DisplayRole)
         return captions_.value(section);
@@ -214,8 +286,7 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
 bool ListModel::before(const Item& one, const Item& other) const
 {
     if (sortColumn_ >= 0) {
-        const int order =
-            textOf(one.item, sortColumn_).compare(textOf(other.item, sortColumn_), Qt::CaseInsensitive);
+        const int order = compareCells(textOf(one.item, sortColumn_), textOf(other.item, sortColumn_));
         if (order != 0)
             return ascending_ ? order < 0 : order > 0;
     }

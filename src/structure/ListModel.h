@@ -1,5 +1,7 @@
 #pragma once
 
+#include "structure/Mark.h"
+
 #include <QAbstractTableModel>
 #include <QHash>
 #include <QStringList>
@@ -15,6 +17,8 @@ struct ListItem
     QString subtext; // sub-item 1: phone, address or value
     QString detail;  // sub-item 2: description
     int icon = 0;    // 1 root, 2 group, 3 instrument, 4 parameter group, 5 to 7 parameter by state
+    int marks = 0;   // its own, beside those that are set for its key
+    QString extra = {}; // the fourth column, where there is one
 };
 
 // The children of the selected tree node as a list of three columns. A filter narrows what is shown: rows are
@@ -28,10 +32,12 @@ public:
     {
         KeyRole = Qt::UserRole,
         ImageRole,
-        PaleRole
+        PaleRole,
+        MarkRole,
+        ValueRole // of a parameter; "" for any other item
     };
 
-    using QAbstractTableModel::QAbstractTableModel;
+    explicit ListModel(int columns = 3) : columns_(columns) {}
 
     void clear();
     // Replaces all items at once; of two with the same key the first stays.
@@ -42,16 +48,20 @@ public:
     bool updateItem(const ListItem& item); // by key
     // PaleRole is true for this one item; "" for none.
     void setPaleKey(const QString& key);
+    // MarkRole is what is set here for an item, beside the item's own.
+    void setMarks(const Marks& marks);
     const ListItem* item(const QString& key) const;
     QString keyAt(int row) const;
     int rowOf(const QString& key) const;                 // -1 when missing or hidden
     int itemCount() const { return int(items_.size()); } // hidden ones among them
 
-    // Shows only the items that hold the text in one of their columns, in any case; "" shows all.
+    // Shows only the items that hold every word of the text, in any case: one of them at least in a column of
+    // their own, the others there or in the place that they all have in common. "" shows all.
     void setFilter(const QString& text);
-    QString filter() const { return matcher_.pattern(); }
+    const QString& filter() const { return filter_; }
+    void setPlace(const QString& place) { place_ = place; }
 
-    void setColumnCaptions(const QStringList& captions); // three
+    void setColumnCaptions(const QStringList& captions); // one a column
     QStringList columnCaptions() const { return captions_; }
 
     // Sorted by a column, without regard to case; -1 is the order of loading. It stays in force for what is
@@ -85,13 +95,16 @@ private:
     void numberPlaces(int from);
     void numberRows();
 
+    const int columns_;
     std::vector<Item> items_; // in the order of the list
     QHash<QString, int> placeByKey_;
     std::vector<int> places_; // of the items shown, by row
-    QStringMatcher matcher_{QString(), Qt::CaseInsensitive};
+    QString filter_, place_;
+    std::vector<QStringMatcher> words_; // of the filter
     int nextOrder_ = 0;
     QStringList captions_{QString(), QString(), QString()};
     QString paleKey_;
+    Marks marks_;
     int sortColumn_ = -1;
     bool ascending_ = true;
 };

@@ -10,6 +10,7 @@
 #include "structure/Image.h"
 #include "values/Display.h"
 
+#include <QSet>
 #include <optional>
 
 namespace structure {
@@ -48,6 +49,7 @@ public:
 
     void expect(int items) { items_.reserve(std::size_t(items)); }
     void add(ListItem item) { items_.push_back(std::move(item)); }
+    ListItem& last() { return items_.back(); }
 
 private:
     ListModel& list_;
@@ -144,6 +146,19 @@ ListItem parameterItem(const Recordset& row, const QString& shown)
             imageOfState(row.number(kState))};
 }
 
+// The parameters of a group that can't be written, by the catalogue.
+QSet<QString> readOnlyOf(const QString& IDParGrp, const platform::Connection& company)
+{
+    Recordset rows;
+    rows.Open(QStringLiteral("SELECT mID FROM tbParam WHERE ((mKeyParGroup = %1) AND (Coalesce(mEnable, 0) = 0));")
+                  .arg(Compose_SqlText(IDParGrp)),
+              company);
+    QSet<QString> ids;
+    for (; !rows.Eof(); rows.MoveNext())
+        ids << rows.text(QStringLiteral("mID"));
+    return ids;
+}
+
 } // namespace
 
 void Structure::Load_Items_ListBus(const QString& key)
@@ -165,6 +180,8 @@ void Structure::Load_Items_ListBus(const QString& key)
 void Structure::fillList(int level, const KeyParts& ids, std::optional<platform::RuntimeError>& badChoice)
 {
     selectItem({});
+    list_.clear();
+    list_.sortByColumn(-1, true); // what is loaded stands in the order of the company
     Filling filling(list_);
     Set_ColName_ListBus(level);
     const QString sql = sqlOfChildren(level, ids, Compose_SqlText(session_.Language.Code));
@@ -184,6 +201,8 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
             return {};
         }
     };
+    const QSet<QString> readOnly =
+        level == kParamGroup ? readOnlyOf(ids.IDParGrp, session_.cnDatabase) : QSet<QString>();
     // The text of the row before stands until a row gives one of its own.
     QString shown;
     filling.expect(rows.RecordCount());
@@ -195,6 +214,8 @@ void Structure::fillList(int level, const KeyParts& ids, std::optional<platform:
         shown = values::displayValue(rows.optionalText(kValue), rows.text(kKeyType), rows.text(kPrec),
                                      rows.optionalText(kUnit), choice, shown);
         filling.add(parameterItem(rows, shown));
+        if (readOnly.contains(rows.text(kIDPar)))
+            filling.last().marks = kReadOnly;
     }
 }
 

@@ -7,6 +7,7 @@
 #include "session/Session.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
+#include "structure/Holdings.h"
 #include "structure/Image.h"
 #include "structure/Structure.h"
 
@@ -62,7 +63,8 @@ void PlantEditor::New_Item()
 
 void PlantEditor::newGroup()
 {
-    if (!confirmed(584, platform::Icon::Question))
+    if (with_.op.messageBox(with_.texts(584), platform::Buttons::YesNo, platform::Icon::Question,
+                            with_.session.AppTitle) != platform::answers::kYes)
         return;
     const int number = records_.IDMax_Grp();
     if (number == 0)
@@ -142,7 +144,7 @@ void PlantEditor::Delete_Item()
 {
     guarded("Module/Delete_Item", [&] {
         const QString key = with_.structure.selectedItem();
-        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !deletionConfirmed(key) || key == kRootKey)
             return;
         const int row = with_.structure.list().rowOf(key);
         if (Erase_Item(key))
@@ -157,7 +159,7 @@ void PlantEditor::Delete_Node()
 {
     guarded("frmTreeBus/Delete_Node", [&] {
         const QString key = with_.structure.selectedNode();
-        if (!mayModify() || key.isEmpty() || !confirmed(506, platform::Icon::Exclamation) || key == kRootKey)
+        if (!mayModify() || key.isEmpty() || !deletionConfirmed(key) || key == kRootKey)
             return;
         Erase_Item(key);
         with_.structure.Load_Items_ListBus(with_.structure.selectedNode());
@@ -169,10 +171,14 @@ bool PlantEditor::mayModify() const
     return session::rightOf(with_.session.CurrentUser.Modify);
 }
 
-bool PlantEditor::confirmed(int question, platform::Icon icon)
+// Told in the question: whoever presses Delete by the keyboard may not look at what is selected.
+bool PlantEditor::deletionConfirmed(const QString& key)
 {
-    return with_.op.messageBox(with_.texts(question), platform::Buttons::YesNo, icon,
-                               with_.session.AppTitle) == platform::answers::kYes;
+    const ListItem* shown = with_.structure.list().item(key);
+    const QString name = shown ? shown->text : with_.structure.tree().captionOf(key);
+    return with_.op.ask({with_.texts(506), toldOf(with_.session, with_.texts, key, name),
+                         platform::Icon::Exclamation, with_.session.AppTitle, true}) ==
+           platform::answers::kYes;
 }
 
 bool PlantEditor::Erase_Item(const QString& key)

@@ -42,7 +42,7 @@ private:
     void newInstrument(const QString& IDGrp);
     QString chooseType();
     void addParamGroupNodes(const QString& IDGrp, const QString& IDInst, const QString& IDItem);
-    bool confirmed(int question, platform::Icon icon);
+    bool deletionConfirmed(const QString& key);
     // What the operator may not do is refused here too, not only closed in the menus.
     bool mayModify() const;
     void selectItemAt(int row);

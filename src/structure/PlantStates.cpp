@@ -8,6 +8,7 @@
 #include "session/Session.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
+#include "structure/Holdings.h"
 #include "structure/ParamGroupNodes.h"
 #include "structure/Structure.h"
 #include "structure/UpdateProgress.h"
@@ -158,7 +159,7 @@ void PlantStates::Resync_Node()
 
 void PlantStates::resync(const QString& key)
 {
-    if (key.isEmpty() || !mayModify() || !confirmed(511) || !Synchronize_Item(key))
+    if (key.isEmpty() || !mayModify() || !confirmed({texts_(511)}) || !Synchronize_Item(key))
         return;
     structure_.reloadList();
     tellDone(texts_.own(QStringLiteral("resync.added")).arg(added_));
@@ -179,7 +180,11 @@ void PlantStates::Reset_Node()
 
 void PlantStates::reset(const QString& key)
 {
-    if (key.isEmpty() || !mayModify() || !confirmed(512))
+    if (key.isEmpty() || !mayModify())
+        return;
+    const ListItem* shown = structure_.list().item(key);
+    const QString name = shown ? shown->text : structure_.tree().captionOf(key);
+    if (!confirmed({.text = texts_(512), .more = toldOf(session_, texts_, key, name), .destroys = true}))
         return;
     const bool done = [&] {
         const values::Causing causing(session_.cnDatabase, values::ValueCause::Reset);
@@ -199,12 +204,11 @@ bool PlantStates::mayModify() const
 }
 
 // Yes to the question, and the company that it was asked about is still open.
-bool PlantStates::confirmed(int question)
+bool PlantStates::confirmed(platform::Question question)
 {
     const QString company = session_.dbFile();
-    return operator_.messageBox(texts_(question), platform::Buttons::YesNo, platform::Icon::Question,
-                                session_.AppTitle) == platform::answers::kYes &&
-           session_.dbFile() == company;
+    question.title = session_.AppTitle;
+    return operator_.ask(question) == platform::answers::kYes && session_.dbFile() == company;
 }
 
 void PlantStates::tellDone(const QString& more)

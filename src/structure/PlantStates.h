@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Forward.h"
+#include "platform/Operator.h"
 #include "session/Forward.h"
 
 #include <QObject>
@@ -45,7 +45,7 @@ private:
     int synchronizeAll(const QString& key);
     void tellStep(const QString& instrument, int done, int count, int added);
     bool mayModify() const;
-    bool confirmed(int question);
+    bool confirmed(platform::Question question);
     void tellDone(const QString& more = {});
 
     session::Session& session_;

@@ -59,6 +59,7 @@ bool Structure::Remove_Node_TreeBus(const QString& key)
         const QString above = tree_.parentOf(key);
         if (!tree_.removeNode(key))
             failOnElement(key);
+        memory_.forgetBelow(key);
         // A selection that went with the node passes to the element above it.
         if (!tree_.contains(selectedNode_))
             selectNode(above);
@@ -107,8 +108,11 @@ void Structure::Select_Item_ListBus()
             showRootItem();
             emit levelLoaded(kNoSelection);
         } else {
+            const QString left = selectedNode_;
             Load_Items_ListBus(parent);
             selectNode(parent);
+            if (list_.item(left))
+                selectItem(left);
         }
         setPath(tree_.fullPathOf(selectedNode_));
     });
@@ -223,6 +227,7 @@ void Structure::selectItem(const QString& key)
 void Structure::setPath(const QString& path)
 {
     path_ = path;
+    list_.setPlace(path);
     emit pathChanged();
 }
 

@@ -3,6 +3,7 @@
 #include "platform/Forward.h"
 #include "platform/RuntimeError.h"
 #include "session/Forward.h"
+#include "structure/InstrumentMemory.h"
 #include "structure/ListModel.h"
 #include "structure/NodeKey.h"
 #include "structure/TreeModel.h"
@@ -21,8 +22,11 @@ class Structure : public QObject
 public:
     Structure(session::Session& session, const session::Texts& texts, platform::Operator& op);
 
-    TreeModel& tree() { return tree_; }                           // tvwBus
+    TreeModel& tree() { return tree_; } // tvwBus
+    const TreeModel& tree() const { return tree_; }
     ListModel& list() { return list_; }                           // lvwBus
+    InstrumentMemory& memory() { return memory_; }
+    const InstrumentMemory& memory() const { return memory_; }
     const QString& path() const { return path_; }                 // lblPath
     const QString& selectedNode() const { return selectedNode_; } // key, "" for none
     const QString& selectedItem() const { return selectedItem_; } // key, "" for none
@@ -108,6 +112,7 @@ private:
     platform::Operator& operator_;
     TreeModel tree_;
     ListModel list_;
+    InstrumentMemory memory_;
     QString path_, selectedNode_, selectedItem_;
     QString newestGroup_;
     bool treeVisible_ = true; // as the window starts; TreeBusSet.Visible follows at the first Hide_TreeBus

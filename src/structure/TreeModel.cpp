@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace structure {
 
@@ -133,6 +134,18 @@ void TreeModel::setPaleKey(const QString& key)
     }
 }
 
+void TreeModel::setMarks(const Marks& marks)
+{
+    const Marks former = std::exchange(marks_, marks);
+    for (const Marks* keys : std::initializer_list<const Marks*>{&former, &marks_}) {
+        for (auto mark = keys->constBegin(); mark != keys->constEnd(); ++mark) {
+            const QModelIndex node = indexOf(mark.key());
+            if (!bulk_ && node.isValid() && former.value(mark.key()) != marks_.value(mark.key()))
+                emit dataChanged(node, node, {MarkRole});
+        }
+    }
+}
+
 bool TreeModel::contains(const QString& key) const
 {
     return idByKey_.contains(key);
@@ -213,6 +226,8 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
         return node.image;
     case PaleRole:
         return node.key == paleKey_;
+    case MarkRole:
+        return marks_.value(node.key);
     default:
         return {};
     }

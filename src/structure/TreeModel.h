@@ -1,5 +1,7 @@
 #pragma once
 
+#include "structure/Mark.h"
+
 #include <QAbstractItemModel>
 #include <QHash>
 #include <functional>
@@ -19,7 +21,8 @@ public:
     {
         KeyRole = Qt::UserRole,
         ImageRole,
-        PaleRole
+        PaleRole,
+        MarkRole
     };
 
     explicit TreeModel(QObject* parent = nullptr);
@@ -42,6 +45,8 @@ public:
     void orderChildren(const QString& key);
     // PaleRole is true for this one node; "" for none.
     void setPaleKey(const QString& key);
+    // MarkRole is what is set here for a node.
+    void setMarks(const Marks& marks);
 
     bool contains(const QString& key) const;
     QString keyOf(const QModelIndex& index) const;
@@ -84,6 +89,7 @@ private:
     int root_ = kNone;
     bool bulk_ = false;
     QString paleKey_;
+    Marks marks_;
 };
 
 } // namespace structure

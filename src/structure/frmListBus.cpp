@@ -5,11 +5,11 @@
 #include "structure/Structure.h"
 #include "structure/widgets/FilterField.h"
 #include "structure/widgets/ListBusView.h"
+#include "widgets/ElidedLabel.h"
 #include "widgets/FormUnits.h"
 #include "widgets/PlainToolTip.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
 
@@ -17,7 +17,7 @@ namespace structure {
 
 frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
                        QWidget* parent)
-    : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new QLabel(this)),
+    : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new widgets::ElidedLabel(this)),
       txtFilter_(new FilterField(structure, this)), lvwBus_(new ListBusView(structure.list(), this)),
       lblUpdate_(new QLabel(this)), prgUpdate_(new QProgressBar(this))
 {
@@ -68,6 +68,8 @@ void frmListBus::listen()
     connect(txtFilter_, &FilterField::listWanted, this, [this] { lvwBus_->setFocus(); });
 
     connect(&structure_.list(), &ListModel::filterChanged, this, &frmListBus::showEmptyText);
+    connect(&structure_, &Structure::levelLoaded, this, &frmListBus::showEmptyText);
+    connect(&structure_, &Structure::nodeSelected, this, &frmListBus::showEmptyText);
     connect(&structure_, &Structure::itemSelected, lvwBus_, &ListBusView::select);
     connect(&structure_, &Structure::updateShown, this, &frmListBus::showProgress);
     connect(&structure_, &Structure::updateProgress, this, &frmListBus::setProgress);
@@ -86,8 +88,11 @@ void frmListBus::showFilter()
 
 void frmListBus::showEmptyText()
 {
-    const bool filtered = !structure_.list().filter().isEmpty();
-    lvwBus_->setEmptyText(texts_.own(filtered ? "filter.nothing" : "list.empty"));
+    const int level = structure_.levelOfTree();
+    const char* words = level == kRoot ? "list.empty.root" : level == kGroup ? "list.empty.group" : "list.empty";
+    if (!structure_.list().filter().isEmpty())
+        words = "filter.nothing";
+    lvwBus_->setEmptyText(texts_.own(words));
 }
 
 void frmListBus::keyPressEvent(QKeyEvent* event)

@@ -5,8 +5,11 @@
 #include <QWidget>
 
 class QKeyEvent;
-class QLabel;
 class QProgressBar;
+
+namespace widgets {
+class ElidedLabel;
+}
 
 namespace structure {
 
@@ -54,7 +57,7 @@ private:
     Structure& structure_;
     session::Session& session_;
     const session::Texts& texts_;
-    QLabel* lblPath_;
+    widgets::ElidedLabel* lblPath_;
     FilterField* txtFilter_;
     ListBusView* lvwBus_;
     QLabel* lblUpdate_;

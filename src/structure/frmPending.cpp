@@ -1,30 +1,67 @@
 #include "structure/frmPending.h"
 
+#include "platform/Connection.h"
+#include "platform/Guard.h"
+#include "platform/Operator.h"
 #include "platform/widgets/Icons.h"
+#include "session/Helpers.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "structure/Image.h"
+#include "structure/Jump.h"
+#include "structure/ShownValue.h"
+#include "structure/Structure.h"
 #include "structure/widgets/ResultView.h"
 #include "widgets/FormLanguage.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QPushButton>
+#include <QSet>
 #include <QStackedWidget>
 
 namespace structure {
 
+namespace {
+
+// A write that was not confirmed, among those that are still to come.
+ListItem unconfirmedItem(const session::Session& session, const session::Texts& texts, const Structure& structure,
+                         const UnconfirmedWrite& write)
+{
+    const KeyParts ids = Extract_Key(write.key);
+    const QString plant = structure.tree().captionOf(groupKey(ids.IDGrp));
+    const QString found =
+        write.found ? shownValue(session, ids.IDPar, write.found) : texts.own("write.failed.unread");
+    return {.key = write.key,
+            .text = write.name,
+            .subtext = shownValue(session, ids.IDPar, write.expected),
+            .detail = plant + '\\' + write.instrument + '\\' + write.group,
+            .icon = int(Image::Parameter),
+            .marks = kHoldsUnconfirmed,
+            .extra = texts.own("pending.readback").arg(found)};
+}
+
+} // namespace
+
 frmPending::frmPending(Structure& structure, session::Session& session, const session::Texts& texts,
-                       platform::Operator& op)
+                       platform::Operator& op, std::function<void()> readWrite)
     : ResultDialog(structure, session, texts,
-                   {"frmPending", "pending", "lvwPending", "lblPending", "pending.title"}),
-      nothing_(new QWidget), lblNothing_(new QLabel(nothing_)),
+                   {"frmPending", "pending", "lvwPending", "lblPending", "pending.title"}, 4),
+      operator_(op), readWrite_(std::move(readWrite)), nothing_(new QWidget), lblNothing_(new QLabel(nothing_)),
       cmdRefresh_(new QPushButton(platform::icon("refresh"), {}, this)),
+      cmdTakeBack_(new QPushButton(platform::icon("reset"), {}, this)),
+      cmdReadWrite_(new QPushButton(platform::icon("read-write"), {}, this)),
       job_(*this, [this](const PendingWrites& pending) { showWrites(pending); })
 {
     layOut();
     connect(cmdShow_, &QPushButton::clicked, this, [this] { take(view_->selectedKey()); });
     connect(cmdRefresh_, &QPushButton::clicked, this, &frmPending::refresh);
+    connect(cmdTakeBack_, &QPushButton::clicked, this, &frmPending::takeBack);
+    connect(cmdReadWrite_, &QPushButton::clicked, this, &frmPending::openConsole);
+    connect(view_->selectionModel(), &QItemSelectionModel::currentChanged, this, &frmPending::enableCommands);
+    connect(&structure.memory(), &InstrumentMemory::changed, this, &frmPending::refresh);
     widgets::Set_Language(*this, session, texts, op);
 }
 
@@ -45,10 +82,20 @@ void frmPending::layOut()
     pages_->addWidget(nothing_);
 
     cmdRefresh_->setObjectName("cmdRefresh");
-    cmdRefresh_->setAutoDefault(false);
+    cmdTakeBack_->setObjectName("cmdTakeBack");
+    cmdReadWrite_->setObjectName("cmdReadWrite");
+    QWidget* before = view_;
+    for (QPushButton* button : {cmdTakeBack_, cmdReadWrite_, cmdRefresh_}) {
+        button->setAutoDefault(false);
+        setTabOrder(before, button);
+        before = button;
+    }
+    setTabOrder(before, cmdShow_);
+    commands_->addWidget(cmdTakeBack_);
+    commands_->addWidget(cmdReadWrite_);
+    commands_->addStretch();
     bottom_->insertWidget(1, cmdRefresh_);
-    setTabOrder(view_, cmdRefresh_);
-    setTabOrder(cmdRefresh_, cmdShow_);
+    resize(900, 480);
 }
 
 void frmPending::refresh()
@@ -63,14 +110,82 @@ void frmPending::refresh()
 
 void frmPending::showWrites(const PendingWrites& pending)
 {
-    showItems(pending.items);
-    const bool none = pending.items.empty();
+    const InstrumentMemory& memory = structure_.memory();
+    std::vector<ListItem> items;
+    QSet<QString> changedAgain;
+    for (const ListItem& item : pending.items)
+        changedAgain << item.key;
+    for (const auto& [key, write] : memory.unconfirmed()) {
+        if (!changedAgain.contains(key))
+            items.push_back(unconfirmedItem(session_, texts_, structure_, write));
+    }
+    for (ListItem item : pending.items) {
+        const std::optional<QString> known = memory.valueOf(item.key);
+        item.extra = known ? shownValue(session_, Extract_Key(item.key).IDPar, known) : texts_.own("pending.unknown");
+        item.marks = memory.isUnconfirmed(item.key) ? int(kHoldsUnconfirmed) : 0;
+        items.push_back(std::move(item));
+    }
+    const int unconfirmed = int(memory.unconfirmed().size());
+    showItems(items);
+    const bool none = items.empty();
     const bool read = pending.failure.isEmpty();
     pages_->setCurrentWidget(none && read ? nothing_ : static_cast<QWidget*>(view_));
+    QStringList words;
     if (!read)
-        say(pending.failure);
+        words << pending.failure;
+    else if (!pending.items.empty())
+        words << texts_.own("pending.count").arg(pending.items.size());
+    if (unconfirmed > 0)
+        words << texts_.own("pending.unconfirmed").arg(unconfirmed);
+    say(words.join('\n'));
+    enableCommands();
+}
+
+// Only a change can be taken back whose former value somebody knows.
+void frmPending::enableCommands()
+{
+    const QString key = view_->selectedKey();
+    const bool selected = !key.isEmpty();
+    const ListItem* item = results_.item(key);
+    cmdReadWrite_->setEnabled(selected && session::rightOf(session_.CurrentUser.ReadWrite));
+    cmdTakeBack_->setEnabled(item && item->icon == int(Image::ParameterChanged) &&
+                             structure_.memory().valueOf(key) && session::rightOf(session_.CurrentUser.Modify));
+}
+
+void frmPending::openConsole()
+{
+    const QString key = view_->selectedKey();
+    if (!key.isEmpty() && jumpTo(structure_, key))
+        readWrite_();
     else
-        say(none ? QString() : texts_.own("pending.count").arg(pending.items.size()));
+        say(texts_.own("find.gone"));
+}
+
+void frmPending::takeBack()
+{
+    platform::guarded("frmPending/Take_Back", [&] {
+        const ListItem* selected = results_.item(view_->selectedKey());
+        if (!selected)
+            return;
+        const ListItem item = *selected;
+        const std::optional<QString> former = structure_.memory().valueOf(item.key);
+        const platform::Question question{
+            .text = texts_.own("pending.back.ask"),
+            .more = QStringLiteral("%1\n%2: %3 \u2192 %4").arg(item.detail, item.text, item.subtext, item.extra),
+            .title = session_.AppTitle,
+            .destroys = true};
+        const QString company = session_.dbFile();
+        if (!former || operator_.ask(question) != platform::answers::kYes || session_.dbFile() != company)
+            return;
+        const KeyParts ids = Extract_Key(item.key);
+        session_.cnDatabase.Execute(QStringLiteral(R"(UPDATE tbParametersUser SET [Value] = %1, State = 0
+                                                      WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4)
+                                                         AND (State = 1));)")
+                                        .arg(session::composeTextOrNull(*former), ids.IDGrp, ids.IDInst,
+                                             session::Compose_SqlText(ids.IDPar)));
+        structure_.reloadList();
+    });
+    refresh();
 }
 
 bool frmPending::event(QEvent* event)
@@ -85,6 +200,8 @@ void frmPending::relabel()
     ResultDialog::relabel();
     lblNothing_->setText(texts_.own("pending.nothing"));
     cmdRefresh_->setText(texts_.own("pending.refresh"));
+    cmdTakeBack_->setText(texts_.own("pending.back"));
+    cmdReadWrite_->setText(texts_.own("pending.readwrite"));
     cmdRefresh_->setShortcut(Qt::Key_F5); // a new caption takes the old shortcut away
     refresh();
 }

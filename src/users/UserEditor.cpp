@@ -281,7 +281,8 @@ void UserEditor::Delete_Item()
             refuse(531);
             return;
         }
-        if (!ask(506))
+        if (with_.op.ask({with_.texts(506), text(kIDUser) % u" - " % text(kName), platform::Icon::Question,
+                          with_.session.AppTitle, true}) != platform::answers::kYes)
             return;
         const int deleted = with_.session.cnDatabase.Execute(u"DELETE FROM tbUsers WHERE (IDUser = " %
                                                              Compose_SqlText(recordID_) % u");");

@@ -22,6 +22,13 @@ bool isCharacter(const QKeyEvent& event)
            (!command || command == (Qt::ControlModifier | Qt::AltModifier));
 }
 
+// Alt and a letter that no button took: the field below would insert it behind the filter's back.
+bool isMnemonic(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers command = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return command == Qt::AltModifier && !event.text().isEmpty() && event.text().at(0).isPrint();
+}
+
 } // namespace
 
 FieldEdit::FieldEdit(Verbs verbs, const QString& name, QWidget* parent)
@@ -88,6 +95,10 @@ void FieldEdit::keyPressEvent(QKeyEvent* event)
     }
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down) {
         emit stepped(event->key() == Qt::Key_Up ? 1 : -1);
+        return;
+    }
+    if (isMnemonic(*event)) {
+        event->ignore();
         return;
     }
     if (!isCharacter(*event)) {

@@ -100,6 +100,8 @@ private:
 
     void applyMenu(QMenu& menu)
     {
+        if (const QString own = menu.property(kOwnText).toString(); !own.isEmpty())
+            menu.setTitle(texts_.own(own));
         if (const QString tag = tagOf(menu); !tag.isEmpty())
             menu.setTitle(text(tag));
     }

@@ -19,6 +19,23 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 
+    // The role under which the model tells which signs an image bears.
+    void setMarkRole(int role) { markRole_ = role; }
+
+    // The role under which the model tells a value that stands with the text of column 0, and where.
+    enum Place
+    {
+        Below,
+        Behind
+    };
+    void setValueRole(int role, Place place)
+    {
+        valueRole_ = role;
+        valuePlace_ = place;
+    }
+    // The column of which the end matters most.
+    void setPathColumn(int column) { pathColumn_ = column; }
+
     // Room above and below a row's text, in points.
     void setRowPadding(int padding) { rowPadding_ = padding; }
     // The one size of every item, in points; an empty one lets each item have its own.
@@ -30,8 +47,14 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    void addValue(QStyleOptionViewItem* option, const QString& value) const;
+
     std::optional<int> imageRole_;
     std::optional<int> paleRole_;
+    std::optional<int> markRole_;
+    std::optional<int> valueRole_;
+    Place valuePlace_ = Below;
+    int pathColumn_ = -1;
     int rowPadding_ = 0;
     QSize cell_;
 };

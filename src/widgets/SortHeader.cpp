@@ -6,6 +6,12 @@
 
 namespace widgets {
 
+namespace {
+
+constexpr int kInLineWithCells = 5; // a heading's margin is so much wider than a cell's
+
+} // namespace
+
 SortHeader::SortHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
 {
     setHighlightSections(false);
@@ -24,7 +30,8 @@ void SortHeader::setArrow(int column, bool ascending)
 void SortHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const
 {
     painter->save();
-    QHeaderView::paintSection(painter, rect, logicalIndex);
+    painter->setClipRect(rect);
+    QHeaderView::paintSection(painter, rect.adjusted(-kInLineWithCells, 0, 0, 0), logicalIndex);
     painter->restore();
     if (logicalIndex != column_)
         return;

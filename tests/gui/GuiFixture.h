@@ -43,6 +43,13 @@ public:
             whileABoxStands();
         return answer;
     }
+    int ask(const platform::Question& question) override
+    {
+        const int answer = script.ask(question);
+        if (whileABoxStands)
+            whileABoxStands();
+        return answer;
+    }
     QString openFile(const platform::FileRequest& request) override { return script.openFile(request); }
     platform::ChosenFile saveFile(const platform::FileRequest& request) override
     {

@@ -109,7 +109,7 @@ TEST_F(Language, SwitchingRelabelsEveryOpenWindowAtOnce)
         EXPECT_EQ(session.Language.ID, identifier);
         EXPECT_EQ(entry("frmTreeBus", "mnuOpenDb")->text(), texts(110));
         EXPECT_EQ(desktop.form("frmListBus")->findChild<QMenu*>("mnuFile")->title(), texts(108));
-        EXPECT_EQ(button("Refresh")->toolTip(), texts(234));
+        EXPECT_EQ(button("Refresh")->toolTip(), texts(234) + " (F5)");
         EXPECT_EQ(control<QWidget>("Allarm")->toolTip(), texts(290));
         EXPECT_EQ(control<QPushButton>("emptyOpen")->text(), texts.own("empty.open"));
         EXPECT_EQ(plant().list().columnCaptions(), (QStringList{texts(102), texts(106), texts(103)}));

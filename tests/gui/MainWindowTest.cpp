@@ -211,7 +211,7 @@ TEST_F(MainWindow, TheNoticeNamesThePlantsThatCalled)
         const QStringList calls = notice.findChild<QLabel*>("lblCalls")->text().split('\n');
         EXPECT_EQ(calls.size(), 9);
         EXPECT_EQ(calls.first(), "...");
-        EXPECT_EQ(calls.last(), "NORTH, 21/11/2026 04:40");
+        EXPECT_EQ(calls.last(), QStringLiteral("21/11/2026 04:40  NORTH \u203a FREEZER \u203a DOOR"));
         EXPECT_FALSE(calls.join(' ').contains("SOUTH"));
         nothingIsClipped(notice);
         log.Add_Event_Db(2, night, 1, "WEST", "", "CALLS MEANWHILE");
@@ -220,7 +220,7 @@ TEST_F(MainWindow, TheNoticeNamesThePlantsThatCalled)
     EXPECT_EQ(played, 1);
     program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
     inside("frmMessage", [&](QDialog& notice) {
-        EXPECT_EQ(notice.findChild<QLabel*>("lblCalls")->text(), "WEST, 21/11/2026 03:10");
+        EXPECT_EQ(notice.findChild<QLabel*>("lblCalls")->text(), QStringLiteral("21/11/2026 03:10  WEST \u203a CALLS MEANWHILE"));
     });
     entry("frmListBus", "mnuAllarms")->trigger();
     EXPECT_EQ(played, 2);

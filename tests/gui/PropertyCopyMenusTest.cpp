@@ -114,4 +114,21 @@ TEST_F(PropertyCopyMenus, TheToolbarBeginsWithTheSizeOfTheSetting)
     EXPECT_EQ(desktop.form("frmPropertyCopy"), nullptr);
 }
 
+TEST_F(PropertyCopyMenus, ItNamesItsSourceAndTellsWhatItWrote)
+{
+    copyIds("CP.02.01", "CP.03.01");
+    runOnPlant("INSERT INTO tbParamCopyLanguage VALUES ('CP.01.01', 'EN', 'First compressor');");
+    openCopy([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblSource")->text(), "Copied from: 01 First compressor");
+        EXPECT_FALSE(dialog.findChild<QLabel*>("lblWritten")->isVisible());
+        action(dialog, "mnuCheck")->trigger();
+        desktop.script.expect(texts(533) + "\r\n" + texts(534), platform::answers::kYes);
+        action(dialog, "mnuCopy")->trigger();
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblWritten")->text(), "Values written: 2");
+        EXPECT_TRUE(dialog.findChild<QLabel*>("lblWritten")->isVisible());
+        nothingIsClipped(dialog);
+        picture(dialog, "property-copy");
+    });
+}
+
 } // namespace

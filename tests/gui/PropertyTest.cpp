@@ -207,7 +207,7 @@ TEST_F(Property, ATimeIsRefusedWithOneBoxAndTheFocusAsTold)
                 QLineEdit* hours = field(dialog, "txtVal1");
                 type(hours, "25");
                 desktop.script.expect(texts(530));
-                QTest::keyClick(hours, Qt::Key_Return);
+                press(dialog, "cmdOK");
                 QCoreApplication::processEvents();
                 EXPECT_TRUE(desktop.script.done());
                 EXPECT_EQ(desktop.script.unexpected, QStringList()) << IDPar << behindTheBox;
@@ -341,6 +341,131 @@ TEST_F(Property, EscapeBehindARefusalStillPutsTheTextBack)
     EXPECT_EQ(played, 1);
 }
 
+// OK refuses it too, and has taken the focus before.
+TEST_F(Property, EscapeBehindARefusalByOKPutsTheTextBack)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        type(txtVal1, "99");
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+        pushButton(dialog, "cmdOK")->setFocus();
+        press(dialog, "cmdOK");
+        QCoreApplication::processEvents();
+        ASSERT_TRUE(txtVal1->hasFocus());
+        QTest::keyClick(txtVal1, Qt::Key_Escape);
+        EXPECT_EQ(txtVal1->text(), "4.5");
+        EXPECT_TRUE(dialog.isVisible());
+        // What was accepted is what Escape brings back from then on.
+        type(txtVal1, "7");
+        QTest::keyClick(txtVal1, Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        txtVal1->setFocus();
+        type(txtVal1, "98");
+        desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+        press(dialog, "cmdOK");
+        QCoreApplication::processEvents();
+        QTest::keyClick(txtVal1, Qt::Key_Escape);
+        EXPECT_EQ(txtVal1->text(), "7");
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, EnterMovesOnAndIsOKOnTheLastField)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* hours = field(dialog, "txtVal1");
+        type(hours, "7");
+        QTest::keyClick(hours, Qt::Key_Return);
+        EXPECT_TRUE(field(dialog, "txtVal2")->hasFocus());
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_EQ(field(dialog, "txtVal2")->selectedText(), "30");
+        QTest::keyClick(field(dialog, "txtVal2"), Qt::Key_Enter);
+        EXPECT_FALSE(dialog.isVisible()) << "the seconds are locked: these are the last";
+    });
+    openByKey("3_1_1_G03", "4_1_1_G03_P0302");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(shownValue("4_1_1_G03_P0302"), "07:30");
+}
+
+TEST_F(Property, AltAndALetterPassNoFilter)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        txtVal1->selectAll();
+        QKeyEvent alt(QEvent::KeyPress, Qt::Key_X, Qt::AltModifier, "x");
+        QApplication::sendEvent(txtVal1, &alt);
+        EXPECT_EQ(txtVal1->text(), "4.5");
+        QKeyEvent thirdLevel(QEvent::KeyPress, Qt::Key_7, Qt::ControlModifier | Qt::AltModifier, "7");
+        QApplication::sendEvent(txtVal1, &thirdLevel);
+        EXPECT_EQ(txtVal1->text(), "7");
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+TEST_F(Property, ItIsHeadedByWhatItIsAndWhere)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        const auto label = [&](const char* name) { return dialog.findChild<QLabel*>(name); };
+        EXPECT_EQ(label("lblTitle")->text(), label("lblValDescription")->text());
+        EXPECT_TRUE(label("lblTitle")->font().bold());
+        EXPECT_EQ(label("lblPath")->text(),
+                  QString("ZEL Bus\\GRP1\\ALPHA\\%1").arg(plant().tree().captionOf("3_1_2_G11")).replace('\\', QStringLiteral(" \u203a ")));
+        EXPECT_EQ(label("lblUnit")->text(), "°C");
+        EXPECT_EQ(label("lblRange1")->text(), "0 ... 25 °C");
+        EXPECT_TRUE(label("lblStandard")->text().startsWith("Default: ")) << qPrintable(label("lblStandard")->text());
+        EXPECT_TRUE(label("lblStandard")->text().endsWith("°C")) << qPrintable(label("lblStandard")->text());
+        EXPECT_FALSE(label("lblDisabledWhy")->isVisible());
+        nothingIsClipped(dialog);
+        picture(dialog, "property-real");
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    runOnPlant("UPDATE tbParam SET mEnable = 0 WHERE mID = 'P1101'");
+    desktop.script.expect(texts(503), platform::answers::kYes);
+    program.handlers().run("CloseDb");
+    desktop.script.chooseFile(plantFile());
+    program.handlers().run("OpenDb");
+    insideProperty([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblDisabledWhy")->text(), "by the catalogue: it can only be read");
+        picture(dialog, "property-disabled");
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 2);
+}
+
+TEST_F(Property, AnAddressIsShownWholeAndADuplicateWarnedOf)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        const auto label = [&](const char* name) { return dialog.findChild<QLabel*>(name); };
+        QLineEdit* digit = field(dialog, "txtVal3");
+        EXPECT_EQ(label("lblWholeAddress")->text(), "address: 2A");
+        EXPECT_FALSE(label("lblWarning")->isVisible());
+        type(digit, "5");
+        EXPECT_EQ(label("lblWholeAddress")->text(), "address: 25");
+        runOnPlant("UPDATE tbInstrumentsUser SET Address = '2f' WHERE IDGrp = 1 AND IDInst = 1");
+        type(digit, "15");
+        EXPECT_EQ(label("lblWarning")->text(), "The address 2F is also that of: INST11. Only one of them can answer.");
+        EXPECT_TRUE(label("lblWarning")->isVisible());
+        nothingIsClipped(dialog);
+        picture(dialog, "property-address");
+        type(digit, "16");
+        EXPECT_FALSE(label("lblWholeAddress")->isVisible()) << "there is no such digit";
+        EXPECT_FALSE(label("lblWarning")->isVisible());
+        type(digit, "15");
+        press(dialog, "cmdOK");
+        EXPECT_FALSE(dialog.isVisible()) << "a warning refuses nothing";
+    });
+    openByKey("1_1", "2_1_2");
+    EXPECT_EQ(played, 1);
+    EXPECT_EQ(plant().list().item("2_1_2")->subtext, "2F");
+}
+
 TEST_F(Property, AnEditableFieldIsWhiteAndALockedOneAsItsFrame)
 {
     start();
@@ -425,7 +550,7 @@ TEST_F(Property, NothingSelectedOpensNothing)
 {
     start();
     clickNode("Root");
-    button("Property")->trigger();
+    entry("frmListBus", "mnuProperty")->trigger();
     EXPECT_FALSE(desktop.form("frmProperty"));
     EXPECT_TRUE(failures.failures().empty());
 }

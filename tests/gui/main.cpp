@@ -5,7 +5,9 @@
 
 int main(int argc, char** argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Some orders of events only a real screen with a window manager has: onScreen.sh brings one.
+    if (qEnvironmentVariableIsEmpty("CALIDORA_ON_SCREEN"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     platform::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     widgets::applyLook(application);

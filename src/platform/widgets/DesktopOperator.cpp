@@ -11,6 +11,7 @@
 #include <QEventLoop>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
@@ -70,6 +71,14 @@ QString endingOf(const QString& nameFilter)
     return pattern == "*" ? QString() : pattern;
 }
 
+// Under the text; a name such as "<B>NORTH</B>" in it is no markup.
+void showMore(QMessageBox& box, const QString& words)
+{
+    box.setInformativeText(words);
+    if (auto* label = box.findChild<QLabel*>("qt_msgbox_informativelabel"))
+        label->setTextFormat(Qt::PlainText);
+}
+
 } // namespace
 
 DesktopOperator::~DesktopOperator()
@@ -103,13 +112,25 @@ QList<QWidget*> DesktopOperator::loadedForms() const
 
 int DesktopOperator::messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title)
 {
+    return box({text, {}, icon, title}, buttons);
+}
+
+int DesktopOperator::ask(const Question& question)
+{
+    return box(question, Buttons::YesNo);
+}
+
+int DesktopOperator::box(const Question& question, Buttons buttons)
+{
     const DialogPointer plain(*this);
     QMessageBox box(owner());
     box.setObjectName("messageBox");
-    box.setWindowTitle(title);
+    box.setWindowTitle(question.title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(QString(text).replace("\r\n", "\n"));
-    if (const QString picture = pictureOf(icon); !picture.isEmpty())
+    box.setText(QString(question.text).replace("\r\n", "\n"));
+    if (!question.more.isEmpty())
+        showMore(box, question.more);
+    if (const QString picture = pictureOf(question.icon); !picture.isEmpty())
         box.setIconPixmap(platform::icon(picture).pixmap(QSize(40, 40), box.devicePixelRatio()));
 
     std::map<QAbstractButton*, int> answerOf;
@@ -117,7 +138,8 @@ int DesktopOperator::messageBox(const QString& text, Buttons buttons, Icon icon,
         QPushButton* added = box.addButton(words_(button.word), button.role);
         added->setObjectName(button.word);
         answerOf[added] = button.answer;
-        if (button.answer == answers::kYes || button.answer == answers::kOk)
+        if (button.answer == (question.destroys ? answers::kNo : answers::kYes) ||
+            button.answer == answers::kOk)
             box.setDefaultButton(added);
         // Escape and the close box mean the last button: Cancel, else No, else OK.
         box.setEscapeButton(added);
@@ -301,6 +323,7 @@ QWidget* DesktopOperator::load(const QString& name)
     // then.
     if (QWidget* above = owner(); above && above != window && qobject_cast<QDialog*>(window))
         window->setParent(above, window->windowFlags());
+    places_.look(*window, name);
     return window;
 }
 

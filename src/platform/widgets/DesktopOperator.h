@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Operator.h"
+#include "platform/widgets/WindowPlaces.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -28,12 +29,15 @@ public:
 
     void registerForm(const QString& name, Factory factory) { factories_[name] = std::move(factory); }
     void adoptForm(const QString& name, QWidget* window) { adopted_[name] = window; }
+    // Windows keep size and place in this file.
+    void keepPlacesIn(const QString& file) { places_.keepIn(file); }
     // The window of that name when it is loaded, else null.
     QWidget* form(const QString& name) const;
     // Every window that is loaded, adopted ones first.
     QList<QWidget*> loadedForms() const;
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
+    int ask(const Question& question) override;
     QString openFile(const FileRequest& request) override;
     ChosenFile saveFile(const FileRequest& request) override;
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
@@ -52,6 +56,7 @@ protected:
     void showPointer(Pointer pointer) override;
 
 private:
+    int box(const Question& question, Buttons buttons);
     QWidget* load(const QString& name);
     bool awaitsItsScreen() const;
     QWidget* owner() const;
@@ -61,6 +66,7 @@ private:
     std::map<QString, Factory> factories_;
     std::map<QString, QPointer<QWidget>> adopted_;
     std::map<QString, QPointer<QWidget>> loaded_;
+    WindowPlaces places_;
     Pointer pointer_ = Pointer::Default;
 };
 

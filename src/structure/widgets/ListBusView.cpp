@@ -81,6 +81,7 @@ void ListBusView::prepare(QAbstractItemView* view)
     view->setSelectionBehavior(QAbstractItemView::SelectRows);
     auto* delegate = new widgets::ImageDelegate(view, ListModel::ImageRole);
     delegate->setPaleRole(ListModel::PaleRole);
+    delegate->setMarkRole(ListModel::MarkRole);
     delegate->setRowPadding(2);
     view->setItemDelegate(delegate);
     view->installEventFilter(this);
@@ -102,6 +103,8 @@ void ListBusView::setView(int view)
     icons_->setWrapping(true);
     icons_->setMovement(QListView::Static);
     icons_->setWordWrap(large);
+    static_cast<widgets::ImageDelegate*>(icons_->itemDelegate())
+        ->setValueRole(ListModel::ValueRole, large ? widgets::ImageDelegate::Below : widgets::ImageDelegate::Behind);
     icons_->setIconSize(large ? QSize(32, 32) : QSize(16, 16));
     const QSize cell = large ? QSize(128, 92) : QSize(276, 24);
     static_cast<widgets::ImageDelegate*>(icons_->itemDelegate())->setCell(cell);
@@ -177,6 +180,11 @@ bool ListBusView::eventFilter(QObject* watched, QEvent* event)
 
 bool ListBusView::keyPressed(QKeyEvent* event)
 {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        if (const QModelIndex at = current()->currentIndex(); at.isValid())
+            emit menuWanted(current()->viewport()->mapToGlobal(current()->visualRect(at).center()));
+        return true;
+    }
     switch (event->key()) {
     case Qt::Key_Insert:
         emit insertPressed();
@@ -235,7 +243,9 @@ QAbstractItemView* ListBusView::current() const
 
 void ListBusView::showArrow()
 {
-    header_->setArrow(model_.sortColumn(), model_.sortAscending());
+    const int column = model_.sortColumn();
+    const bool titled = !model_.columnCaptions().value(column).isEmpty();
+    header_->setArrow(titled ? column : -1, model_.sortAscending());
 }
 
 void ListBusView::showEmptyText()

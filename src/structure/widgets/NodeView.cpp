@@ -18,6 +18,7 @@ NodeView::NodeView(QWidget* parent) : OneSelected(parent)
     setEditTriggers(NoEditTriggers);
     auto* delegate = new widgets::ImageDelegate(this, TreeModel::ImageRole);
     delegate->setPaleRole(TreeModel::PaleRole);
+    delegate->setMarkRole(TreeModel::MarkRole);
     delegate->setRowPadding(2);
     setItemDelegate(delegate);
 }
@@ -62,6 +63,11 @@ void NodeView::keyPressEvent(QKeyEvent* event)
     }
     if (event->key() == Qt::Key_Delete) {
         emit deletePressed();
+        return;
+    }
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        if (currentIndex().isValid())
+            emit menuWanted(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
         return;
     }
     const QScopedValueRollback<bool> gesture(gesture_, true);

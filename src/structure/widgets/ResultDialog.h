@@ -35,7 +35,7 @@ protected:
     };
 
     ResultDialog(Structure& structure, session::Session& session, const session::Texts& texts,
-                 const Names& names);
+                 const Names& names, int columns = 3);
 
     void showItems(const std::vector<ListItem>& items); // what was selected stays so, or the first is
     void say(const QString& words);
@@ -50,10 +50,13 @@ protected:
     QVBoxLayout* layout_;   // from the top: the pages, the line below
     QStackedWidget* pages_; // the list is one of them
     ResultView* view_;
+    QHBoxLayout* commands_; // above the line; empty where there are none
     QHBoxLayout* bottom_;
     QPushButton* cmdShow_;
 
 private:
+    void stayClear();
+
     const char* title_;
     QLabel* words_;
     QPushButton* cmdClose_;

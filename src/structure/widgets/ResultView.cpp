@@ -20,11 +20,19 @@ ResultView::ResultView(ListModel& model, QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setIconSize({16, 16});
     auto* delegate = new widgets::ImageDelegate(this, ListModel::ImageRole);
+    delegate->setMarkRole(ListModel::MarkRole);
     delegate->setRowPadding(2);
+    delegate->setPathColumn(2);
     setItemDelegate(delegate);
     header_->setSectionsClickable(true);
     header_->resizeSection(0, 250);
     header_->resizeSection(1, 130);
+    // What an instrument holds stands beside what it is to get.
+    if (model.columnCount() > 3) {
+        header_->resizeSection(0, 220);
+        header_->resizeSection(3, 150);
+        header_->moveSection(3, 2);
+    }
 
     connect(header_, &QHeaderView::sectionClicked, this, [this](int column) {
         const bool again = column == model_.sortColumn();
