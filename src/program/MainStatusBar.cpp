@@ -40,6 +40,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     addPanel("COMSet", 264);
     addPanel("Info", 207, 1);
     addPanel("User", 35);
+    addPanel("Model", 0);
     addPanel("Allarm", 290);
     addPanel("Caps", 208);
     addPanel("Num", 209);
@@ -51,6 +52,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     nextMinute_.setSingleShot(true);
     connect(&nextMinute_, &QTimer::timeout, this, &MainStatusBar::showTime);
     qApp->installEventFilter(this);
+    widgets_["Model"].frame->hide();
     showLine();
     showTime();
 }
@@ -58,7 +60,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
 void MainStatusBar::addPanel(const QString& key, int tag, int stretch)
 {
     PanelWidget panel;
-    panel.frame = tagged(new QWidget(this), key, QString::number(tag));
+    panel.frame = tagged(new QWidget(this), key, tag == 0 ? QString() : QString::number(tag));
     panel.picture = new QLabel(panel.frame);
     panel.text = new QLabel(panel.frame);
     panel.text->setTextFormat(Qt::PlainText);
@@ -127,6 +129,19 @@ void MainStatusBar::showUser(const Session& session)
     panel.picture->show();
     const QString shown = somebody ? session.CurrentUser.Name : texts_.own("panel.nobody");
     panel.text->setText(fontMetrics().elidedText(shown, Qt::ElideRight, kLongestName));
+}
+
+void MainStatusBar::showModel(const QString& newer)
+{
+    const PanelWidget& panel = widgets_["Model"];
+    panel.frame->setVisible(!newer.isEmpty());
+    if (newer.isEmpty())
+        return;
+    panel.picture->setPixmap(
+        platform::icon("info").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    panel.picture->show();
+    panel.text->setText(texts_.own("panel.model").arg(newer));
+    panel.frame->setToolTip(texts_.own("panel.model.tip"));
 }
 
 void MainStatusBar::showTime()

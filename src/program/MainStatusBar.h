@@ -23,6 +23,8 @@ public:
     void relabel();
     // Who works with the open company; nothing without one.
     void showUser(const session::Session& session);
+    // That a newer model of the instruments is installed, and the command that brings it in; "" when none is.
+    void showModel(const QString& newer);
 
 signals:
     void panelDoubleClicked(const QString& key);

@@ -21,6 +21,8 @@
 #include "platform/Machine.h"
 #include "platform/SingleInstance.h"
 #include "program/AlarmNotice.h"
+#include "program/Habits.h"
+#include "program/ManualKey.h"
 #include "property/PropertyCopy.h"
 #include "property/PropertyModel.h"
 #include "session/CommandStates.h"
@@ -84,6 +86,7 @@ private:
     void registerCommands();
     void registerForms();
     void showBeside(const QString& form);
+    void showManual(const QString& window);
     void listen();
     session::MainServices services();
     users::Login::Verbs loginVerbs();
@@ -127,6 +130,8 @@ private:
     dialogs::Info info_;
     AlarmNotice alarmNotice_;
     QStringList alarmCalls_; // the plants that called and wait for an acknowledgement
+    ManualKey manualKey_;
+    Habits habits_;
     std::optional<platform::SingleInstance> instance_;
 };
 

@@ -1,10 +1,13 @@
 // What each command runs.
 
+#include "dialogs/frmManual.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "program/Program.h"
 #include "program/frmMain.h"
 #include "session/Session.h"
 #include "structure/frmListBus.h"
+
+#include <QApplication>
 
 namespace program {
 
@@ -19,6 +22,7 @@ void Program::registerCommands()
     handlers_.set("Users", [this] { with_.op.showFormModal("frmUsers"); });
     handlers_.set("Settings", [this] { settings_.show(); });
     handlers_.set("About", [this] { with_.op.showFormModal("frmInfo"); });
+    handlers_.set("Manual", [this] { showManual("frmMain"); });
     handlers_.set("Enter", [this] { main_.LogInOut(); });
     handlers_.set("Exit", [this] { main_.leave(); });
 
@@ -76,6 +80,19 @@ void Program::showBeside(const QString& form)
 {
     with_.op.showForm(form);
     with_.op.form(form)->activateWindow();
+}
+
+// The manual at the chapter about a window. Over one that waits for its operator it takes input only as that
+// window's own: one that stands elsewhere is made anew there.
+void Program::showManual(const QString& window)
+{
+    const QWidget* waiting = QApplication::activeModalWidget();
+    if (const QWidget* open = with_.op.form("frmManual"); open && waiting && open->parentWidget() != waiting)
+        with_.op.unloadForm("frmManual");
+    showBeside("frmManual");
+    const QString chapter = dialogs::Manual::chapterOf(window);
+    if (auto* manual = qobject_cast<dialogs::frmManual*>(with_.op.form("frmManual")); !chapter.isEmpty())
+        manual->showChapter(chapter);
 }
 
 } // namespace program

@@ -1,5 +1,6 @@
 #include "program/frmMain.h"
 
+#include "database/ModelVersion.h"
 #include "platform/Guard.h"
 #include "program/EmptyState.h"
 #include "program/MainStatusBar.h"
@@ -130,6 +131,7 @@ void frmMain::showCaption()
 {
     setWindowTitle(mainCaption(with_.session, with_.texts));
     staMain_->showUser(with_.session);
+    staMain_->showModel(database::newerModel(with_.session));
 }
 
 // Where the keys go at first: the tree or, where it is hidden, the list; without a company its next steps.

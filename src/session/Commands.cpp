@@ -146,7 +146,11 @@ std::vector<MenuEntry> menuBar(Place place)
             {"mnuUpgradeDb", 139, "UpgradeDb"}}},
           kSeparator,
           {"mnuEventViewer", 140, "EventViewer"}}},
-        {"mnuHelp", 0, {}, {{"mnuAbout", 141, "About"}}, "&?"},
+        {"mnuHelp",
+         0,
+         {},
+         {own("mnuManual", "menu.manual", "Manual", "F1"), {"mnuAbout", 141, "About"}},
+         "&?"},
     };
 }
 

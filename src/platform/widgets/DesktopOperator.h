@@ -28,6 +28,7 @@ public:
 
     void registerForm(const QString& name, Factory factory) { factories_[name] = std::move(factory); }
     void adoptForm(const QString& name, QWidget* window) { adopted_[name] = window; }
+    QStringList registeredForms() const;
     // The window of that name when it is loaded, else null.
     QWidget* form(const QString& name) const;
     // Every window that is loaded, adopted ones first.
