@@ -28,8 +28,8 @@ QString read(const QString& file)
 QString pageOf(const QDir& folder, const QString& chapter, bool first)
 {
     static const QRegularExpression kToChapter(R"(\[([^\]]*)\]\([0-9][^)]*\.md\))");
-    static const QRegularExpression kPicture(R"(<img src="([^"]+)"[^ > ]* >) ");
-        QTextDocument document;
+    static const QRegularExpression kPicture("<img src=\"([^\"]+)\"[^>]*>");
+    QTextDocument document;
     document.setMarkdown(read(folder.filePath(chapter)).replace(kToChapter, QStringLiteral("*\\1*")));
     QString html = document.toHtml();
     html = html.section(QStringLiteral("<body"), 1).section(u'>', 1).section(QStringLiteral("</body>"), 0, 0);
