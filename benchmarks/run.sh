@@ -30,6 +30,8 @@ say "side by side; load of the machine: $(cut -d' ' -f1-3 /proc/loadavg) on $(np
 "$build_folder/benchmarks/calidora-history-side-by-side" "$company" "$build_folder/benchmarks/history"
 "$build_folder/benchmarks/calidora-events-side-by-side" "$build_folder/benchmarks/logs"
 BUILD_FOLDER=$build_folder benchmarks/idle.sh
+need "${screen_packages[@]}"
+BUILD_FOLDER=$build_folder benchmarks/startup.sh
 
 pieces=$build_folder/benchmarks/calidora-benchmarks
 line='bankOf|readOf'

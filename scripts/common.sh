@@ -10,6 +10,7 @@ run_packages=(libqt6widgets6 libqt6printsupport6 libqt6serialport6 libqt6svg6 qt
   fonts-dejavu-core fonts-liberation2 sqlite3)
 screen_packages=(xvfb openbox xdotool imagemagick)
 test_packages=(socat faketime iaxmodem poppler-utils cups cups-client)
+package_packages=(dpkg-dev librsvg2-bin desktop-file-utils appstream lintian)
 check_packages=(clang clang-format clang-tidy libclang-rt-14-dev)
 
 say() { printf '==> %s\n' "$*"; }

@@ -13,6 +13,7 @@ frmZoomDate::frmZoomDate(const session::Session& session, const platform::Clock&
 {
     setWindowTitle(session.AppTitle);
     mvwCalendario_->setObjectName("mvwCalendario");
+    mvwCalendario_->setAccessibleName(session.AppTitle);
     mvwCalendario_->setLocale(QLocale(session.Language.Code.toLower())); // names of days and months
     mvwCalendario_->setSelectedDate(clock.now().date());
     auto* layout = new QVBoxLayout(this);

@@ -50,6 +50,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     widgets_["History"].frame->setProperty(kTag, {});
     widgets_["History"].frame->hide();
     addPanel("User", 35);
+    addPanel("Model", 0);
     addPanel("Caps", 208);
     addPanel("Num", 209);
     addPanel("Date", 206);
@@ -67,6 +68,7 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     widgets_["Plant"].picture->show();
     widgets_["Waiting"].frame->setCursor(Qt::PointingHandCursor);
     showWaiting(0, 0);
+    widgets_["Model"].frame->hide();
     showLine();
     showTime();
 }
@@ -234,6 +236,19 @@ void MainStatusBar::showHistory(const QString& failure)
     panel.frame->setAccessibleName(texts_.own("history.broken"));
     panel.frame->setAccessibleDescription(failure);
     panel.frame->setVisible(!failure.isEmpty());
+}
+
+void MainStatusBar::showModel(const QString& newer)
+{
+    const PanelWidget& panel = widgets_["Model"];
+    panel.frame->setVisible(!newer.isEmpty());
+    if (newer.isEmpty())
+        return;
+    panel.picture->setPixmap(
+        platform::icon("info").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    panel.picture->show();
+    panel.text->setText(texts_.own("panel.model").arg(newer));
+    panel.frame->setToolTip(texts_.own("panel.model.tip"));
 }
 
 void MainStatusBar::showTime()

@@ -26,6 +26,8 @@ public:
     void showUser(const session::Session& session);
     // Why no value history is kept; "" when it is.
     void showHistory(const QString& failure);
+    // That a newer model of the instruments is installed, and the command that brings it in; "" when none is.
+    void showModel(const QString& newer);
     // What the line is on, asked whenever the line shows something new; "" for nothing.
     void askForPlant(std::function<QString()> plant) { plant_ = std::move(plant); }
     // Values that wait to be written, and writes that were not confirmed.

@@ -26,7 +26,8 @@ QIcon iconOf(const QString& commandName)
     static const std::map<QString, QString> kOthers{
         {"Export", "export"},   {"Import", "import"},        {"Print", "print"},
         {"Allarms", "alarm"},   {"Filter", "filter"},        {"Find", "find"},
-        {"Pending", "pending"}, {"LineTrace", "line-trace"}, {"Compare", "compare"}};
+        {"Pending", "pending"}, {"LineTrace", "line-trace"}, {"Compare", "compare"},
+        {"Manual", "manual"}};
     const auto other = kOthers.find(command);
     return other == kOthers.end() ? QIcon() : platform::icon(other->second);
 }

@@ -47,7 +47,8 @@ Program::Program(const Surroundings& surroundings)
       userEditor_({with_.session, with_.texts, with_.op, zoom_, printing_}),
       settings_({with_.session, with_.texts, with_.op, settingsVerbs()}),
       info_({with_.session, with_.texts, with_.op, machine_, {platform::systemTool, platform::startProgram}}),
-      alarmNotice_(with_.session, with_.texts)
+      alarmNotice_(with_.session, with_.texts),
+      manualKey_([this](const QString& window) { showManual(window); }), habits_(with_.session.AppPath)
 {
     registerCommands();
     registerForms();

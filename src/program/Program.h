@@ -22,6 +22,8 @@
 #include "platform/Machine.h"
 #include "platform/SingleInstance.h"
 #include "program/AlarmNotice.h"
+#include "program/Habits.h"
+#include "program/ManualKey.h"
 #include "property/PropertyCopy.h"
 #include "property/PropertyModel.h"
 #include "session/CommandStates.h"
@@ -91,6 +93,7 @@ private:
     void showHistoryFailure();
     void showCompare(const QString& key);
     QString pathOf(const QString& key);
+    void showManual(const QString& window);
     void listen();
     session::MainServices services();
     users::Login::Verbs loginVerbs();
@@ -142,6 +145,8 @@ private:
     dialogs::Info info_;
     AlarmNotice alarmNotice_;
     QStringList alarmCalls_; // the plants that called and wait for an acknowledgement
+    ManualKey manualKey_;
+    Habits habits_;
     std::optional<platform::SingleInstance> instance_;
 };
 

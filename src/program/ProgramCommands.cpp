@@ -1,5 +1,6 @@
 // What each command runs.
 
+#include "dialogs/frmManual.h"
 #include "history/frmCompare.h"
 #include "history/frmHistory.h"
 #include "platform/widgets/DesktopOperator.h"
@@ -25,6 +26,7 @@ void Program::registerCommands()
     handlers_.set("Users", [this] { with_.op.showFormModal("frmUsers"); });
     handlers_.set("Settings", [this] { settings_.show(); });
     handlers_.set("About", [this] { with_.op.showFormModal("frmInfo"); });
+    handlers_.set("Manual", [this] { showManual("frmMain"); });
     handlers_.set("Enter", [this] { main_.LogInOut(); });
     handlers_.set("Exit", [this] { main_.leave(); });
 
@@ -129,6 +131,19 @@ void Program::showCompare(const QString& key)
         return;
     showBeside("frmCompare");
     qobject_cast<history::frmCompare*>(with_.op.form("frmCompare"))->open(key);
+}
+
+// The manual at the chapter about a window. Over one that waits for its operator it takes input only as that
+// window's own: one that stands elsewhere is made anew there.
+void Program::showManual(const QString& window)
+{
+    const QWidget* waiting = QApplication::activeModalWidget();
+    if (const QWidget* open = with_.op.form("frmManual"); open && waiting && open->parentWidget() != waiting)
+        with_.op.unloadForm("frmManual");
+    showBeside("frmManual");
+    const QString chapter = dialogs::Manual::chapterOf(window);
+    if (auto* manual = qobject_cast<dialogs::frmManual*>(with_.op.form("frmManual")); !chapter.isEmpty())
+        manual->showChapter(chapter);
 }
 
 } // namespace program

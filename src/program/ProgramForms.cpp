@@ -8,6 +8,7 @@
 #include "database/frmUpgrade.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmLanguage.h"
+#include "dialogs/frmManual.h"
 #include "dialogs/frmMessage.h"
 #include "dialogs/frmSettings.h"
 #include "dialogs/frmZoom.h"
@@ -73,6 +74,7 @@ void Program::registerForms()
     with_.op.registerForm("frmInfo", [&, this] { return new dialogs::frmInfo(session, texts, op, info_); });
     with_.op.registerForm("frmSystemInfo",
                           [&, this] { return new dialogs::frmSystemInfo(session, texts, op, info_); });
+    with_.op.registerForm("frmManual", [&] { return new dialogs::frmManual(session, texts, op); });
     with_.op.registerForm("frmConnection", [&] {
         auto* window = new database::frmConnection(session, texts, op);
         connect(&database_, &database::Database::progress, window, &database::frmConnection::showProgress);

@@ -1,5 +1,6 @@
 #include "program/frmMain.h"
 
+#include "database/ModelVersion.h"
 #include "platform/Guard.h"
 #include "program/EmptyState.h"
 #include "program/MainStatusBar.h"
@@ -141,6 +142,7 @@ void frmMain::showCaption()
 {
     setWindowTitle(mainCaption(with_.session, with_.texts));
     staMain_->showUser(with_.session);
+    staMain_->showModel(database::newerModel(with_.session));
 }
 
 void frmMain::showHistory(const QString& failure)

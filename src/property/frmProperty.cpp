@@ -146,7 +146,7 @@ QWidget* frmProperty::makeValues()
             cbxValEnum_->installEventFilter(this);
             QPalette colours = cbxValEnum_->palette();
             for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
-                colours.setColor(group, QPalette::Button, Qt::white);
+                colours.setColor(group, QPalette::Button, colours.color(group, QPalette::Base));
             cbxValEnum_->setPalette(colours);
             widgets_["cbxValEnum"] = cbxValEnum_;
             connect(cbxValEnum_, &QComboBox::activated, this, [this](int index) { model_.pickEntry(index); });

@@ -182,7 +182,7 @@ const QStringList& menusWithoutCompany()
         "mnuExit",       "mnuView",          "mnuStructure",     "mnuTlb",        "mnuTlbComplete",
         "mnuTlbReduced", "mnuTlbLargeIcons", "mnuTlbSmallIcons", "mnuLargeIcons", "mnuSmallIcons",
         "mnuListIcons",  "mnuReportIcons",   "mnuUtility",       "mnuDb",         "mnuRestoreDb",
-        "mnuHelp",       "mnuAbout",
+        "mnuHelp",       "mnuAbout",         "mnuManual",
     };
     return kNames;
 }

@@ -178,7 +178,11 @@ std::vector<MenuEntry> menuBar(Place place)
           kSeparator,
           {"mnuEventViewer", 140, "EventViewer"},
           own("mnuLineTrace", "menu.trace", "LineTrace", "Ctrl+Shift+T")}},
-        {"mnuHelp", 0, {}, {{"mnuAbout", 141, "About"}}, "&?"},
+        {"mnuHelp",
+         0,
+         {},
+         {own("mnuManual", "menu.manual", "Manual", "F1"), {"mnuAbout", 141, "About"}},
+         "&?"},
     };
 }
 

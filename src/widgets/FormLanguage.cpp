@@ -4,6 +4,7 @@
 #include "platform/Operator.h"
 #include "session/Session.h"
 #include "session/Texts.h"
+#include "widgets/ControlNames.h"
 #include "widgets/ToolkitLanguage.h"
 
 #include <QAction>
@@ -181,6 +182,7 @@ bool Set_Language(QWidget& form, const Session& session, const Texts& texts, pla
         setToolkitLanguage(session.Language.Code);
         QEvent changed(QEvent::LanguageChange);
         QApplication::sendEvent(&form, &changed);
+        nameControls(form);
         return true;
     });
 }

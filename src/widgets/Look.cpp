@@ -11,47 +11,73 @@ namespace widgets {
 namespace {
 
 // The splash's night blue on a cool, quiet ground; the accent is the one of the icons.
-QPalette coolPalette()
+struct Colours
 {
-    const QColor ink("#1B2A38"), faint("#7C8A97"), ground("#F1F4F7"), accent("#1B74B5");
+    const char *ground, *base, *alternate, *button, *mid, *line;
+    const char *ink, *faint, *disabled, *accent, *link, *tip;
+    const char *selectedElsewhere, *selectedDisabled;
+};
+constexpr Colours kLight{"#F1F4F7", "#FFFFFF", "#F6F9FB", "#E9EEF3", "#C3CDD6", "#D3DBE2", "#1B2A38",
+                         "#7C8A97", "#9AA6B1", "#1B74B5", "#1B74B5", "#12263C", "#C9DCEB", "#D5DCE2"};
+constexpr Colours kDark{"#1D2630", "#151C24", "#1A222B", "#2A3642", "#3D4B59", "#36434F", "#E3EAF0",
+                        "#93A2B0", "#66737F", "#2B84C6", "#7CC4F0", "#0D141B", "#2C475C", "#333F4A"};
+
+QPalette paletteOf(const Colours& colours)
+{
     QPalette palette;
-    palette.setColor(QPalette::Window, ground);
-    palette.setColor(QPalette::WindowText, ink);
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::AlternateBase, QColor("#F6F9FB"));
-    palette.setColor(QPalette::Text, ink);
-    palette.setColor(QPalette::PlaceholderText, faint);
-    palette.setColor(QPalette::Button, QColor("#E9EEF3"));
-    palette.setColor(QPalette::ButtonText, ink);
-    palette.setColor(QPalette::ToolTipBase, QColor("#12263C"));
+    palette.setColor(QPalette::Window, colours.ground);
+    palette.setColor(QPalette::WindowText, colours.ink);
+    palette.setColor(QPalette::Base, colours.base);
+    palette.setColor(QPalette::AlternateBase, colours.alternate);
+    palette.setColor(QPalette::Text, colours.ink);
+    palette.setColor(QPalette::PlaceholderText, colours.faint);
+    palette.setColor(QPalette::Button, colours.button);
+    palette.setColor(QPalette::ButtonText, colours.ink);
+    palette.setColor(QPalette::BrightText, Qt::white);
+    palette.setColor(QPalette::ToolTipBase, colours.tip);
     palette.setColor(QPalette::ToolTipText, Qt::white);
-    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::Highlight, colours.accent);
     palette.setColor(QPalette::HighlightedText, Qt::white);
-    palette.setColor(QPalette::Link, accent);
-    palette.setColor(QPalette::Mid, QColor("#C3CDD6"));
+    palette.setColor(QPalette::Link, colours.link);
+    palette.setColor(QPalette::LinkVisited, colours.link);
+    palette.setColor(QPalette::Mid, colours.mid);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor("#9AA6B1"));
-    palette.setColor(QPalette::Inactive, QPalette::Highlight, QColor("#C9DCEB"));
-    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, ink);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, QColor("#D5DCE2"));
+        palette.setColor(QPalette::Disabled, role, colours.disabled);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, colours.selectedElsewhere);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, colours.ink);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.selectedDisabled);
     return palette;
+}
+
+QString sheetOf(const Colours& colours)
+{
+    return QStringLiteral("QToolTip { color: white; background: %1; border: 1px solid %1; padding: 3px; }"
+                          "QToolBar { border: 0; border-bottom: 1px solid %2; padding: 3px; spacing: 1px; }"
+                          "QToolBar::separator { width: 1px; margin: 5px 5px; background: %3; }"
+                          "QHeaderView::section { background: %4; border: 0; padding: 4px 8px;"
+                          " border-bottom: 1px solid %2; border-right: 1px solid %2; }"
+                          "QStatusBar { border-top: 1px solid %2; }"
+                          "QStatusBar::item { border: 0; }")
+        .arg(colours.tip, colours.line, colours.mid, colours.ground);
+}
+
+// What the desktop has set before anything was changed.
+bool isDark(const QPalette& desktop)
+{
+    return desktop.color(QPalette::Window).lightness() < desktop.color(QPalette::WindowText).lightness();
 }
 
 } // namespace
 
 void applyLook(QApplication& application)
 {
+    const bool dark = isDark(QApplication::palette());
+    const Colours& colours = dark ? kDark : kLight;
+    platform::setDarkGround(dark);
     application.setStyle(QStyleFactory::create("Fusion"));
-    application.setPalette(coolPalette());
+    application.setPalette(paletteOf(colours));
     application.setWindowIcon(platform::icon("calidora"));
-    application.setStyleSheet(
-        "QToolTip { color: white; background: #12263C; border: 1px solid #12263C; padding: 3px; }"
-        "QToolBar { border: 0; border-bottom: 1px solid #D3DBE2; padding: 3px; spacing: 1px; }"
-        "QToolBar::separator { width: 1px; margin: 5px 5px; background: #CBD4DC; }"
-        "QHeaderView::section { background: #F1F4F7; border: 0; padding: 4px 8px;"
-        " border-bottom: 1px solid #D3DBE2; border-right: 1px solid #DFE5EA; }"
-        "QStatusBar { border-top: 1px solid #D3DBE2; }"
-        "QStatusBar::item { border: 0; }");
+    application.setStyleSheet(sheetOf(colours));
 }
 
 } // namespace widgets

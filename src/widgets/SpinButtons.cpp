@@ -22,6 +22,7 @@ QWidget* SpinButtons::makeArrow(const QString& name, Qt::ArrowType arrow, int st
     button->setObjectName(name);
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
+    button->setAccessibleName(steps > 0 ? QStringLiteral("+") : QStringLiteral("-"));
     button->setFocusPolicy(Qt::NoFocus);
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
     button->setFixedWidth(20);

@@ -98,6 +98,14 @@ QWidget* DesktopOperator::form(const QString& name) const
     return nullptr;
 }
 
+QStringList DesktopOperator::registeredForms() const
+{
+    QStringList names;
+    for (const auto& [name, factory] : factories_)
+        names << name;
+    return names;
+}
+
 QList<QWidget*> DesktopOperator::loadedForms() const
 {
     QList<QWidget*> forms;

@@ -31,6 +31,7 @@ public:
     void adoptForm(const QString& name, QWidget* window) { adopted_[name] = window; }
     // Windows keep size and place in this file.
     void keepPlacesIn(const QString& file) { places_.keepIn(file); }
+    QStringList registeredForms() const;
     // The window of that name when it is loaded, else null.
     QWidget* form(const QString& name) const;
     // Every window that is loaded, adopted ones first.

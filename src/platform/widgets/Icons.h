@@ -5,6 +5,9 @@
 
 namespace platform {
 
+// Whether the icons stand on a dark ground; those that are fetched from then on are drawn for it.
+void setDarkGround(bool dark);
+
 // The icon of that name in the program's resources, with its drawing for 16 points where there is one.
 QIcon icon(const QString& name);
 
