@@ -244,6 +244,7 @@ TEST_F(EventViewerWindow, NarrowsAsOneTypesAndEscapeShowsAllAgain)
         QTest::keyClick(field, Qt::Key_Return); // doesn't wait
         EXPECT_EQ(descriptions(), QStringList());
         EXPECT_TRUE(part<QLabel>("lblEmpty")->isVisible());
+        EXPECT_EQ(part<QLabel>("lblEmpty")->textFormat(), Qt::PlainText);
         EXPECT_EQ(part<QLabel>("lblEmpty")->text(), texts.own("filter.nothing"));
         EXPECT_TRUE(list()->hasFocus());
         QTest::keyClick(list(), Qt::Key_Escape);

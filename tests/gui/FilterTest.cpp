@@ -156,6 +156,7 @@ TEST_F(Filter, SaysThatNothingHoldsTheWords)
     EXPECT_TRUE(shows({}));
     EXPECT_EQ(control<QLabel>("lblEmpty")->text(), texts.own("filter.nothing"));
     EXPECT_TRUE(control<QLabel>("lblEmpty")->isVisible());
+    EXPECT_EQ(control<QLabel>("lblEmpty")->textFormat(), Qt::PlainText);
     QTest::keyClick(field(), Qt::Key_Escape);
     EXPECT_FALSE(control<QLabel>("lblEmpty")->isVisible());
 }

@@ -170,7 +170,7 @@ TEST_F(ReadWriteWindow, ItIsMadeForReadingAtANight)
     open("1_1", [&] {
         EXPECT_EQ(console_->size(), QSize(780, 540));
         EXPECT_EQ(label("lblGroup"), "<B>NORTH</B>");
-        for (const char* name : {"lblGroup", "lblItem", "lblActivity"})
+        for (const char* name : {"lblGroup", "lblItem", "lblActivity", "lblFailed", "COMSet", "Info"})
             EXPECT_EQ(part<QLabel>(name)->textFormat(), Qt::PlainText) << name;
         EXPECT_TRUE(part<QLabel>("lblGroup")->font().bold());
         EXPECT_GT(part<QLabel>("lblGroup")->font().pointSizeF(), console_->font().pointSizeF());
