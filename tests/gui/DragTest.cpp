@@ -3,6 +3,9 @@
 #include "session/Session.h"
 #include "structure/frmListBus.h"
 
+#include <QFrame>
+#include <QPainter>
+
 using platform::answers::kNo;
 using platform::answers::kOk;
 using platform::answers::kYes;
@@ -181,5 +184,95 @@ TEST_F(DragTest, WhatIsCutIsDrawnPale)
     EXPECT_NE(tvwBus()->grab().toImage(), before);
     picture(*window(), "cut");
 }
+
+// What the line under the list tells while a job goes on, without its repetitions.
+class JobWordsTest : public DragTest, public testing::WithParamInterface<const char*>
+{
+protected:
+    JobWordsTest() { setLanguage(GetParam()); }
+
+    void startJobs(const QString& pictureName)
+    {
+        start();
+        EXPECT_TRUE(words()->isHidden());
+        connection_ =
+            QObject::connect(&plant(), &structure::Structure::updateProgress, [=, this](int percent) {
+                if (!words()->isVisible() || told.value(told.size() - 1) == words()->text())
+                    return;
+                told << words()->text();
+                EXPECT_FALSE(words()->visibleRegion().isEmpty());
+                if (percent == 50)
+                    window()->grab().save(pictureFolder() + session.Language.Code + '-' + pictureName +
+                                          ".png");
+            });
+    }
+    ~JobWordsTest() override { QObject::disconnect(connection_); }
+    QLabel* words() const { return control<QLabel>("lblUpdate"); }
+    static QString pictureFolder()
+    {
+        const QString folder = qEnvironmentVariable("CALIDORA_PICTURES");
+        return folder.isEmpty() ? "/dev/null/" : folder + '/';
+    }
+
+    QStringList told;
+
+private:
+    QMetaObject::Connection connection_;
+};
+
+TEST_P(JobWordsTest, APasteOfAGroupTellsWhatItIsAt)
+{
+    startJobs("paste");
+    clickNode("1_1");
+    QTest::keyClick(window(), Qt::Key_X, Qt::ControlModifier);
+    clickNode("Root");
+    desktop.script.expect(texts(507), kYes);
+    desktop.script.expect(texts(509), kOk);
+    QTest::keyClick(window(), Qt::Key_V, Qt::ControlModifier);
+    QStringList expected;
+    for (const char* step : {"job.instruments", "job.parameters", "job.tree", "job.original"})
+        expected << texts.own(step).arg("GRP1");
+    EXPECT_EQ(told, expected);
+    EXPECT_TRUE(words()->isHidden()) << "the words go with the job";
+}
+
+TEST_P(JobWordsTest, AResyncTellsTheInstrumentAndTheMessageWhatWasAdded)
+{
+    runOnPlant("DELETE FROM tbParametersUser WHERE IDPar IN ('P0101', 'P1101')");
+    startJobs("resync");
+    clickNode("Root");
+    clickItem("1_1");
+    desktop.script.expect(texts(511), kYes);
+    desktop.script.expect(texts(509) + "\r\n" + texts.own("resync.added").arg(2), kOk);
+    button("Resync")->trigger();
+    EXPECT_EQ(told, (QStringList{texts.own("job.resync").arg("INST11").arg(1).arg(2).arg(0),
+                                 texts.own("job.resync").arg("ALPHA").arg(2).arg(2).arg(1)}));
+    EXPECT_TRUE(words()->isHidden());
+}
+
+TEST_P(JobWordsTest, TheHintBesideThePointerAndWhatIsCut)
+{
+    start();
+    tvwBus()->expandAll();
+    clickNode("2_1_2");
+    QTest::keyClick(window(), Qt::Key_X, Qt::ControlModifier);
+    draw(tree(), atNode("2_1_1"), atNode("1_3"), Qt::ControlModifier);
+    ASSERT_TRUE(hint());
+    EXPECT_EQ(DragTest::words(), texts.own("drag.copy").arg("O'Hara"));
+    EXPECT_GE(hint()->width(), hint()->sizeHint().width()) << "nothing of the words is cut off";
+    const QString folder = qEnvironmentVariable("CALIDORA_PICTURES");
+    if (!folder.isEmpty()) {
+        QPixmap all = window()->grab();
+        QPainter painter(&all);
+        painter.drawPixmap(window()->mapFromGlobal(hint()->pos()), hint()->grab());
+        painter.end();
+        all.save(folder + '/' + session.Language.Code + "-drag-hint.png");
+    }
+    QTest::keyClick(tvwBus(), Qt::Key_Escape);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, JobWordsTest,
+                         testing::Values("EN_English_2000", "IT_Italiano_1000", "RU_Russian_6000"),
+                         [](const auto& info) { return std::string(info.param, 2); });
 
 } // namespace
