@@ -20,10 +20,10 @@ namespace structure {
 
 ResultDialog::ResultDialog(Structure& structure, session::Session& session, const session::Texts& texts,
                            const Names& names, int columns)
-    : structure_(structure), session_(session), texts_(texts), results_(columns), layout_(new QVBoxLayout(this)),
-      pages_(new QStackedWidget(this)), view_(new ResultView(results_)), commands_(new QHBoxLayout), bottom_(new QHBoxLayout),
-      cmdShow_(new QPushButton(this)), title_(names.title), words_(new QLabel(this)),
-      cmdClose_(new QPushButton(this))
+    : structure_(structure), session_(session), texts_(texts), results_(columns),
+      layout_(new QVBoxLayout(this)), pages_(new QStackedWidget(this)), view_(new ResultView(results_)),
+      commands_(new QHBoxLayout), bottom_(new QHBoxLayout), cmdShow_(new QPushButton(this)),
+      title_(names.title), words_(new QLabel(this)), cmdClose_(new QPushButton(this))
 {
     setObjectName(names.form);
     setWindowIcon(platform::icon(names.icon));
@@ -90,7 +90,8 @@ void ResultDialog::relabel()
 {
     setWindowTitle(session_.AppTitle + '\\' + texts_.own(title_));
     platform::guarded("Module/Set_Language", [this] {
-        results_.setColumnCaptions({texts_(102), texts_(107), texts_.own("find.place"), texts_.own("pending.known")});
+        results_.setColumnCaptions(
+            {texts_(102), texts_(107), texts_.own("find.place"), texts_.own("pending.known")});
     });
     cmdShow_->setText(texts_.own("find.show"));
     cmdClose_->setText(texts_.own("find.close"));
