@@ -58,8 +58,9 @@ Console::Console(const Surroundings& with)
         const bool error = description == texts_(545);
         model_.addLine(when, description, error ? int(events::kError) : events_.typeOfLine());
     };
-    QObject::connect(&model_, &ConsoleModel::valueWasSeen, &model_,
-                     [this](int, int, const QString& IDPar, const QString& value) { annotate(IDPar, value); });
+    QObject::connect(
+        &model_, &ConsoleModel::valueWasSeen, &model_,
+        [this](int, int, const QString& IDPar, const QString& value) { annotate(IDPar, value); });
     QObject::connect(&model_, &ConsoleModel::checkHasFailed, &model_, [this] {
         model_.log().annotateLast(failedCheckWords(model_.failedChecks().constLast()));
     });

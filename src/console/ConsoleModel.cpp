@@ -54,13 +54,14 @@ QString ConsoleModel::operationWords(const session::Texts& texts) const
     const qint64 now = clock_.elapsed();
     QStringList parts;
     if (operation_.passes() > 1 && operation_.record() > 0)
-        parts
-            << texts.own(QStringLiteral("progress.pass")).arg(operation_.pass()).arg(operation_.passes());
+        parts << texts.own(QStringLiteral("progress.pass")).arg(operation_.pass()).arg(operation_.passes());
     if (operation_.record() > 0)
-        parts << texts.own(QStringLiteral("progress.item")).arg(operation_.record()).arg(operation_.records());
+        parts
+            << texts.own(QStringLiteral("progress.item")).arg(operation_.record()).arg(operation_.records());
     if (const std::optional<int> waiting = operation_.secondsWaiting(now))
-        parts << texts.own(*waiting < kLongWait ? QStringLiteral("progress.waiting")
-                                                : QStringLiteral("progress.silent"))
+        parts << texts
+                     .own(*waiting < kLongWait ? QStringLiteral("progress.waiting")
+                                               : QStringLiteral("progress.silent"))
                      .arg(*waiting);
     parts << texts.own(QStringLiteral("progress.left")).arg(minutesAndSeconds(operation_.secondsLeft(now)));
     return parts.join(QStringLiteral("  \u00b7  "));
@@ -70,10 +71,10 @@ QString ConsoleModel::outcomeWords(const session::Texts& texts) const
 {
     if (outcome_.records == 0)
         return {};
-    const QString words = texts.own(outcome_.write ? QStringLiteral("outcome.written")
-                                                   : QStringLiteral("outcome.read"))
-                              .arg(outcome_.done)
-                              .arg(outcome_.records);
+    const QString words =
+        texts.own(outcome_.write ? QStringLiteral("outcome.written") : QStringLiteral("outcome.read"))
+            .arg(outcome_.done)
+            .arg(outcome_.records);
     if (!outcome_.whole)
         return words + texts.own(QStringLiteral("outcome.interrupted"));
     const int failed = outcome_.records - outcome_.done;

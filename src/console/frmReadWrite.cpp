@@ -55,9 +55,10 @@ protected:
         option->font.setBold(true);
         if (option->state & QStyle::State_Selected)
             return;
-        option->backgroundBrush = type == events::kError ? QColor(0xfb, 0xe0, 0xdd) : QColor(0xff, 0xf1, 0xd2);
-        option->palette.setColor(QPalette::Text,
-                                 type == events::kError ? QColor(0x9b, 0x1c, 0x12) : QColor(0x7a, 0x4b, 0x00));
+        option->backgroundBrush =
+            type == events::kError ? QColor(0xfb, 0xe0, 0xdd) : QColor(0xff, 0xf1, 0xd2);
+        option->palette.setColor(QPalette::Text, type == events::kError ? QColor(0x9b, 0x1c, 0x12)
+                                                                        : QColor(0x7a, 0x4b, 0x00));
     }
 };
 
@@ -94,7 +95,8 @@ frmReadWrite::frmReadWrite(const Surroundings& with, const QString& key, QWidget
     connect(&model_, &ConsoleModel::concernsChanged, this, &frmReadWrite::showConcerns);
     connect(&tmrRefresh_, &QTimer::timeout, this, &frmReadWrite::tmrRefresh_Timer);
 
-    connect(&model_, &ConsoleModel::operationOver, this, &frmReadWrite::tellOperationOver, Qt::QueuedConnection);
+    connect(&model_, &ConsoleModel::operationOver, this, &frmReadWrite::tellOperationOver,
+            Qt::QueuedConnection);
 
     console_.load(key);
     console_.groupName();

@@ -7,8 +7,8 @@
 #include "widgets/ImageDelegate.h"
 #include "widgets/SortHeader.h"
 
-#include <QItemSelectionModel>
 #include <QHBoxLayout>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -108,7 +108,8 @@ void frmZoom::makePopup()
 void frmZoom::listen()
 {
     connect(lvwZoom_, &QTreeView::doubleClicked, this, &frmZoom::pick);
-    connect(lvwZoom_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { preselected_ = false; });
+    connect(lvwZoom_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this] { preselected_ = false; });
     connect(header_, &QHeaderView::sectionClicked, &zoom_.list(), &ZoomModel::clickColumn);
     connect(&zoom_.list(), &QAbstractItemModel::layoutChanged, this,
             [this] { header_->setArrow(zoom_.list().sortColumn(), zoom_.list().sortAscending()); });

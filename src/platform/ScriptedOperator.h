@@ -54,7 +54,7 @@ public:
     void repaint() override {}
     bool escapePressed() override { return escapeAfter >= 0 && escapeAfter-- == 0; }
 
-    std::vector<Box> boxes; // every box that appeared
+    std::vector<Box> boxes;          // every box that appeared
     std::vector<Question> questions; // those among the boxes that told more than their text
     std::vector<FileRequest> fileRequests;
     std::vector<std::pair<QString, QString>> inputBoxes; // prompt and title

@@ -64,7 +64,8 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
     qApp->installEventFilter(this);
     widgets_["Info"].text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     widgets_["Plant"].frame->hide();
-    widgets_["Plant"].picture->setPixmap(platform::icon("group").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
+    widgets_["Plant"].picture->setPixmap(
+        platform::icon("group").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
     widgets_["Plant"].picture->show();
     widgets_["Waiting"].frame->setCursor(Qt::PointingHandCursor);
     showWaiting(0, 0);
@@ -152,8 +153,8 @@ void MainStatusBar::showBell(bool alarms)
     const int side = alarms ? kBellSize : kPictureSize;
     const QIcon picture = pictureOfPanel(panels_.picture(bus::Panel::Allarm));
     bell.picture->setPixmap(picture.pixmap(QSize(side, side), devicePixelRatio()));
-    bell.frame->setStyleSheet(alarms ? QStringLiteral("#Allarm { background: #FFD9D4; border: 2px solid #C8372D; }")
-                                     : QString());
+    bell.frame->setStyleSheet(
+        alarms ? QStringLiteral("#Allarm { background: #FFD9D4; border: 2px solid #C8372D; }") : QString());
 }
 
 void MainStatusBar::showWaiting(int waiting, int unconfirmed)

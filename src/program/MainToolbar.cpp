@@ -43,16 +43,17 @@ constexpr Look kLooks[] = {{"Filter", "filter", "menu.filter"},
 
 bool isLook(const QString& key)
 {
-    return std::any_of(std::begin(kLooks), std::end(kLooks), [&](const Look& look) { return key == look.key; });
+    return std::any_of(std::begin(kLooks), std::end(kLooks),
+                       [&](const Look& look) { return key == look.key; });
 }
 
 // The keys that stand for a button, as the menus know them.
 QString keysOf(const QString& button)
 {
     static const std::map<QString, QString> kKeys{
-        {"New", "Ins"},           {"Delete", "Del"},   {"Cut", "Ctrl+X"},        {"Copy", "Ctrl+C"},
-        {"Paste", "Ctrl+V"},      {"Refresh", "F5"},   {"ReadWrite", "Ctrl+R"},  {"Property", "Return"},
-        {"Parent", "Backspace"},  {"Filter", "Ctrl+F"}, {"Find", "Ctrl+Shift+F"}, {"Pending", "Ctrl+Shift+P"}};
+        {"New", "Ins"},          {"Delete", "Del"},    {"Cut", "Ctrl+X"},        {"Copy", "Ctrl+C"},
+        {"Paste", "Ctrl+V"},     {"Refresh", "F5"},    {"ReadWrite", "Ctrl+R"},  {"Property", "Return"},
+        {"Parent", "Backspace"}, {"Filter", "Ctrl+F"}, {"Find", "Ctrl+Shift+F"}, {"Pending", "Ctrl+Shift+P"}};
     const auto keys = kKeys.find(button);
     return keys == kKeys.end() ? QString() : QKeySequence(keys->second).toString(QKeySequence::NativeText);
 }

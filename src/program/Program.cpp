@@ -20,8 +20,8 @@ namespace program {
 using namespace session;
 
 Program::Program(const Surroundings& surroundings)
-    : with_(surroundings), structure_(with_.session, with_.texts, with_.op), marks_(with_.session, structure_),
-      database_(with_.session, with_.texts, with_.op, structure_),
+    : with_(surroundings), structure_(with_.session, with_.texts, with_.op),
+      marks_(with_.session, structure_), database_(with_.session, with_.texts, with_.op, structure_),
       safekeeping_({with_.session, with_.texts, with_.op, with_.clock, database_}),
       upgrade_({with_.session, with_.texts, with_.op, with_.clock, database_}),
       safetyCopies_(with_.session, with_.clock), recorder_(with_.session, with_.clock),
@@ -127,7 +127,8 @@ dialogs::Settings::Verbs Program::settingsVerbs()
 // When the notice has closed, and with it what it holds up.
 void Program::showEventsOfAlarms()
 {
-    QMetaObject::invokeMethod(this, [this] { handlers_.run("EventViewer"); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this] { handlers_.run("EventViewer"); }, Qt::QueuedConnection);
 }
 
 // A port that went away, or would not open, is tried again; one that is there stays as it is.
@@ -280,10 +281,11 @@ void Program::listen()
             [this](int IDGrp, int IDInst, const QString& IDPar, const QString& value) {
                 structure_.memory().see(QString::number(IDGrp), QString::number(IDInst), IDPar, value);
             });
-    connect(&consoleModel_, &console::ConsoleModel::checkHasFailed, this, [this](const bus::FailedCheck& check) {
-        structure_.memory().remember(
-            {check.key, check.parameter, check.instrument, check.group, check.expected, check.found});
-    });
+    connect(&consoleModel_, &console::ConsoleModel::checkHasFailed, this,
+            [this](const bus::FailedCheck& check) {
+                structure_.memory().remember(
+                    {check.key, check.parameter, check.instrument, check.group, check.expected, check.found});
+            });
 
     purge_.onFile = [this](int percent, const QString& shown) {
         if (auto* window = qobject_cast<events::frmReadLogFiles*>(with_.op.form("frmReadLogFiles")))
@@ -293,7 +295,8 @@ void Program::listen()
                              const QString& text) {
         QStringList place{plant, instrument, text};
         place.removeAll(QString());
-        const QString call = when.toString("dd/MM/yyyy HH:mm") + "  " + place.join(QStringLiteral(" \u203a "));
+        const QString call =
+            when.toString("dd/MM/yyyy HH:mm") + "  " + place.join(QStringLiteral(" \u203a "));
         if (!alarmCalls_.contains(call))
             alarmCalls_ << call;
     };

@@ -90,11 +90,10 @@ void Program::registerForms()
                           [&, this] { return new database::frmUpgrade(session, texts, op, upgrade_); });
     with_.op.registerForm("frmFind",
                           [&, this] { return new structure::frmFind(structure_, session, texts, op); });
-    with_.op.registerForm("frmPending",
-                          [&, this] {
-                              return new structure::frmPending(structure_, session, texts, op,
-                                                               [this] { handlers_.run("ReadWrite"); });
-                          });
+    with_.op.registerForm("frmPending", [&, this] {
+        return new structure::frmPending(structure_, session, texts, op,
+                                         [this] { handlers_.run("ReadWrite"); });
+    });
     with_.op.registerForm("frmHistory", [&, this] {
         return new history::frmHistory(
             {session, texts, op, clock,
@@ -129,9 +128,8 @@ void Program::registerForms()
 
 QWidget* Program::makeMainWindow()
 {
-    auto* window = new frmMain(
-        {with_.session, with_.texts, with_.op, structure_, panels_, handlers_, commands_, drag_, main_, marks_,
-         [this] { return connectedPlant(); }});
+    auto* window = new frmMain({with_.session, with_.texts, with_.op, structure_, panels_, handlers_,
+                                commands_, drag_, main_, marks_, [this] { return connectedPlant(); }});
     with_.op.adoptForm("frmTreeBus", window->treeBus());
     with_.op.adoptForm("frmListBus", window->listBus());
     connect(&database_, &database::Database::captionChanged, window, &frmMain::showCaption);

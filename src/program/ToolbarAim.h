@@ -18,8 +18,8 @@ public:
     {
     }
 
-    // The command that the button runs now. With nothing selected at all it is about the root, which stands in
-    // the list then.
+    // The command that the button runs now. With nothing selected at all it is about the root, which stands
+    // in the list then.
     QString take(const QString& button);
     bool enabled(const QString& button) const;
 

@@ -34,8 +34,8 @@ using widgets::pointsOf;
 using widgets::Set_Language;
 
 frmMain::frmMain(const Surroundings& surroundings)
-    : with_(surroundings),
-      tlbMain_(new MainToolbar(with_.session, with_.texts, with_.handlers, with_.commands, with_.structure, this)),
+    : with_(surroundings), tlbMain_(new MainToolbar(with_.session, with_.texts, with_.handlers,
+                                                    with_.commands, with_.structure, this)),
       staMain_(new MainStatusBar(with_.panels, with_.texts, this)), pages_(new QStackedWidget(this)),
       empty_(new EmptyState(with_.texts, this)), splitter_(new QSplitter(this)),
       frmTreeBus_(new structure::frmTreeBus(with_.structure, with_.session, this)),
@@ -91,9 +91,8 @@ void frmMain::listen()
             with_.handlers.run("Pending");
     });
     staMain_->askForPlant(with_.connectedPlant);
-    connect(&with_.marks, &structure::PlantMarks::changed, this, [this] {
-        staMain_->showWaiting(with_.marks.waiting(), with_.marks.unconfirmed());
-    });
+    connect(&with_.marks, &structure::PlantMarks::changed, this,
+            [this] { staMain_->showWaiting(with_.marks.waiting(), with_.marks.unconfirmed()); });
     connect(&with_.structure, &structure::Structure::treeVisibilityChanged, this, &frmMain::showTree);
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
         if (frmTreeBus_->isAncestorOf(now))

@@ -103,7 +103,8 @@ void InstrumentEditor::tell(Details& details) const
         return;
     details.wholeAddress = wholeAddress();
     if (const QString others = sharers(details.wholeAddress); !others.isEmpty())
-        details.warning = with_.texts.own(QStringLiteral("property.address.shared")).arg(details.wholeAddress, others);
+        details.warning =
+            with_.texts.own(QStringLiteral("property.address.shared")).arg(details.wholeAddress, others);
 }
 
 // The other instruments of the group that answer to the address.

@@ -199,9 +199,10 @@ QString PropertyCopy::sourceName() const
     const QString block = IDCopy_.mid(3, 2);
     try {
         Recordset row;
-        row.Open(QStringLiteral("SELECT mDesc FROM tbParamCopyLanguage WHERE ((mID = %1) AND (mKeyLang = %2));")
-                     .arg(Compose_SqlText(IDCopy_), Compose_SqlText(session_.Language.Code)),
-                 session_.cnDatabase);
+        row.Open(
+            QStringLiteral("SELECT mDesc FROM tbParamCopyLanguage WHERE ((mID = %1) AND (mKeyLang = %2));")
+                .arg(Compose_SqlText(IDCopy_), Compose_SqlText(session_.Language.Code)),
+            session_.cnDatabase);
         return row.Eof() ? block : QString(block % u' ' % row.text("mDesc"));
     } catch (const platform::RuntimeError&) {
         return block;
@@ -270,8 +271,8 @@ void PropertyCopy::copyTo(const QString& IDCopy, const QVariant& value)
               AND (tbParametersUser.IDGrp = %2)
               AND (tbParametersUser.IDInst = %3)
               AND (tbParam.mIDCopy = %4));)");
-    written_ += session_.cnDatabase.Execute(kStatement.arg(Compose_SqlText(value), property_.IDGrp(), property_.IDInst(),
-                                               Compose_SqlText(IDCopy)));
+    written_ += session_.cnDatabase.Execute(kStatement.arg(Compose_SqlText(value), property_.IDGrp(),
+                                                           property_.IDInst(), Compose_SqlText(IDCopy)));
 }
 
 // lvwItems

@@ -48,7 +48,7 @@ public:
     void relabel() { emit headerDataChanged(Qt::Horizontal, 0, 1); }
 
 signals:
-    void copied(); // a copy is through
+    void copied();                      // a copy is through
     void progress(int done, int total); // of prgLoad; it hides when both are equal
 
 private:

@@ -52,7 +52,8 @@ frmProperty::frmProperty(const session::Session& session, const session::Texts& 
     lblWarning_ = addDetail("lblWarning", this);
     lblWarning_->setWordWrap(true);
     lblWarning_->setMargin(6);
-    lblWarning_->setStyleSheet(QStringLiteral("#lblWarning { background: #FFF1D2; border: 1px solid #F2A33A; }"));
+    lblWarning_->setStyleSheet(
+        QStringLiteral("#lblWarning { background: #FFF1D2; border: 1px solid #F2A33A; }"));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 14, 16, 14);
@@ -302,15 +303,16 @@ void frmProperty::showDetails()
     showDetail(lblTitle_, details.title);
     showDetail(lblPath_, QString(details.path).replace('\\', QStringLiteral(" \u203a ")));
     showDetail(lblUnit_, details.unit);
-    showDetail(lblStandard_, details.standard.isEmpty() ? QString()
-                                                        : texts_.own("property.default").arg(details.standard));
+    showDetail(lblStandard_,
+               details.standard.isEmpty() ? QString() : texts_.own("property.default").arg(details.standard));
     showDetail(lblWholeAddress_, details.wholeAddress.isEmpty()
                                      ? QString()
                                      : texts_.own("property.address.whole").arg(details.wholeAddress));
     showDetail(lblWarning_, details.warning);
     const Controls& controls = model_.controls();
-    showDetail(lblDisabledWhy_, controls.chkDisabled.visible && !model_.Enable() ? texts_.own("property.disabled")
-                                                                                 : QString());
+    showDetail(lblDisabledWhy_, controls.chkDisabled.visible && !model_.Enable()
+                                    ? texts_.own("property.disabled")
+                                    : QString());
     // The limits in words stand in the place of the short form.
     if (!details.limits.isEmpty())
         static_cast<QLabel*>(widgets_["lblRange1"])->setText(details.limits);

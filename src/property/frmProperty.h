@@ -55,8 +55,7 @@ private:
     const session::Texts& texts_;
     PropertyModel& model_;
     QHash<QString, QString> left_; // what Escape puts back into a field that was left, until it is accepted
-    QLabel *lblTitle_, *lblPath_, *lblUnit_, *lblStandard_, *lblWholeAddress_, *lblWarning_,
-        *lblDisabledWhy_;
+    QLabel *lblTitle_, *lblPath_, *lblUnit_, *lblStandard_, *lblWholeAddress_, *lblWarning_, *lblDisabledWhy_;
     QHash<QString, QWidget*> widgets_; // by control name
     QList<widgets::FieldEdit*> fields_;
     QList<widgets::SpinButtons*> spins_; // updVal1 to updVal3

@@ -127,7 +127,8 @@ MenuEntry viewMenu()
         menu.entries.push_back(std::move(entry));
     menu.entries.push_back(kSeparator);
     MenuEntry languages{"mnuLanguage", 0, {}, {}, {}, false, "menu.language"};
-    const std::pair<const char*, const char*> kLanguages[] = {{"EN", "&English"}, {"IT", "&Italiano"}, {"RU", "&Русский"}};
+    const std::pair<const char*, const char*> kLanguages[] = {
+        {"EN", "&English"}, {"IT", "&Italiano"}, {"RU", "&Русский"}};
     for (const auto& [code, name] : kLanguages)
         languages.entries.push_back(
             {QStringLiteral("mnuLanguage") + code, 0, QStringLiteral("Language") + code, {}, name, true});

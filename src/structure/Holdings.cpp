@@ -38,15 +38,17 @@ Holdings holdingsOf(const session::Session& session, const QString& key)
     Holdings found;
     if (ids.IDParGrp.isEmpty()) {
         platform::Recordset instruments;
-        instruments.Open(QStringLiteral("SELECT Count(*) AS Instruments FROM tbInstrumentsUser WHERE (%1);").arg(below(ids)),
-                  session.cnDatabase);
+        instruments.Open(QStringLiteral("SELECT Count(*) AS Instruments FROM tbInstrumentsUser WHERE (%1);")
+                             .arg(below(ids)),
+                         session.cnDatabase);
         found.instruments = instruments.number("Instruments");
     }
     platform::Recordset rows;
-    rows.Open(QStringLiteral(R"(SELECT Count(*) AS Parameters, Count(CASE WHEN State = 1 THEN 1 END) AS Changed
+    rows.Open(
+        QStringLiteral(R"(SELECT Count(*) AS Parameters, Count(CASE WHEN State = 1 THEN 1 END) AS Changed
                                 FROM tbParametersUser WHERE (%1);)")
-                  .arg(below(ids)),
-              session.cnDatabase);
+            .arg(below(ids)),
+        session.cnDatabase);
     found.parameters = rows.number("Parameters");
     found.changed = rows.number("Changed");
     return found;

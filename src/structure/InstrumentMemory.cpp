@@ -17,11 +17,13 @@ QString InstrumentMemory::placeOf(const QString& key)
     return placeOf(ids.IDGrp, ids.IDInst, ids.IDPar);
 }
 
-void InstrumentMemory::see(const QString& IDGrp, const QString& IDInst, const QString& IDPar, const QString& value)
+void InstrumentMemory::see(const QString& IDGrp, const QString& IDInst, const QString& IDPar,
+                           const QString& value)
 {
     const QString place = placeOf(IDGrp, IDInst, IDPar);
     seen_[place] = value;
-    const auto resolved = std::erase_if(unconfirmed_, [&](const auto& one) { return placeOf(one.first) == place; });
+    const auto resolved =
+        std::erase_if(unconfirmed_, [&](const auto& one) { return placeOf(one.first) == place; });
     if (resolved > 0)
         emit changed();
 }
@@ -55,7 +57,8 @@ void InstrumentMemory::forgetBelow(const QString& key)
     const QString start = above.IDInst.isEmpty() ? QString(above.IDGrp % u'_')
                                                  : QString(above.IDGrp % u'_' % above.IDInst % u'_');
     seen_.removeIf([&](const auto& one) { return one.key().startsWith(start); });
-    if (std::erase_if(unconfirmed_, [&](const auto& one) { return isBelow(Extract_Key(one.first), above); }) > 0)
+    if (std::erase_if(unconfirmed_, [&](const auto& one) { return isBelow(Extract_Key(one.first), above); }) >
+        0)
         emit changed();
 }
 

@@ -13,11 +13,11 @@ namespace structure {
 struct ListItem
 {
     QString key;
-    QString text;    // column 1
-    QString subtext; // sub-item 1: phone, address or value
-    QString detail;  // sub-item 2: description
-    int icon = 0;    // 1 root, 2 group, 3 instrument, 4 parameter group, 5 to 7 parameter by state
-    int marks = 0;   // its own, beside those that are set for its key
+    QString text;       // column 1
+    QString subtext;    // sub-item 1: phone, address or value
+    QString detail;     // sub-item 2: description
+    int icon = 0;       // 1 root, 2 group, 3 instrument, 4 parameter group, 5 to 7 parameter by state
+    int marks = 0;      // its own, beside those that are set for its key
     QString extra = {}; // the fourth column, where there is one
 };
 

@@ -150,9 +150,10 @@ ListItem parameterItem(const Recordset& row, const QString& shown)
 QSet<QString> readOnlyOf(const QString& IDParGrp, const platform::Connection& company)
 {
     Recordset rows;
-    rows.Open(QStringLiteral("SELECT mID FROM tbParam WHERE ((mKeyParGroup = %1) AND (Coalesce(mEnable, 0) = 0));")
-                  .arg(Compose_SqlText(IDParGrp)),
-              company);
+    rows.Open(
+        QStringLiteral("SELECT mID FROM tbParam WHERE ((mKeyParGroup = %1) AND (Coalesce(mEnable, 0) = 0));")
+            .arg(Compose_SqlText(IDParGrp)),
+        company);
     QSet<QString> ids;
     for (; !rows.Eof(); rows.MoveNext())
         ids << rows.text(QStringLiteral("mID"));

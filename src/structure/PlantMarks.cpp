@@ -64,7 +64,8 @@ void PlantMarks::read()
         holders_.clear();
         waiting_ = 0;
         for (; !rows.Eof(); rows.MoveNext()) {
-            holders_[paramGroupKey(rows.text("IDGrp"), rows.text("IDInst"), rows.text("IDParGrp"))] = kHoldsChanges;
+            holders_[paramGroupKey(rows.text("IDGrp"), rows.text("IDInst"), rows.text("IDParGrp"))] =
+                kHoldsChanges;
             waiting_ += rows.number("Waiting");
         }
     } catch (const platform::RuntimeError&) {

@@ -105,7 +105,7 @@ private:
 
     const ParameterWords& words_;
     const Words& searched_;
-    std::vector<Known> known_;                // by ParameterWord::index
+    std::vector<Known> known_;               // by ParameterWord::index
     QHash<const QString*, unsigned> groups_; // by the name in `words_`
 };
 
@@ -251,7 +251,7 @@ private:
     ParameterWords words_;
     PlantNames names_;
     QHash<int, QString> groupNames_;
-    QHash<int, unsigned> groupWords_;                       // that a plant's name holds
+    QHash<int, unsigned> groupWords_;                      // that a plant's name holds
     QHash<std::pair<int, int>, unsigned> instrumentWords_; // that its name or its plant's holds
     const Words& searched_;
     ParameterJudge judge_;

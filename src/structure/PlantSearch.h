@@ -19,10 +19,11 @@ struct Findings
 // How many of a kind are listed.
 inline constexpr int kMostOfAKind = 200;
 
-// Searches a whole company for a text, in any case, and for its words where nothing holds it whole: groups by name, description and phone;
-// instruments by name, description, type tag and address; parameters by name, tag and value, the value as
-// stored and as shown. Of several words one at least stands there, the others there or in the names above:
-// "defrost carne". The characters of a word stand for themselves; "" finds nothing. Never raises.
+// Searches a whole company for a text, in any case, and for its words where nothing holds it whole: groups by
+// name, description and phone; instruments by name, description, type tag and address; parameters by name,
+// tag and value, the value as stored and as shown. Of several words one at least stands there, the others
+// there or in the names above: "defrost carne". The characters of a word stand for themselves; "" finds
+// nothing. Never raises.
 Findings findInPlant(const QString& file, const QString& language, const QString& text, const StopFlag& stop);
 
 } // namespace structure

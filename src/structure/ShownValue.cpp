@@ -53,9 +53,9 @@ QString shownValue(const session::Session& session, const QString& IDPar, const 
         if (parameter.Eof())
             return stored;
         const std::optional<QString> known = stored.isEmpty() ? std::nullopt : value;
-        const QString shown = values::displayValue(known, parameter.text("KeyType"), parameter.text("mDP"),
-                                    parameter.optionalText("mUnit"),
-                                    [&](const QString& choice) { return choiceOf(session, IDPar, choice); }, stored);
+        const QString shown = values::displayValue(
+            known, parameter.text("KeyType"), parameter.text("mDP"), parameter.optionalText("mUnit"),
+            [&](const QString& choice) { return choiceOf(session, IDPar, choice); }, stored);
         return shown.isEmpty() ? stored : shown;
     } catch (const platform::RuntimeError&) {
         return stored;

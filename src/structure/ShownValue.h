@@ -9,7 +9,8 @@ namespace structure {
 
 // What a list shows for a stored value of a parameter (none is one that isn't known). One that the catalogue
 // has no words for is shown as it is stored. Never raises.
-QString shownValue(const session::Session& session, const QString& IDPar, const std::optional<QString>& value);
+QString shownValue(const session::Session& session, const QString& IDPar,
+                   const std::optional<QString>& value);
 
 // The words of a value that is a number in the instrument and has words in the catalogue; "" for any other.
 QString choiceWords(const session::Session& session, const QString& IDPar, const QString& value);

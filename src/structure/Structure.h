@@ -24,7 +24,7 @@ public:
 
     TreeModel& tree() { return tree_; } // tvwBus
     const TreeModel& tree() const { return tree_; }
-    ListModel& list() { return list_; }                           // lvwBus
+    ListModel& list() { return list_; } // lvwBus
     InstrumentMemory& memory() { return memory_; }
     const InstrumentMemory& memory() const { return memory_; }
     const QString& path() const { return path_; }                 // lblPath

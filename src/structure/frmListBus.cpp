@@ -17,9 +17,10 @@ namespace structure {
 
 frmListBus::frmListBus(Structure& structure, session::Session& session, const session::Texts& texts,
                        QWidget* parent)
-    : QWidget(parent), structure_(structure), session_(session), texts_(texts), lblPath_(new widgets::ElidedLabel(this)),
-      txtFilter_(new FilterField(structure, this)), lvwBus_(new ListBusView(structure.list(), this)),
-      lblUpdate_(new QLabel(this)), prgUpdate_(new QProgressBar(this))
+    : QWidget(parent), structure_(structure), session_(session), texts_(texts),
+      lblPath_(new widgets::ElidedLabel(this)), txtFilter_(new FilterField(structure, this)),
+      lvwBus_(new ListBusView(structure.list(), this)), lblUpdate_(new QLabel(this)),
+      prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");
     lblPath_->setObjectName("lblPath");
@@ -89,7 +90,9 @@ void frmListBus::showFilter()
 void frmListBus::showEmptyText()
 {
     const int level = structure_.levelOfTree();
-    const char* words = level == kRoot ? "list.empty.root" : level == kGroup ? "list.empty.group" : "list.empty";
+    const char* words = level == kRoot    ? "list.empty.root"
+                        : level == kGroup ? "list.empty.group"
+                                          : "list.empty";
     if (!structure_.list().filter().isEmpty())
         words = "filter.nothing";
     lvwBus_->setEmptyText(texts_.own(words));

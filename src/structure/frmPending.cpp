@@ -27,8 +27,8 @@ namespace structure {
 namespace {
 
 // A write that was not confirmed, among those that are still to come.
-ListItem unconfirmedItem(const session::Session& session, const session::Texts& texts, const Structure& structure,
-                         const UnconfirmedWrite& write)
+ListItem unconfirmedItem(const session::Session& session, const session::Texts& texts,
+                         const Structure& structure, const UnconfirmedWrite& write)
 {
     const KeyParts ids = Extract_Key(write.key);
     const QString plant = structure.tree().captionOf(groupKey(ids.IDGrp));
@@ -49,8 +49,8 @@ frmPending::frmPending(Structure& structure, session::Session& session, const se
                        platform::Operator& op, std::function<void()> readWrite)
     : ResultDialog(structure, session, texts,
                    {"frmPending", "pending", "lvwPending", "lblPending", "pending.title"}, 4),
-      operator_(op), readWrite_(std::move(readWrite)), nothing_(new QWidget), lblNothing_(new QLabel(nothing_)),
-      cmdRefresh_(new QPushButton(platform::icon("refresh"), {}, this)),
+      operator_(op), readWrite_(std::move(readWrite)), nothing_(new QWidget),
+      lblNothing_(new QLabel(nothing_)), cmdRefresh_(new QPushButton(platform::icon("refresh"), {}, this)),
       cmdTakeBack_(new QPushButton(platform::icon("reset"), {}, this)),
       cmdReadWrite_(new QPushButton(platform::icon("read-write"), {}, this)),
       job_(*this, [this](const PendingWrites& pending) { showWrites(pending); })
@@ -121,7 +121,8 @@ void frmPending::showWrites(const PendingWrites& pending)
     }
     for (ListItem item : pending.items) {
         const std::optional<QString> known = memory.valueOf(item.key);
-        item.extra = known ? shownValue(session_, Extract_Key(item.key).IDPar, known) : texts_.own("pending.unknown");
+        item.extra =
+            known ? shownValue(session_, Extract_Key(item.key).IDPar, known) : texts_.own("pending.unknown");
         item.marks = memory.isUnconfirmed(item.key) ? int(kHoldsUnconfirmed) : 0;
         items.push_back(std::move(item));
     }
@@ -149,7 +150,8 @@ void frmPending::enableCommands()
     const ListItem* item = results_.item(key);
     cmdReadWrite_->setEnabled(selected && session::rightOf(session_.CurrentUser.ReadWrite));
     cmdTakeBack_->setEnabled(item && item->icon == int(Image::ParameterChanged) &&
-                             structure_.memory().valueOf(key) && session::rightOf(session_.CurrentUser.Modify));
+                             structure_.memory().valueOf(key) &&
+                             session::rightOf(session_.CurrentUser.Modify));
 }
 
 void frmPending::openConsole()
@@ -171,7 +173,8 @@ void frmPending::takeBack()
         const std::optional<QString> former = structure_.memory().valueOf(item.key);
         const platform::Question question{
             .text = texts_.own("pending.back.ask"),
-            .more = QStringLiteral("%1\n%2: %3 \u2192 %4").arg(item.detail, item.text, item.subtext, item.extra),
+            .more =
+                QStringLiteral("%1\n%2: %3 \u2192 %4").arg(item.detail, item.text, item.subtext, item.extra),
             .title = session_.AppTitle,
             .destroys = true};
         const QString company = session_.dbFile();

@@ -8,9 +8,9 @@
 
 namespace structure {
 
-// "Pending writes": what of the whole company is changed here and not yet in the instruments, beside what these
-// hold as far as it is known, and the writes that were not confirmed. It is read again whenever the operator
-// comes back to it. A change can be taken back, and the console opened where it stands.
+// "Pending writes": what of the whole company is changed here and not yet in the instruments, beside what
+// these hold as far as it is known, and the writes that were not confirmed. It is read again whenever the
+// operator comes back to it. A change can be taken back, and the console opened where it stands.
 class frmPending : public ResultDialog
 {
     Q_OBJECT

@@ -38,8 +38,9 @@ public:
         const QSize size = rect.size() * kBadge;
         for (const Badge& badge : kBadges) {
             if (marks_ & badge.bit)
-                platform::icon(badge.icon).paint(
-                    painter, QStyle::alignedRect(Qt::LeftToRight, badge.corner, size, rect), Qt::AlignCenter, shown);
+                platform::icon(badge.icon)
+                    .paint(painter, QStyle::alignedRect(Qt::LeftToRight, badge.corner, size, rect),
+                           Qt::AlignCenter, shown);
         }
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
@@ -113,7 +114,8 @@ void ImageDelegate::addValue(QStyleOptionViewItem* option, const QString& value)
     const QFontMetrics& metrics = option->fontMetrics;
     if (valuePlace_ == Below) {
         const int twoLines = 2 * cell_.width() - 6 * metrics.averageCharWidth();
-        option->text = metrics.elidedText(option->text, Qt::ElideRight, twoLines) + QChar::LineSeparator + value;
+        option->text =
+            metrics.elidedText(option->text, Qt::ElideRight, twoLines) + QChar::LineSeparator + value;
         return;
     }
     const QString behind = QStringLiteral("   ") + value;

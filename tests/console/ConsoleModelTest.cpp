@@ -26,8 +26,7 @@ TEST_F(ConsoleModelTest, TheLineOfActivityTellsTheNextStep)
               "Not connected. Connect reaches GRP1 over the direct cable. Release Simulation to dial.");
     model.setSimulator(false);
     situation.phone.clear();
-    EXPECT_EQ(activity(),
-              "Not connected. GRP1 has no phone number: press Simulation for the direct cable.");
+    EXPECT_EQ(activity(), "Not connected. GRP1 has no phone number: press Simulation for the direct cable.");
     bus.EnableDisable_RWMenu(session::kBusy);
     clock.run(7000);
     EXPECT_EQ(activity(), "connecting: 7 s");
@@ -100,15 +99,18 @@ TEST_F(ConsoleModelTest, AWriteIsOneWayOfThreePasses)
 {
     model.operationBegan(2, 3);
     model.recordBegan(false);
-    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 1 of 3  \u00b7  Item 1 of 2"))) << qPrintable(activity());
+    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 1 of 3  \u00b7  Item 1 of 2")))
+        << qPrintable(activity());
     EXPECT_EQ(model.shownProgress(), 16);
     model.recordBegan(false);
     EXPECT_EQ(model.shownProgress(), 33);
     model.recordBegan(false);
-    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 2 of 3  \u00b7  Item 1 of 2"))) << qPrintable(activity());
+    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 2 of 3  \u00b7  Item 1 of 2")))
+        << qPrintable(activity());
     for (int record = 0; record < 3; ++record)
         model.recordBegan(true);
-    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 3 of 3  \u00b7  Item 2 of 2"))) << qPrintable(activity());
+    EXPECT_TRUE(activity().startsWith(QStringLiteral("Pass 3 of 3  \u00b7  Item 2 of 2")))
+        << qPrintable(activity());
     EXPECT_EQ(model.shownProgress(), 100);
     model.recordDone();
     model.operationEnded();

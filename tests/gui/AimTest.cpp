@@ -27,9 +27,8 @@ TEST_F(Aim, AClickInTheTreeGivesTheToolbarItsNode)
     });
     button("ReadWrite")->trigger();
     EXPECT_EQ(played, 1);
-    inside("frmProperty", [&](QDialog& dialog) {
-        EXPECT_EQ(dialog.findChild<QLabel*>("lblIDPar")->text(), "INST_1");
-    });
+    inside("frmProperty",
+           [&](QDialog& dialog) { EXPECT_EQ(dialog.findChild<QLabel*>("lblIDPar")->text(), "INST_1"); });
     button("Property")->trigger();
     EXPECT_EQ(played, 2);
 }
@@ -100,7 +99,8 @@ TEST_F(Aim, ShortcutsStandInToolTipsAndMenus)
     EXPECT_EQ(entry("frmListBus", "mnuReadWrite")->shortcut(), QKeySequence("Ctrl+R"));
     EXPECT_EQ(entry("frmListBus", "mnuBusCopy")->shortcut(), QKeySequence("Ctrl+C"));
     EXPECT_TRUE(entry("frmListBus", "mnuBusCopy")->isShortcutVisibleInContextMenu());
-    EXPECT_EQ(entry("frmListBus", "mnuBusCopy")->shortcutContext(), Qt::WidgetShortcut) << "the menu's own takes it";
+    EXPECT_EQ(entry("frmListBus", "mnuBusCopy")->shortcutContext(), Qt::WidgetShortcut)
+        << "the menu's own takes it";
 }
 
 TEST_F(Aim, FilterFindAndPendingAreOnTheToolbarAndInThePopups)
@@ -152,7 +152,8 @@ TEST_F(Aim, TheLanguageIsInTheViewMenu)
     entry("frmTreeBus", "mnuLanguageIT")->trigger();
     EXPECT_EQ(session.Language.Code, "IT");
     EXPECT_EQ(languages->title().remove('&'), "Lingua");
-    EXPECT_EQ(entry("frmListBus", "mnuLanguageRU")->text().remove(QChar(38)), QStringLiteral("Русский")) << "each in its own words";
+    EXPECT_EQ(entry("frmListBus", "mnuLanguageRU")->text().remove(QChar(38)), QStringLiteral("Русский"))
+        << "each in its own words";
     EXPECT_TRUE(entry("frmListBus", "mnuLanguageIT")->isChecked());
     EXPECT_FALSE(entry("frmListBus", "mnuLanguageEN")->isChecked());
     EXPECT_EQ(session.CurrentUser.Name, "TECHNICIAN") << "whoever works goes on working";

@@ -220,7 +220,8 @@ TEST_F(MainWindow, TheNoticeNamesThePlantsThatCalled)
     EXPECT_EQ(played, 1);
     program.panels().setPicture(bus::Panel::Allarm, bus::images::kAlarm);
     inside("frmMessage", [&](QDialog& notice) {
-        EXPECT_EQ(notice.findChild<QLabel*>("lblCalls")->text(), QStringLiteral("21/11/2026 03:10  WEST \u203a CALLS MEANWHILE"));
+        EXPECT_EQ(notice.findChild<QLabel*>("lblCalls")->text(),
+                  QStringLiteral("21/11/2026 03:10  WEST \u203a CALLS MEANWHILE"));
     });
     entry("frmListBus", "mnuAllarms")->trigger();
     EXPECT_EQ(played, 2);

@@ -1,5 +1,5 @@
-// What the console must never leave unsaid: the line that is elsewhere, edits that a read replaces, writes that
-// were not confirmed, a call that comes in, a port that went.
+// What the console must never leave unsaid: the line that is elsewhere, edits that a read replaces, writes
+// that were not confirmed, a call that comes in, a port that went.
 #include "bus/Frames.h"
 #include "gui/GuiFixture.h"
 #include "structure/PlantMarks.h"
@@ -85,10 +85,7 @@ protected:
             all << list->model()->index(row, 1).data().toString();
         return all;
     }
-    QString panel(const char* key) const
-    {
-        return control<QWidget>(key)->findChild<QLabel*>("text")->text();
-    }
+    QString panel(const char* key) const { return control<QWidget>(key)->findChild<QLabel*>("text")->text(); }
     int marksOf(const QString& node)
     {
         const structure::TreeModel& tree = plant().tree();
@@ -150,7 +147,9 @@ TEST_F(NightConsole, ItTellsWhichEditsAReadReplaces)
         EXPECT_EQ(lines().last(), "--- Reading process end ---") << "nothing was replaced";
         hangUp();
     });
-    EXPECT_EQ(support::column(plantFile(), "SELECT Count(*) FROM tbEvent WHERE Description LIKE 'Unwritten%'"), QStringList{"0"})
+    EXPECT_EQ(
+        support::column(plantFile(), "SELECT Count(*) FROM tbEvent WHERE Description LIKE 'Unwritten%'"),
+        QStringList{"0"})
         << "the line is the window's alone";
 }
 
@@ -178,10 +177,13 @@ TEST_F(NightConsole, AnUnconfirmedWriteIsRememberedUntilItIsReadAgain)
     open(key, [&] {
         connectByCable();
         writeInVain();
-        EXPECT_EQ(part<QListWidget>("lvwFailed")->item(0)->text(),
-                  QStringLiteral("INST11 \u203a States \u203a EN MOD: On was to be written, Off was read back"));
-        EXPECT_TRUE(lines().filter("Error!").value(0).contains("Off was read back")) << qPrintable(lines().join('|'));
-        EXPECT_TRUE(activity().startsWith("0 of 1 written and confirmed, 1 failed.")) << qPrintable(activity());
+        EXPECT_EQ(
+            part<QListWidget>("lvwFailed")->item(0)->text(),
+            QStringLiteral("INST11 \u203a States \u203a EN MOD: On was to be written, Off was read back"));
+        EXPECT_TRUE(lines().filter("Error!").value(0).contains("Off was read back"))
+            << qPrintable(lines().join('|'));
+        EXPECT_TRUE(activity().startsWith("0 of 1 written and confirmed, 1 failed."))
+            << qPrintable(activity());
         const auto* list = part<QTreeView>("lvwItems");
         const int error = int(lines().indexOf(lines().filter("Error!").value(0)));
         EXPECT_EQ(list->model()->index(error, 1).data(Qt::UserRole).toInt(), 3) << "it stands out";
@@ -194,7 +196,8 @@ TEST_F(NightConsole, AnUnconfirmedWriteIsRememberedUntilItIsReadAgain)
     }
     EXPECT_FALSE(marksOf("2_1_2") & kHoldsUnconfirmed);
     const int row = plant().list().rowOf(key);
-    EXPECT_TRUE(plant().list().index(row, 0).data(structure::ListModel::MarkRole).toInt() & kHoldsUnconfirmed);
+    EXPECT_TRUE(plant().list().index(row, 0).data(structure::ListModel::MarkRole).toInt() &
+                kHoldsUnconfirmed);
     EXPECT_TRUE(panel("Waiting").contains("not confirmed: 1")) << qPrintable(panel("Waiting"));
     picture(*window(), "main-unconfirmed");
 
@@ -207,7 +210,8 @@ TEST_F(NightConsole, AnUnconfirmedWriteIsRememberedUntilItIsReadAgain)
     EXPECT_EQ(list->model()->index(0, 2).data().toString(), "GRP1\\INST11\\States");
     EXPECT_EQ(list->model()->index(0, 3).data().toString(), "Off (not confirmed)");
     EXPECT_TRUE(pending->findChild<QLabel*>("lblPending")->text().contains("Written, not confirmed: 1"));
-    EXPECT_FALSE(pending->findChild<QPushButton*>("cmdTakeBack")->isEnabled()) << "there is no change any more";
+    EXPECT_FALSE(pending->findChild<QPushButton*>("cmdTakeBack")->isEnabled())
+        << "there is no change any more";
     picture(*pending, "pending-unconfirmed");
 
     open(key, [&] {
@@ -227,7 +231,8 @@ TEST_F(NightConsole, ADoubleClickOnAFailedCheckGoesThere)
     clickNode("Root");
     open("1_1", [&] {
         connectByCable();
-        session.cnDatabase.Execute("UPDATE tbParametersUser SET State = 0 WHERE IDPar <> 'P0201' OR IDInst <> 1;");
+        session.cnDatabase.Execute(
+            "UPDATE tbParametersUser SET State = 0 WHERE IDPar <> 'P0201' OR IDInst <> 1;");
         writeInVain();
         auto* failed = part<QListWidget>("lvwFailed");
         ASSERT_EQ(failed->count(), 1);
@@ -314,7 +319,8 @@ TEST_F(NightConsole, SimulationIsTheDirectCable)
 {
     start();
     open("1_1", [&] {
-        EXPECT_EQ(activity(), "Not connected. Connect dials 0551234567. Press Simulation for the direct cable.");
+        EXPECT_EQ(activity(),
+                  "Not connected. Connect dials 0551234567. Press Simulation for the direct cable.");
         EXPECT_EQ(tool("Simulator")->toolTip(), texts(278) + "\ndirect cable");
         EXPECT_TRUE(tool("Read")->toolTip().endsWith("(F7)")) << qPrintable(tool("Read")->toolTip());
         connectByCable();

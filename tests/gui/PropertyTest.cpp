@@ -414,11 +414,13 @@ TEST_F(Property, ItIsHeadedByWhatItIsAndWhere)
         const auto label = [&](const char* name) { return dialog.findChild<QLabel*>(name); };
         EXPECT_EQ(label("lblTitle")->text(), label("lblValDescription")->text());
         EXPECT_TRUE(label("lblTitle")->font().bold());
-        EXPECT_EQ(label("lblPath")->text(),
-                  QString("ZEL Bus\\GRP1\\ALPHA\\%1").arg(plant().tree().captionOf("3_1_2_G11")).replace('\\', QStringLiteral(" \u203a ")));
+        EXPECT_EQ(label("lblPath")->text(), QString("ZEL Bus\\GRP1\\ALPHA\\%1")
+                                                .arg(plant().tree().captionOf("3_1_2_G11"))
+                                                .replace('\\', QStringLiteral(" \u203a ")));
         EXPECT_EQ(label("lblUnit")->text(), "°C");
         EXPECT_EQ(label("lblRange1")->text(), "0 ... 25 °C");
-        EXPECT_TRUE(label("lblStandard")->text().startsWith("Default: ")) << qPrintable(label("lblStandard")->text());
+        EXPECT_TRUE(label("lblStandard")->text().startsWith("Default: "))
+            << qPrintable(label("lblStandard")->text());
         EXPECT_TRUE(label("lblStandard")->text().endsWith("°C")) << qPrintable(label("lblStandard")->text());
         EXPECT_FALSE(label("lblDisabledWhy")->isVisible());
         nothingIsClipped(dialog);
@@ -431,7 +433,8 @@ TEST_F(Property, ItIsHeadedByWhatItIsAndWhere)
     desktop.script.chooseFile(plantFile());
     program.handlers().run("OpenDb");
     insideProperty([&](QDialog& dialog) {
-        EXPECT_EQ(dialog.findChild<QLabel*>("lblDisabledWhy")->text(), "by the catalogue: it can only be read");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblDisabledWhy")->text(),
+                  "by the catalogue: it can only be read");
         picture(dialog, "property-disabled");
     });
     openByKey("3_1_2_G11", "4_1_2_G11_P1101");
@@ -450,7 +453,8 @@ TEST_F(Property, AnAddressIsShownWholeAndADuplicateWarnedOf)
         EXPECT_EQ(label("lblWholeAddress")->text(), "address: 25");
         runOnPlant("UPDATE tbInstrumentsUser SET Address = '2f' WHERE IDGrp = 1 AND IDInst = 1");
         type(digit, "15");
-        EXPECT_EQ(label("lblWarning")->text(), "The address 2F is also that of: INST11. Only one of them can answer.");
+        EXPECT_EQ(label("lblWarning")->text(),
+                  "The address 2F is also that of: INST11. Only one of them can answer.");
         EXPECT_TRUE(label("lblWarning")->isVisible());
         nothingIsClipped(dialog);
         picture(dialog, "property-address");

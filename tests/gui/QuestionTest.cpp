@@ -42,9 +42,10 @@ TEST_F(Questions, ADeletionTellsWhatGoes)
     desktop.script.expect(texts(506), kNo);
     QTest::keyClick(shownList(), Qt::Key_Delete);
     EXPECT_TRUE(last().more.startsWith("ALPHA, ")) << qPrintable(last().more);
-    EXPECT_TRUE(last().more.contains(support::column(plantFile(), "SELECT Count(*) FROM tbParametersUser WHERE IDGrp = 1 AND IDInst = 2")
-                                         .first() +
-                                     " parameters"))
+    EXPECT_TRUE(last().more.contains(
+        support::column(plantFile(), "SELECT Count(*) FROM tbParametersUser WHERE IDGrp = 1 AND IDInst = 2")
+            .first() +
+        " parameters"))
         << qPrintable(last().more);
     EXPECT_TRUE(last().more.contains("Changed here and not yet written: ")) << qPrintable(last().more);
     EXPECT_TRUE(last().destroys);
@@ -85,8 +86,9 @@ TEST_F(Questions, TheExitTellsWhatWaits)
 TEST_F(Questions, EnterMeansNoWhereSomethingIsLost)
 {
     start();
-    EXPECT_EQ(onTheDesktop({.text = texts(506), .more = "<B>NORTH</B>, 66 parameters", .title = "T", .destroys = true},
-                           Qt::Key_Return),
+    EXPECT_EQ(onTheDesktop(
+                  {.text = texts(506), .more = "<B>NORTH</B>, 66 parameters", .title = "T", .destroys = true},
+                  Qt::Key_Return),
               kNo);
     EXPECT_EQ(shown_, "<B>NORTH</B>, 66 parameters");
     EXPECT_EQ(format_, Qt::PlainText) << "a name is no markup";

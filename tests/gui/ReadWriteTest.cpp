@@ -403,8 +403,9 @@ TEST_F(ReadWriteWindow, FailedChecksAndDoubtfulValuesAreListedUntilItCloses)
         clock.run(3000);
         EXPECT_TRUE(part<QWidget>("failedChecks")->isVisible());
         EXPECT_EQ(label("lblFailed"), "Parameters not confirmed: 1");
-        EXPECT_EQ(concerns(), QStringList{QStringLiteral(
-                                  "INST11 \u203a States \u203a EN MOD: On was to be written, 2 was read back")});
+        EXPECT_EQ(concerns(),
+                  QStringList{QStringLiteral(
+                      "INST11 \u203a States \u203a EN MOD: On was to be written, 2 was read back")});
         arrives("2400");
         press("Read");
         clock.run(3000);

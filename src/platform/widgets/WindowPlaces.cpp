@@ -15,7 +15,8 @@ namespace {
 bool isSized(const QWidget& window)
 {
     const bool fixed = window.layout() && window.layout()->sizeConstraint() == QLayout::SetFixedSize;
-    return !fixed && !(window.windowFlags() & Qt::FramelessWindowHint) && window.minimumSize() != window.maximumSize();
+    return !fixed && !(window.windowFlags() & Qt::FramelessWindowHint) &&
+           window.minimumSize() != window.maximumSize();
 }
 
 } // namespace

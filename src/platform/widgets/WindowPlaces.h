@@ -9,8 +9,8 @@ class QWidget;
 
 namespace platform {
 
-// Windows keep size and place: as long as the program runs and, in a file beside the settings, from one run to
-// the next. A file that can't be written costs no more than that.
+// Windows keep size and place: as long as the program runs and, in a file beside the settings, from one run
+// to the next. A file that can't be written costs no more than that.
 class WindowPlaces : public QObject
 {
     Q_OBJECT

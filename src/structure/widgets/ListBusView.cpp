@@ -104,7 +104,8 @@ void ListBusView::setView(int view)
     icons_->setMovement(QListView::Static);
     icons_->setWordWrap(large);
     static_cast<widgets::ImageDelegate*>(icons_->itemDelegate())
-        ->setValueRole(ListModel::ValueRole, large ? widgets::ImageDelegate::Below : widgets::ImageDelegate::Behind);
+        ->setValueRole(ListModel::ValueRole,
+                       large ? widgets::ImageDelegate::Below : widgets::ImageDelegate::Behind);
     icons_->setIconSize(large ? QSize(32, 32) : QSize(16, 16));
     const QSize cell = large ? QSize(128, 92) : QSize(276, 24);
     static_cast<widgets::ImageDelegate*>(icons_->itemDelegate())->setCell(cell);

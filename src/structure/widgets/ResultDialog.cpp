@@ -21,10 +21,10 @@ namespace structure {
 
 ResultDialog::ResultDialog(Structure& structure, session::Session& session, const session::Texts& texts,
                            const Names& names, int columns)
-    : structure_(structure), session_(session), texts_(texts), results_(columns), layout_(new QVBoxLayout(this)),
-      pages_(new QStackedWidget(this)), view_(new ResultView(results_)), commands_(new QHBoxLayout), bottom_(new QHBoxLayout),
-      cmdShow_(new QPushButton(this)), title_(names.title), words_(new QLabel(this)),
-      cmdClose_(new QPushButton(this))
+    : structure_(structure), session_(session), texts_(texts), results_(columns),
+      layout_(new QVBoxLayout(this)), pages_(new QStackedWidget(this)), view_(new ResultView(results_)),
+      commands_(new QHBoxLayout), bottom_(new QHBoxLayout), cmdShow_(new QPushButton(this)),
+      title_(names.title), words_(new QLabel(this)), cmdClose_(new QPushButton(this))
 {
     setObjectName(names.form);
     setWindowIcon(platform::icon(names.icon));
