@@ -283,10 +283,10 @@ TEST_F(EveryPath, BeforeTheLoginOnlyWhatNeedsNoCompanyRuns)
     plant().pressItem(plant().list().keyAt(0));
     popupOf(Place::Tree);
     popupOf(Place::List);
-    const QStringList allowed{"About",         "CloseDb",   "Enter",       "Exit",          "LargeIcon",
-                              "List",          "NewDb",     "OpenDb",      "Report",        "RestoreDb",
-                              "Settings",      "SmallIcon", "TlbComplete", "TlbLargeIcons", "TlbReduced",
-                              "TlbSmallIcons", "Tree"};
+    const QStringList allowed{"About",      "Manual",        "CloseDb",   "Enter",       "Exit",
+                              "LargeIcon",  "List",          "NewDb",     "OpenDb",      "Report",
+                              "RestoreDb",  "Settings",      "SmallIcon", "TlbComplete", "TlbLargeIcons",
+                              "TlbReduced", "TlbSmallIcons", "Tree"};
     for (const QString& command : everyCommandByEveryAction())
         EXPECT_TRUE(allowed.contains(command)) << qPrintable(command);
     EXPECT_EQ(hear([&] { button("Enter")->trigger(); }), QStringList{"Enter"});

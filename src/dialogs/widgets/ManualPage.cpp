@@ -18,6 +18,7 @@ constexpr int kWidestPicture = 760;
 ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent)
 {
     setOpenExternalLinks(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // so that the pictures know their room
     document()->setDocumentMargin(kMargin);
     setTextInteractionFlags(Qt::TextBrowserInteraction);
     // The way back and forth doesn't pass doSetSource.
