@@ -2,6 +2,7 @@
 
 #include "support/CompanyFixture.h"
 
+#include <QSignalSpy>
 #include <gtest/gtest.h>
 
 using namespace session;
@@ -131,6 +132,28 @@ TEST_F(CommandStatesTest, MarksFollowTheSession)
     session.TreeBusSet.Visible = 0;
     EXPECT_FALSE(commands.marked("mnuStructure"));
     EXPECT_FALSE(commands.markable("mnuRefresh"));
+}
+
+// What stays as it is is not drawn again.
+TEST_F(CommandStatesTest, OnlyWhatChangesIsTold)
+{
+    QSignalSpy buttons(&commands, &CommandStates::buttonsChanged);
+    QSignalSpy menus(&commands, &CommandStates::menusChanged);
+    const auto told = [&] { return std::pair(buttons.size(), menus.size()); };
+    commands.EnableDisable_TlbMainButtons(3);
+    EXPECT_EQ(told(), std::pair(qsizetype(1), qsizetype(0)));
+    commands.EnableDisable_TlbMainButtons(2);
+    EXPECT_EQ(told(), std::pair(qsizetype(1), qsizetype(0))) << "both levels look the same";
+    commands.EnableDisable_MainMenu(2);
+    commands.EnableDisable_MainMenu(3);
+    EXPECT_EQ(told(), std::pair(qsizetype(1), qsizetype(1)));
+    EXPECT_EQ(menus.last().first().value<Place>(), Place::List);
+    commands.EnableDisable_Menu(Place::Tree, 3);
+    EXPECT_EQ(menus.last().first().value<Place>(), Place::Tree);
+    commands.EnableDisable_PopupMenu(Place::List, 2);
+    EXPECT_EQ(menus.last().first().value<Place>(), Place::List);
+    commands.Set_Form_Icons(0);
+    EXPECT_EQ(told(), std::pair(qsizetype(2), qsizetype(5))) << "the marks stand everywhere";
 }
 
 TEST_F(CommandStatesTest, StructureButtonsFollowTheFlag)
