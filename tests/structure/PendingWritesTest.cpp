@@ -107,6 +107,26 @@ TEST_F(PendingWritesTest, WhatTheTreeDoesNotShowIsLeftOut)
     EXPECT_EQ(rows(), QStringList{"4_1_1_G03_P0301|EN DEF|02|GRP1\\INST11\\Times|6"});
 }
 
+TEST_F(PendingWritesTest, NoGroupOfManyIsLeftOutOrListedTwice)
+{
+    // More than are read in one go, with gaps between their numbers.
+    runOnPlant(R"(
+        DELETE FROM tbParametersUser WHERE State = 1;
+        INSERT INTO tbGroupsUser WITH RECURSIVE n(i) AS (SELECT 10 UNION ALL SELECT i + 3 FROM n WHERE i < 600)
+          SELECT i, Printf('G%04d', i), NULL, NULL FROM n;
+        INSERT INTO tbInstrumentsUser SELECT IDGrp, 1, 'KT100', 'ONE', NULL, NULL FROM tbGroupsUser WHERE IDGrp >= 10;
+        INSERT INTO tbParametersUser SELECT IDGrp, 1, 'P0201', 'G02', '1', 1 FROM tbGroupsUser WHERE IDGrp >= 10;)");
+    QStringList expected;
+    for (const QString& group :
+         support::column(plantFile(), "SELECT IDGrp FROM tbGroupsUser WHERE IDGrp >= 10 ORDER BY IDGrp"))
+        expected << "4_" + group + "_1_G02_P0201";
+    QStringList found;
+    for (const QString& row : rows())
+        found << row.section('|', 0, 0);
+    EXPECT_EQ(found.size(), 198);
+    EXPECT_EQ(found, expected);
+}
+
 TEST_F(PendingWritesTest, TellsWhatIsWrongWithTheFile)
 {
     const structure::StopFlag stop = false;
