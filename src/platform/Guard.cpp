@@ -36,18 +36,21 @@ int failuresReported()
 }
 
 FailureQueue::Holding::Holding(FailureQueue& queue)
-    : former_(setFailureHook([&queue](const Failure& failure) { queue.waiting_.push_back(failure); }))
+    : queue_(queue),
+      former_(setFailureHook([&queue](const Failure& failure) { queue.waiting_.push_back(failure); }))
 {
+    ++queue_.holding_;
 }
 
 FailureQueue::Holding::~Holding()
 {
     setFailureHook(std::move(former_));
+    --queue_.holding_;
 }
 
 void FailureQueue::tell() noexcept
 {
-    if (telling_)
+    if (telling_ || holding_ > 0)
         return;
     telling_ = true;
     while (!waiting_.empty()) {

@@ -44,13 +44,16 @@ public:
         Holding& operator=(const Holding&) = delete;
 
     private:
+        FailureQueue& queue_;
         FailureHook former_;
     };
 
+    // Does nothing inside a work that takes failures up: they are told behind the outermost.
     void tell() noexcept;
 
 private:
     std::deque<Failure> waiting_;
+    int holding_ = 0;
     bool telling_ = false;
 };
 

@@ -322,4 +322,25 @@ TEST_F(ConsoleTest, AnInstrumentsCableConnectionThatCannotBeConfirmedIsNone)
     EXPECT_EQ(panels.text(bus::Panel::Info), "") << "no clock runs";
 }
 
+// A second command that fails while the first one's refusal stands is told behind it, once.
+TEST_F(ConsoleTest, AFailureInsideARefusalIsToldBehindIt)
+{
+    openConsole("2_1_1");
+    connectByHand();
+    bool first = true;
+    op.onBox = [&](const QString&) {
+        if (!std::exchange(first, false))
+            return;
+        session.COMPort.Status = session::kConnected;
+        port.onOutput = [](const QByteArray&) {
+            platform::fail(platform::errors::kDeviceIo, "It takes nothing.");
+        };
+        console.Disconnect();
+        EXPECT_TRUE(failures.failures().empty());
+    };
+    op.expect(texts(535) + " GRP1\r\n" + texts(536));
+    console.Connect();
+    failures.expectOne(platform::errors::kDeviceIo, "frmReadWrite/Disconnect");
+}
+
 } // namespace
