@@ -142,7 +142,9 @@ bool VirtualClock::tickFirst()
         beginRound();
     VirtualTimer* first = nullptr;
     for (VirtualTimer* timer : timers_) {
-        if (timer->mayTick() && (!first || *timer->due() < *first->due()))
+        if (!timer->mayTick())
+            continue;
+        if (!first || *timer->due() < *first->due() || (youngestFirst_ && *timer->due() == *first->due()))
             first = timer;
     }
     if (first)
@@ -154,6 +156,14 @@ void VirtualClock::beginRound()
 {
     for (VirtualTimer* timer : timers_)
         timer->beginRound();
+}
+
+std::vector<std::optional<qint64>> VirtualClock::timersDue() const
+{
+    std::vector<std::optional<qint64>> due;
+    for (const VirtualTimer* timer : timers_)
+        due.push_back(timer->due());
+    return due;
 }
 
 std::optional<qint64> VirtualClock::nextDue() const

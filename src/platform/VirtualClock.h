@@ -43,6 +43,14 @@ public:
     std::unique_ptr<Timer> makeTimer() override;
 
     void setOrder(Order order) { order_ = order; }
+    // Of timers that are due at the same moment the one that was made first ticks first, or the other way
+    // round.
+    void setYoungestFirst(bool youngest) { youngestFirst_ = youngest; }
+    // The machine's clock is set; what runs forward runs on.
+    void setNow(const QDateTime& now) { start_ = now.addMSecs(-elapsed_); }
+    // When each timer falls due, on the clock of elapsed(), in the order in which they were made; none for
+    // one that is not armed.
+    std::vector<std::optional<qint64>> timersDue() const;
     void addPeer(Peer& peer) { peers_.push_back(&peer); }
     void removePeer(Peer& peer);
     // Queues an event of the program: it runs as soon as nothing blocks, in the order of posting.
@@ -68,6 +76,7 @@ private:
 
     QDateTime start_;
     Order order_ = Order::TimersFirst;
+    bool youngestFirst_ = false;
     qint64 elapsed_ = 0;
     std::vector<Peer*> peers_;
     std::vector<VirtualTimer*> timers_;

@@ -32,6 +32,11 @@ struct Templates
         QFile::copy(model, plant);
         runSql(plant, supportText(QStringLiteral("plant.sql")));
     }
+    static const Templates& instance()
+    {
+        static const Templates templates;
+        return templates;
+    }
 };
 
 } // namespace
@@ -55,6 +60,11 @@ QStringList column(const QString& file, const QString& sql)
     return texts;
 }
 
+void makePlant(const QString& file)
+{
+    QFile::copy(Templates::instance().plant, file);
+}
+
 QString supportText(const QString& name)
 {
     return textOf(QStringLiteral(CALIDORA_TEST_SUPPORT "/") + name);
@@ -62,7 +72,7 @@ QString supportText(const QString& name)
 
 CompanyFixture::CompanyFixture()
 {
-    static const Templates templates;
+    const Templates& templates = Templates::instance();
     for (const char* below : {"Data", "Data Model", "Log"})
         QDir().mkpath(file(QLatin1String(below)));
     QFile::copy(templates.model, modelFile());

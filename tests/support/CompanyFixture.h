@@ -20,6 +20,8 @@ namespace support {
 void runSql(const QString& file, const QString& sql);
 // The first column of a statement's rows as texts, NULL as "NULL", read over a connection of its own.
 QStringList column(const QString& file, const QString& sql);
+// Makes the test company, alone, in a new file.
+void makePlant(const QString& file);
 // The text of a file of tests/support.
 QString supportText(const QString& name);
 

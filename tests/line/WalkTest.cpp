@@ -1,0 +1,94 @@
+// A long walk through all that can happen on the line, drawn by lot.
+#include "line/Walk.h"
+#include "line/Environment.h"
+
+#include <gtest/gtest.h>
+#include <iostream>
+#include <set>
+
+using namespace line;
+
+namespace {
+
+// Pieces of so many steps, each from a fresh start, so that a failure is short to begin with.
+constexpr int kPiece = 400;
+
+// From where to where the line was seen to go, for docs/line-graph.py.
+class Tracks
+{
+public:
+    void step(const Picture& now, Event event)
+    {
+        const QString node = nameOf(now.code) + '/' + QString::number(now.status);
+        if (!node_.isEmpty() && node_ != node)
+            ways_.insert(node_ + '\t' + nameOf(event_) + '\t' + node);
+        node_ = node;
+        event_ = event;
+    }
+    void restart() { node_.clear(); }
+    ~Tracks()
+    {
+        QFile file(qEnvironmentVariable("CALIDORA_LINE_GRAPH"));
+        if (file.fileName().isEmpty() || !file.open(QIODevice::WriteOnly))
+            return;
+        for (const QString& way : ways_)
+            file.write(way.toUtf8() + '\n');
+    }
+
+private:
+    QString node_;
+    Event event_;
+    std::set<QString> ways_;
+};
+
+void walk(quint64 seed, int steps)
+{
+    Tracks tracks;
+    World world;
+    Walk walk(seed);
+    int done = 0;
+    for (int piece = 0; done < steps; ++piece) {
+        world.reset();
+        tracks.restart();
+        Sequence played;
+        const int before = world.steps();
+        world.play(World::Source([&](World& w) -> std::optional<Event> {
+            if (int(played.size()) >= kPiece)
+                return std::nullopt;
+            const Picture now = w.picture();
+            played.push_back(walk.draw(w, now));
+            tracks.step(now, played.back());
+            return played.back();
+        }));
+        if (world.violation().isEmpty())
+            world.recover();
+        done += world.steps() - before;
+        if (!world.violation().isEmpty()) {
+            QString violation = world.violation();
+            const QString first = violation;
+            const Sequence shortest = shrink(world, played, violation);
+            FAIL() << "seed " << seed << ", piece " << piece << " of " << kPiece << ": "
+                   << first.toStdString() << "\n"
+                   << asTest(shortest, violation).toStdString();
+        }
+    }
+}
+
+TEST(LineWalk, FixedSeed)
+{
+    walk(quint64(fromEnvironment("CALIDORA_LINE_SEED", 20260314)),
+         fromEnvironment("CALIDORA_LINE_STEPS", 2000));
+}
+
+// Where a number of steps is asked for, as many again on a way that nobody has gone.
+TEST(LineWalk, FreshSeed)
+{
+    const int steps = fromEnvironment("CALIDORA_LINE_STEPS", 0);
+    if (steps == 0)
+        GTEST_SKIP() << "CALIDORA_LINE_STEPS tells how many";
+    const quint64 seed = std::random_device()() & 0x7FFFFFFF;
+    std::cout << "seed " << seed << std::endl;
+    walk(seed, steps);
+}
+
+} // namespace

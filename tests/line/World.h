@@ -1,0 +1,206 @@
+#pragma once
+
+#include "bus/Bus.h"
+#include "bus/StatusPanels.h"
+#include "console/Console.h"
+#include "console/ConsoleModel.h"
+#include "database/Database.h"
+#include "events/EventLog.h"
+#include "line/CompanyDisk.h"
+#include "line/Event.h"
+#include "line/Ledger.h"
+#include "line/LinePort.h"
+#include "line/Picture.h"
+#include "platform/Operator.h"
+#include "session/Session.h"
+#include "session/Texts.h"
+#include "structure/Structure.h"
+
+#include <QTemporaryDir>
+#include <deque>
+
+namespace line {
+
+// The clock of a world; it knows when the program blocks.
+class LineClock : public platform::VirtualClock
+{
+public:
+    void block(double seconds) override
+    {
+        blocking = true;
+        VirtualClock::block(seconds);
+        blocking = false;
+    }
+    bool blocking = false;
+};
+
+// Things that come in at a moment told before, whatever the program does then.
+class Appointments : public platform::Peer
+{
+public:
+    explicit Appointments(std::function<void(What)> arrive) : arrive_(std::move(arrive)) {}
+
+    void add(qint64 at, What what) { due_.emplace(at, what); }
+    void forget() { due_.clear(); }
+    QString names() const
+    {
+        QStringList names;
+        for (const auto& [at, what] : due_)
+            names << nameOf(Event(what));
+        return names.join(QLatin1Char(','));
+    }
+    std::optional<qint64> nextDue() const override
+    {
+        return due_.empty() ? std::nullopt : std::optional(due_.begin()->first);
+    }
+    void advance(qint64 elapsed) override
+    {
+        while (!due_.empty() && due_.begin()->first <= elapsed) {
+            const What what = due_.begin()->second;
+            due_.erase(due_.begin());
+            arrive_(what);
+        }
+    }
+
+private:
+    std::function<void(What)> arrive_;
+    std::multimap<qint64, What> due_;
+};
+
+// The program's line on two small companies: bus, console and database as they are, a port in memory, time by
+// hand, and an operator who plays on while a box stands. What must hold is looked at between any two events.
+class World : private platform::Operator
+{
+public:
+    // What happens next; none ends the play.
+    using Source = std::function<std::optional<Event>(World&)>;
+
+    World();
+    ~World() override;
+
+    // As behind a start of the program, with the first company open.
+    void reset();
+    // Plays what the source gives, in a box that stands, too. Stops at the first violation.
+    void play(const Source& source);
+    void play(const Sequence& sequence);
+
+    // What did not hold; "" when all did.
+    const QString& violation() const { return violation_; }
+    Picture picture() const;
+    int steps() const { return steps_; }
+
+    // Brings the line to rest by at most an answer to each box, Escape, Disconnect and acknowledging, with a
+    // dead line and 70 s, and lets an instrument call. Violates when it doesn't answer.
+    void recover();
+
+    // Whether an event does anything at this moment.
+    bool isPossible(What what) const;
+    int boxes() const { return questions_ + failures_; }
+    int requestSize() const { return machine_->port.requestSize(); }
+    // For sequences that were found: what stands in the company.
+    QStringList logLines() const { return ledger_.lines(); }
+    bus::Bus& bus() { return machine_->bus; }
+    console::ConsoleModel& model() { return machine_->model; }
+    bool endedInABox() const { return endedInABox_; }
+    // Breaks something on purpose between two events, to see that it is seen.
+    std::function<void(World&, Event)> sabotage;
+    session::Session session;
+    LinePort& port() { return machine_->port; }
+    LineClock& clock() { return machine_->clock; }
+
+private:
+    // One run of the program.
+    struct Machine
+    {
+        explicit Machine(World& world);
+
+        LineClock clock;
+        LinePort port{clock};
+        bus::StatusPanels panels;
+        console::ConsoleModel model{clock};
+        events::EventLog log;
+        bus::Bus bus;
+        console::Console console;
+        Appointments appointments;
+    };
+
+    // Operator
+    int messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
+                   const QString& title) override;
+    QString openFile(const platform::FileRequest&) override { return {}; }
+    platform::ChosenFile saveFile(const platform::FileRequest&) override { return {}; }
+    std::optional<QString> inputBox(const QString&, const QString&) override { return {}; }
+    void openAddress(const QString&) override {}
+    void beep() override {}
+    void showForm(const QString&) override {}
+    void showFormModal(const QString& name) override;
+    void unloadForm(const QString&) override {}
+    void unloadAllForms() override {}
+    void enableForm(const QString&, bool) override {}
+    void repaint() override {}
+    void showPointer(platform::Pointer pointer) override { pointer_ = pointer; }
+
+    void prepare();
+    void start();
+    void shutDown();
+    bool connectCompany(int which);
+    void setTraps();
+
+    bool next(Event& event);
+    void check();
+    void violate(const QString& what);
+    void perform(Event event);
+    void gesture(What what);
+    void comesIn(What what);
+    QByteArray bytesOf(What what);
+    void runToTimer(Timer timer);
+    // Plays on while a box stands; what it is answered with.
+    int stand(int& boxes, int otherwise);
+    bool mainWindowIsFree() const { return !consoleOpen_ && boxes() == 0; }
+
+    void follow(const Sequence& sequence);
+    void breakDisk(DiskFault fault);
+    void openConsole(const QString& key);
+    void closeConsole();
+    void connectLine();
+    void readLogs();
+    QString logFolder() const { return folder_.filePath(QStringLiteral("Log")); }
+
+    QTemporaryDir folder_;
+    session::Texts texts_{session.Language};
+    structure::Structure structure_{session, texts_, *this};
+    database::Database database_{session, texts_, *this, structure_};
+    platform::FailureHook formerHook_;
+    std::optional<Machine> machine_;
+    Ledger ledger_;
+
+    const Source* source_ = nullptr;
+    bool ended_ = false;
+    bool endedInABox_ = false;
+    int depth_ = 0;
+    QString violation_;
+    int steps_ = 0;
+    int answer_ = 0;
+    bool answered_ = false;
+    int questions_ = 0;
+    int failures_ = 0;
+    std::vector<bool> stack_; // of boxes: whether it is a question
+    bool consoleOpen_ = false;
+    bool vanishing_ = false; // the port is gone, and the program has yet to hear of it
+    bool starting_ = false;  // its port opens behind the company, whose failure may stand in a box
+    bool loading_ = false;   // it comes up, and can't be touched yet
+    QString consoleGroup_;
+    int company_ = 0; // 1 or 2; 0 for none
+    int raisedFor_ = -1;
+    QString raisedForGroup_;
+    bool failedSinceRest_ = false;
+    bool arrivalsFirst_ = false;
+    bool youngestFirst_ = false;
+    bool editing_ = false;
+    bool valuesChanged_ = false;
+    bool logGone_ = false;
+    int serial_ = 0; // of alarms
+    platform::Pointer pointer_ = platform::Pointer::Default;
+};
+
+} // namespace line
