@@ -124,6 +124,8 @@ void Bus::raiseLink()
     line_.leaveBehind();
     line_.staMain.setPicture(Panel::COMSet, images::kPortBusy);
     connectionSeconds_ = 0;
+    // It also ends an attempt whose first word can't be sent; one that begins has its time from there.
+    line_.tmrTimeOut.start(intervals::kTimeOut);
     dialogue().raise();
     line_.tmrTimeOut.start(intervals::kTimeOut);
 }

@@ -301,4 +301,22 @@ TEST_F(LeftoverTimers, ACallOnAnIdleLineLeavesTheConsoleAsItIs)
     EXPECT_EQ(model.commands(), before);
 }
 
+TEST_F(LeftoverTimers, AnAttemptThatCannotEvenBeginEndsByTheTimeOut)
+{
+    for (const bool cable : {false, true}) {
+        if (model.simulatorPressed() != cable)
+            console.Set_Simulator(true);
+        port.onOutput = [](const QByteArray&) {
+            platform::fail(platform::errors::kDeviceIo, "It takes nothing.");
+        };
+        console.Connect();
+        failures.expectOne(platform::errors::kDeviceIo, "frmReadWrite/Connect");
+        EXPECT_EQ(status(), 2);
+        clock.run(60000);
+        EXPECT_EQ(status(), 0);
+        EXPECT_EQ(bus.actionCode(), ActionCode::Idle);
+        port.onOutput = nullptr;
+    }
+}
+
 } // namespace

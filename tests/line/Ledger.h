@@ -3,7 +3,6 @@
 #include <QString>
 #include <QStringList>
 #include <map>
-#include <set>
 
 namespace line {
 
@@ -19,6 +18,9 @@ public:
     void rolledBack() { staged_.clear(); }
     // An alarm whose block was answered.
     void owe(const QString& row) { owed_ << row; }
+    // The table of a company was emptied without a log file, as is meant when a console opens on an idle
+    // line.
+    void dropped(int company) { open_[company].clear(); }
     // A row came out in a log file; what is wrong with that.
     QString logged(const QString& row);
 
@@ -29,13 +31,13 @@ public:
     const QStringList& lines() const { return lines_; }
     // With no company open, or none that takes it, a row waits outside of any table.
     bool keptOutside = false;
+    bool logWasGone = false;
 
 private:
     std::vector<std::pair<int, QString>> staged_;
     std::map<int, QStringList> open_;
     QStringList owed_;
     QStringList lines_;
-    std::set<QString> alarmsLogged_;
 };
 
 } // namespace line

@@ -87,11 +87,14 @@ void LinePort::look(ActionCode code, const QByteArray& bytes)
 void LinePort::lookAtFrame(ActionCode code, const QByteArray& bytes)
 {
     using enum ActionCode;
+    // The last poll of a line that was cut has no frame any more.
+    if (code == Polling && bytes.isEmpty())
+        return;
     const bool write = code == WritingRam || code == WritingEeprom ||
                        ((code == MergingRam || code == MergingEeprom) && bytes.size() > 6);
     const bool rightSize = bytes.size() == 6 || (write && bytes.size() > 5);
     if (!rightSize || !instrument::sumCloses(bytes))
-        violate(QStringLiteral("%1 is no frame for %2").arg(readable(bytes), nameOf(code)));
+        return violate(QStringLiteral("%1 is no frame for %2").arg(readable(bytes), nameOf(code)));
     if (code == Polling && bytes != aliveFrame())
         violate("the poll is not that of the connection");
     if (lastFrame_ && clock_.elapsed() - *lastFrame_ < bus::intervals::kFrame)

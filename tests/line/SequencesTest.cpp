@@ -38,6 +38,21 @@ TEST_F(FoundSequences, LeavingInACallThatCameWithNoCompanyOpen)
     play({CloseCompany, Yes, SaysAtd, FirstBlock, DueAction, Leave, Yes});
 }
 
+TEST_F(FoundSequences, ACallThatCannotBeAnswered)
+{
+    play({WriteFails, SaysRing, DueAction});
+}
+
+TEST_F(FoundSequences, ADisconnectThatComesIntoACall)
+{
+    play({OpenInstrument, SaysRing, Disconnect});
+}
+
+TEST_F(FoundSequences, ACommandThatFailsWhileAnotherIsRefused)
+{
+    play({OpenGroup, WriteFails, Disconnect, Connect});
+}
+
 // Deliberate breaks
 class BrokenOnPurpose : public FoundSequences
 {

@@ -186,7 +186,9 @@ private:
     int failures_ = 0;
     std::vector<bool> stack_; // of boxes: whether it is a question
     bool consoleOpen_ = false;
-    bool loading_ = false; // it comes up, and can't be touched yet
+    bool vanishing_ = false; // the port is gone, and the program has yet to hear of it
+    bool starting_ = false;  // its port opens behind the company, whose failure may stand in a box
+    bool loading_ = false;   // it comes up, and can't be touched yet
     QString consoleGroup_;
     int company_ = 0; // 1 or 2; 0 for none
     int raisedFor_ = -1;
