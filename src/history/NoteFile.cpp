@@ -128,10 +128,19 @@ void NoteFile::commit()
     run([this] { database_.exec("COMMIT;"); });
 }
 
-void NoteFile::rollback() noexcept
+void NoteFile::beginPart()
 {
-    if (inTransaction())
-        database_.tryExec("ROLLBACK;");
+    run([this] { database_.exec("SAVEPOINT part;"); });
+}
+
+void NoteFile::keepPart()
+{
+    run([this] { database_.exec("RELEASE part;"); });
+}
+
+void NoteFile::undoPart()
+{
+    run([this] { database_.exec("ROLLBACK TO part; RELEASE part;"); });
 }
 
 bool NoteFile::inTransaction() const

@@ -38,8 +38,11 @@ public:
 
     void begin();
     void commit();
-    void rollback() noexcept;
     bool inTransaction() const;
+    // A part of the transaction that is kept in it or taken back.
+    void beginPart();
+    void keepPart();
+    void undoPart();
 
     // A job of the operator, before its notes. Returns its number.
     qint64 addOperation(qint64 time, const QString& operatorName);

@@ -17,6 +17,8 @@ using values::ValueCause;
 namespace {
 
 constexpr int kPurgeInterval = 100;
+// The values of a job come one by one; their notes go to the file together, if they come that fast.
+constexpr int kCommitInterval = 500;
 
 enum Column
 {
@@ -57,9 +59,13 @@ std::optional<int> stateIn(bool there, qint64 state)
 } // namespace
 
 Recorder::Recorder(session::Session& session, platform::Clock& clock)
-    : session_(session), clock_(clock), tmrPurge_(clock.makeTimer())
+    : session_(session), clock_(clock), tmrPurge_(clock.makeTimer()), tmrCommit_(clock.makeTimer())
 {
     tmrPurge_->onTick = [this] { purgeSlice(); };
+    tmrCommit_->onTick = [this] {
+        if (!inPart_)
+            commitNotes();
+    };
     session_.cnDatabase.watch(this);
 }
 
@@ -83,6 +89,8 @@ void Recorder::opened(platform::Connection& connection, const QString& file) noe
 void Recorder::closing() noexcept
 {
     tmrPurge_->stop();
+    undone(); // what the company hasn't kept
+    commitNotes();
     file_.reset();
     company_.clear();
     checks_.clear();
@@ -108,6 +116,8 @@ void Recorder::fail(const QString& why)
 {
     failure_ = why;
     file_.reset();
+    inPart_ = false;
+    tmrCommit_->stop();
     QMetaObject::invokeMethod(this, &Recorder::failureChanged, Qt::QueuedConnection);
 }
 
@@ -122,7 +132,7 @@ void Recorder::statementBegins() noexcept
 
 void Recorder::statementFailed() noexcept
 {
-    if (file_ && file_->inTransaction() && firstNote_ != 0)
+    if (file_ && inPart_ && firstNote_ != 0)
         attempt([this] { file_->removeFrom(firstNote_); });
 }
 
@@ -182,8 +192,13 @@ void Recorder::beginNotes()
         time_ = clock_.now().toMSecsSinceEpoch();
     if (!file_)
         file_ = std::make_unique<NoteFile>(historyFileOf(company_));
-    if (!file_->inTransaction())
+    if (!file_->inTransaction()) {
         file_->begin();
+        begun_ = clock_.elapsed();
+    }
+    if (!inPart_)
+        file_->beginPart();
+    inPart_ = true;
     if (operation_ == 0) {
         operation_ = file_->addOperation(time_, session_.CurrentUser.Name);
         operationKept_ = false;
@@ -193,23 +208,41 @@ void Recorder::beginNotes()
 
 void Recorder::kept() noexcept
 {
-    if (!file_ || !file_->inTransaction())
+    if (!file_ || !inPart_)
         return;
     attempt([this] {
-        file_->commit();
+        file_->keepPart();
+        inPart_ = false;
         operationKept_ = true;
         values_ += std::exchange(valuesPending_, 0);
     });
-    if (!session_.cnDatabase.inJob())
+    const bool inJob = session_.cnDatabase.inJob();
+    if (inJob && clock_.elapsed() - begun_ < kCommitInterval) {
+        tmrCommit_->start(kCommitInterval);
+        return;
+    }
+    commitNotes();
+    if (!inJob)
         endOperation();
+}
+
+// All that is kept; what waits for its end waits on.
+void Recorder::commitNotes()
+{
+    tmrCommit_->stop();
+    if (file_ && file_->inTransaction())
+        attempt([this] { file_->commit(); });
 }
 
 void Recorder::undone() noexcept
 {
     valuesPending_ = 0;
-    if (!file_ || !file_->inTransaction())
+    if (!file_ || !inPart_)
         return;
-    file_->rollback();
+    attempt([this] {
+        file_->undoPart();
+        inPart_ = false;
+    });
     if (!operationKept_)
         operation_ = 0;
 }
@@ -219,6 +252,8 @@ void Recorder::jobEnded() noexcept
     if (!checks_.isEmpty())
         attempt([this] { noteLeftChecks(); });
     checks_.clear();
+    if (!inPart_)
+        commitNotes();
     endOperation();
 }
 
@@ -258,7 +293,8 @@ void Recorder::noteLeftChecks()
         one.cause = check.confirmed ? ValueCause::CheckedOk : ValueCause::CheckedError;
         note(one);
     }
-    file_->commit();
+    file_->keepPart();
+    inPart_ = false;
     operationKept_ = true;
 }
 

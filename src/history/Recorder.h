@@ -55,6 +55,7 @@ private:
     void fail(const QString& why);
     void note(NewNote note);
     void beginNotes();
+    void commitNotes();
     void noteLeftChecks();
     values::ValueCause causeOf(qint64 IDGrp, qint64 IDInst, QByteArrayView IDPar);
     void endOperation();
@@ -62,11 +63,13 @@ private:
 
     session::Session& session_;
     platform::Clock& clock_;
-    std::unique_ptr<platform::Timer> tmrPurge_;
+    std::unique_ptr<platform::Timer> tmrPurge_, tmrCommit_;
     QString company_;     // the open company's file
     bool usable_ = false; // its table has the columns
     QString failure_;
     std::unique_ptr<NoteFile> file_; // since the first note
+    bool inPart_ = false;            // notes of what isn't kept yet
+    qint64 begun_ = 0;               // when the file's transaction began
     qint64 time_ = 0;                // of the statement that runs
     qint64 firstNote_ = 0;           // and its first note; 0 before it
     qint64 operation_ = 0;           // of the job that runs; 0 before its first note
