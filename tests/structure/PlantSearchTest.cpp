@@ -199,10 +199,11 @@ TEST_F(PlantSearchTest, EndsWhenNobodyWaits)
 TEST_F(PlantSearchTest, LeavesTheFileFreeForAWriterAndSeesWhatItWrote)
 {
     ASSERT_TRUE(connectPlant());
-    EXPECT_EQ(keysOf("ROOM 1").size(), 1);
-    session.cnDatabase.Execute("UPDATE tbParametersUser SET Value = 'ROOM 2' WHERE IDPar = 'P0204';");
-    EXPECT_EQ(keysOf("ROOM 1").size(), 0);
-    EXPECT_EQ(keysOf("ROOM 2").size(), 1);
+    session.cnDatabase.Execute("UPDATE tbParametersUser SET Value = 'QUIETROOM' WHERE IDPar = 'P0204';");
+    EXPECT_EQ(keysOf("QUIETROOM").size(), 1);
+    session.cnDatabase.Execute("UPDATE tbParametersUser SET Value = 'NOISYROOM' WHERE IDPar = 'P0204';");
+    EXPECT_EQ(keysOf("QUIETROOM").size(), 0);
+    EXPECT_EQ(keysOf("NOISYROOM").size(), 1);
 }
 
 TEST_F(PlantSearchTest, TellsWhatIsWrongWithTheFile)
