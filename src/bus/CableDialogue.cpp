@@ -24,6 +24,8 @@ void CableDialogue::receiveAnswer()
 
 void CableDialogue::sayConnect()
 {
+    // It ends an attempt whose last word can't be sent.
+    line_.tmrTimeOut.start(intervals::kTimeOut);
     connectionUp("CONNECT");
 }
 

@@ -320,6 +320,8 @@ TEST_F(ConsoleTest, AnInstrumentsCableConnectionThatCannotBeConfirmedIsNone)
     EXPECT_EQ(bus.actionCode(), bus::ActionCode::SimulatorRaising) << "Escape ends it";
     clock.run(5000);
     EXPECT_EQ(panels.text(bus::Panel::Info), "") << "no clock runs";
+    clock.run(60000);
+    EXPECT_EQ(status(), 0) << "the time-out ends it, too";
 }
 
 // A second command that fails while the first one's refusal stands is told behind it, once.

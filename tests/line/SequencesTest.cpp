@@ -53,6 +53,11 @@ TEST_F(FoundSequences, ACommandThatFailsWhileAnotherIsRefused)
     play({OpenGroup, WriteFails, Disconnect, Connect});
 }
 
+TEST_F(FoundSequences, ACableLinkThatCannotBeConfirmedWhileACommandIsRefused)
+{
+    play({OpenGroup, Simulator, Connect, WriteFails, Disconnect, SaysAta, DueAction});
+}
+
 // Deliberate breaks
 class BrokenOnPurpose : public FoundSequences
 {
