@@ -15,8 +15,8 @@ using namespace support;
 
 namespace {
 
-constexpr int kInstruments = 700;  // of the group that is worked on
-constexpr int kParameters = 14;    // of an instrument
+constexpr int kInstruments = 700; // of the group that is worked on
+constexpr int kParameters = 14;   // of an instrument
 
 constexpr int kMostLines = 40;
 constexpr int kMostMicroseconds = 40000;
