@@ -77,6 +77,16 @@ TEST_F(EventModelTest, ShowsWhatALineHolds)
     EXPECT_EQ(model_.rowCount(model_.index(0, 0)), 0);
 }
 
+TEST_F(EventModelTest, NamesItsColumnsAndNothingElse)
+{
+    EXPECT_EQ(model_.headerData(0, Qt::Horizontal, Qt::DisplayRole), "Type");
+    EXPECT_EQ(model_.headerData(5, Qt::Horizontal, Qt::DisplayRole), "Description");
+    EXPECT_FALSE(model_.headerData(-1, Qt::Horizontal, Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model_.headerData(6, Qt::Horizontal, Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model_.headerData(0, Qt::Vertical, Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model_.headerData(0, Qt::Horizontal, Qt::ToolTipRole).isValid());
+}
+
 TEST_F(EventModelTest, KeepsTheLongestEventWhole)
 {
     const QByteArray equipment(50, 'e'), instrument(50, 'i'), description(255, 'd');
