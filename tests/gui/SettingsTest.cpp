@@ -172,7 +172,7 @@ TEST_F(SettingsWindow, AnotherLanguageRelabelsAllAndTheOperatorGoesOn)
         EXPECT_EQ(list(dialog, "cbxParity")->currentText(), texts(258));
     });
     EXPECT_EQ(session.Language.Code, "IT");
-    EXPECT_EQ(button("Refresh")->toolTip(), texts(234));
+    EXPECT_EQ(button("Refresh")->toolTip(), texts(234) + " (F5)");
     EXPECT_TRUE(window()->windowTitle().endsWith(texts(59) + " TECHNICIAN"));
     EXPECT_TRUE(button("Property")->isEnabled());
     EXPECT_EQ(listKeys(), QStringList{"Root"});
