@@ -6,6 +6,7 @@ namespace structure {
 class ListModel;
 class PlantDrag;
 class PlantEditor;
+class PlantMarks;
 class Records;
 class Structure;
 class TreeModel;
