@@ -231,7 +231,8 @@ TEST_F(ReceiveTest, AMismatchIsListedUntilTheConsoleCloses)
 {
     awaitCheck("4_1_1_G02_P0201");
     arrives("\x02\x06");
-    EXPECT_EQ(model.failedChecks(), QStringList{QStringLiteral("INST11 \u203a States \u203a EN MOD")});
+    ASSERT_EQ(model.failedChecks().size(), 1);
+    EXPECT_EQ(model.failedChecks()[0].item, QStringLiteral("INST11 \u203a States \u203a EN MOD"));
     finish();
     EXPECT_EQ(model.failedChecks().size(), 1);
     console.unload();
