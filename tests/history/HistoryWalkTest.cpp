@@ -156,7 +156,7 @@ protected:
 
     std::mt19937 random_;
     structure::Records records{session, op, structure};
-    structure::Duplicator duplicator{session, op, structure, records};
+    structure::Duplicator duplicator{session, op, structure, records, [](const char*) {}};
     structure::PlantStates states{session, texts, op, structure};
 };
 

@@ -142,7 +142,7 @@ TEST_F(HistoryRecorder, TheWaysOfThePlant)
     runOnPlant("DELETE FROM tbParametersUser WHERE IDGrp = 3 AND IDPar = 'P1101'");
     ASSERT_TRUE(structure::PlantStates(session, texts, op, structure).Synchronize_Item("2_3_1"));
     EXPECT_EQ(notes().mid(4), QStringList{"3/1/P1101 - - -> 0 2 6"});
-    structure::Duplicator duplicator(session, op, structure, records);
+    structure::Duplicator duplicator(session, op, structure, records, [](const char*) {});
     ASSERT_TRUE(duplicator.Duplicate_Item(structure::Duplicator::kOfInstrument, "3", "1", "2"));
     EXPECT_EQ(notes().mid(5).size(), 4);
     EXPECT_EQ(notes()[5], "2/2/P1101 - - -> 0 2 4");

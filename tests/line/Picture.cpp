@@ -205,9 +205,6 @@ QString disagreement(const Picture& picture)
         return "port and status don't agree";
     if (picture.transaction)
         return "a transaction is open";
-    // A connect that fails tidies up behind its box.
-    if (picture.recordsOpen && picture.failureBoxes == 0)
-        return "the session's records are open";
     if (picture.failureBoxes > 1)
         return "a failure is told inside the telling of another";
     QString trouble = "no row of the table has this code and status";
