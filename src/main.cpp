@@ -40,7 +40,6 @@ int main(int argc, char** argv)
     const platform::Words words = [&texts](const QString& key) { return texts.own(key); };
     platform::setWords(words);
     platform::DesktopOperator op(words);
-    op.keepPlacesIn(session.appFile("Calidora_Windows.ini"));
     platform::QtClock clock;
     platform::QtSerialPort port(session.AppPath);
     const platform::Machine machine;

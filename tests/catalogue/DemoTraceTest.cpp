@@ -18,6 +18,7 @@ TEST_F(DemoTraceTest, everyPlantComesInAsItWentOut)
     const QString demo = file("Data/Demo.mdb");
     writeCompany(published().demo, published().catalogue, published().model, demo);
     ASSERT_TRUE(connectTo("Demo.mdb"));
+    ASSERT_TRUE(logIn(support::kTechnician, "1234"));
     const QStringList groups = support::column(demo, "SELECT IDGrp FROM tbGroupsUser ORDER BY IDGrp");
     ASSERT_GE(groups.size(), 2);
     for (const QString& group : groups) {

@@ -335,7 +335,6 @@ TEST_F(NightPlant, AWindowLargerThanTheScreenComesInside)
 
 TEST_F(NightPlant, WindowsKeepSizeAndPlace)
 {
-    desktop.keepPlacesIn(file("Places.ini"));
     start();
     program.handlers().run("Find");
     desktop.form("frmFind")->resize(701, 433);
@@ -344,13 +343,6 @@ TEST_F(NightPlant, WindowsKeepSizeAndPlace)
     QCoreApplication::processEvents();
     program.handlers().run("Find");
     EXPECT_EQ(desktop.form("frmFind")->size(), QSize(701, 433));
-    desktop.form("frmFind")->close();
-
-    gui::ScriptedDesktop another(texts);
-    another.keepPlacesIn(file("Places.ini"));
-    another.registerForm("frmFind", [] { return new QDialog; });
-    another.showForm("frmFind");
-    EXPECT_EQ(another.form("frmFind")->size(), QSize(701, 433)) << "from one run to the next";
 }
 
 // The bell stays to the last, however narrow the window.

@@ -1,6 +1,7 @@
 // Every change of a stored value is noted as it stands in the company, with its cause.
 #include "history/Recorder.h"
 
+#include "database/InsertIntoFile.h"
 #include "history/HistoryPage.h"
 #include "platform/Connection.h"
 #include "structure/Duplicate.h"
@@ -290,8 +291,7 @@ TEST_F(HistoryRecorder, AnUpgradeWritesIntoAnotherFile)
 {
     QFile::copy(plantFile(), file("Data/Next.mdb"));
     runSql(file("Data/Next.mdb"), "DELETE FROM tbParametersUser");
-    session.cnDatabase.Execute("INSERT INTO tbParametersUser IN '" + file("Data/Next.mdb") +
-                               "'SELECT tbParametersUser.* FROM tbParametersUser");
+    database::insertIntoFile(session.cnDatabase, "tbParametersUser", file("Data/Next.mdb"));
     EXPECT_NE(column(file("Data/Next.mdb"), "SELECT Count(*) FROM tbParametersUser"), QStringList{"0"});
     EXPECT_EQ(notes(), QStringList());
 }

@@ -740,7 +740,8 @@ void World::closeConsole()
 
 void World::connectLine()
 {
-    if (session.COMPort.Status == session::kLineIdle) {
+    // A port that vanished is tried again.
+    if (session.COMPort.Status == session::kLineIdle || session.COMPort.Status == session::kPortClosed) {
         raisedFor_ = company_;
         raisedForGroup_ = consoleGroup_;
     }

@@ -331,7 +331,7 @@ QWidget* DesktopOperator::load(const QString& name)
     // then.
     if (QWidget* above = owner(); above && above != window && qobject_cast<QDialog*>(window))
         window->setParent(above, window->windowFlags());
-    places_.look(*window, name);
+    window->installEventFilter(&insideScreen_);
     return window;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Operator.h"
-#include "platform/widgets/WindowPlaces.h"
+#include "platform/widgets/InsideScreen.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -29,8 +29,6 @@ public:
 
     void registerForm(const QString& name, Factory factory) { factories_[name] = std::move(factory); }
     void adoptForm(const QString& name, QWidget* window) { adopted_[name] = window; }
-    // Windows keep size and place in this file.
-    void keepPlacesIn(const QString& file) { places_.keepIn(file); }
     QStringList registeredForms() const;
     // The window of that name when it is loaded, else null.
     QWidget* form(const QString& name) const;
@@ -67,7 +65,7 @@ private:
     std::map<QString, Factory> factories_;
     std::map<QString, QPointer<QWidget>> adopted_;
     std::map<QString, QPointer<QWidget>> loaded_;
-    WindowPlaces places_;
+    InsideScreen insideScreen_;
     Pointer pointer_ = Pointer::Default;
 };
 

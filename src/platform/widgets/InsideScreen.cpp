@@ -1,5 +1,6 @@
 #include "platform/widgets/InsideScreen.h"
 
+#include <QEvent>
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
@@ -62,6 +63,14 @@ void moveAside(QWidget& window, const QRect& place)
             return;
         }
     }
+}
+
+bool InsideScreen::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* window = static_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Show && window->isWindow())
+        keepInside(*window);
+    return false;
 }
 
 } // namespace platform
