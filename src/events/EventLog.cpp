@@ -100,10 +100,9 @@ void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const
         if (!hasCompany())
             return keep();
         try {
-            session_.cnDatabase.Execute(
-                kInsert.arg(QString::number(IDType), When.toString(kStoredDate), QString::number(Source),
-                            composeTextOrNull(Equipment), composeTextOrNull(Instrument),
-                            composeTextOrNull(Description)));
+            session_.cnDatabase.Execute(kInsert.arg(
+                QString::number(IDType), When.toString(kStoredDate), QString::number(Source),
+                composeTextOrNull(Equipment), composeTextOrNull(Instrument), composeTextOrNull(Description)));
         } catch (const RuntimeError&) {
             // The caller of an alarm will not come back with it.
             keep();

@@ -24,10 +24,9 @@ QIcon iconOf(const QString& commandName)
             return platform::icon(button.icon);
     }
     static const std::map<QString, QString> kOthers{
-        {"Export", "export"},   {"Import", "import"},        {"Print", "print"},
-        {"Allarms", "alarm"},   {"Filter", "filter"},        {"Find", "find"},
-        {"Pending", "pending"}, {"LineTrace", "line-trace"}, {"Compare", "compare"},
-        {"Manual", "manual"}};
+        {"Export", "export"},   {"Import", "import"}, {"Print", "print"},     {"Allarms", "alarm"},
+        {"Filter", "filter"},   {"Find", "find"},     {"Pending", "pending"}, {"LineTrace", "line-trace"},
+        {"Compare", "compare"}, {"Manual", "manual"}};
     const auto other = kOthers.find(command);
     return other == kOthers.end() ? QIcon() : platform::icon(other->second);
 }

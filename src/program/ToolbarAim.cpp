@@ -17,7 +17,7 @@ namespace {
 // The buttons whose command acts on one element.
 bool actsOnElement(const QString& button)
 {
-    static const QSet<QString> kButtons{"Delete", "Cut",      "Copy",      "Resync", "Reset",
+    static const QSet<QString> kButtons{"Delete",   "Cut",       "Copy",    "Resync", "Reset",
                                         "Property", "ReadWrite", "History", "Compare"};
     return kButtons.contains(button);
 }

@@ -89,6 +89,16 @@ protected:
             popupBus(place), rule, [&](const QString& name) { return menu->findChild<QAction*>(name); },
             where + " popup");
     }
+    // With nothing selected in the list, a button that acts on an element acts on the tree's.
+    QString aimOf(const QString& button)
+    {
+        static const QStringList kElsewhere{"New", "Paste"};
+        const QString twin = button + "Node";
+        return plant().selectedItem().isEmpty() && !kElsewhere.contains(button) &&
+                       program.handlers().has(twin)
+                   ? twin
+                   : button;
+    }
     void expectToolbar(const EnabledStates& rule, const QString& where)
     {
         for (const auto& [key, enabled] : rule) {
@@ -96,7 +106,7 @@ protected:
             if (!program.handlers().has(key))
                 continue;
             EXPECT_EQ(button->isEnabled(), enabled) << qPrintable(where + ' ' + key);
-            EXPECT_EQ(hear([&] { button->trigger(); }), enabled ? QStringList{key} : QStringList())
+            EXPECT_EQ(hear([&] { button->trigger(); }), enabled ? QStringList{aimOf(key)} : QStringList())
                 << qPrintable(where + ' ' + key);
         }
     }
@@ -283,10 +293,11 @@ TEST_F(EveryPath, BeforeTheLoginOnlyWhatNeedsNoCompanyRuns)
     plant().pressItem(plant().list().keyAt(0));
     popupOf(Place::Tree);
     popupOf(Place::List);
-    const QStringList allowed{"About",      "Manual",        "CloseDb",   "Enter",       "Exit",
-                              "LargeIcon",  "List",          "NewDb",     "OpenDb",      "Report",
-                              "RestoreDb",  "Settings",      "SmallIcon", "TlbComplete", "TlbLargeIcons",
-                              "TlbReduced", "TlbSmallIcons", "Tree"};
+    const QStringList allowed{"About",      "Manual",      "CloseDb",       "Enter",      "Exit",
+                              "LanguageEN", "LanguageIT",  "LanguageRU",    "LargeIcon",  "List",
+                              "NewDb",      "OpenDb",      "Report",        "RestoreDb",  "Settings",
+                              "SmallIcon",  "TlbComplete", "TlbLargeIcons", "TlbReduced", "TlbSmallIcons",
+                              "Tree"};
     for (const QString& command : everyCommandByEveryAction())
         EXPECT_TRUE(allowed.contains(command)) << qPrintable(command);
     EXPECT_EQ(hear([&] { button("Enter")->trigger(); }), QStringList{"Enter"});
