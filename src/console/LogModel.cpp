@@ -55,12 +55,12 @@ void LogModel::clickColumn(int column)
 {
     ascending_ = column != sortColumn_ || !ascending_;
     sortColumn_ = column;
-    sort();
+    putInOrder();
     emit headerDataChanged(Qt::Horizontal, 0, 1);
 }
 
 // What points at a line, the selection for one, goes with it.
-void LogModel::sort()
+void LogModel::putInOrder()
 {
     emit layoutAboutToBeChanged();
     lastRow_ = -1;

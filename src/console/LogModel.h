@@ -47,7 +47,7 @@ private:
         int type = 1;
         QString note = {};
     };
-    void sort();
+    void putInOrder();
     bool before(const Line& a, const Line& b) const;
 
     std::vector<Line> lines_;
