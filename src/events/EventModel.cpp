@@ -49,7 +49,7 @@ void EventModel::finish()
     filling_ = false;
     take();
     if (sortColumn_)
-        sort();
+        sortRows();
 }
 
 void EventModel::take()
@@ -104,7 +104,7 @@ void EventModel::clickColumn(EventColumn column)
 {
     ascending_ = column != sortColumn_ || !ascending_;
     sortColumn_ = column;
-    sort();
+    sortRows();
 }
 
 void EventModel::resetSort()
@@ -114,7 +114,7 @@ void EventModel::resetSort()
     ascending_ = true;
 }
 
-void EventModel::sort()
+void EventModel::sortRows()
 {
     const auto work = [this, by = EventOrder{words_, fold_, *sortColumn_, ascending_}](
                           std::vector<quint32>& rows, const std::atomic<bool>& stop) {

@@ -60,7 +60,7 @@ public:
     void setNeedle(const QString& text);
     const QString& needle() const { return needle_; }
     void setSpan(const std::optional<Span>& span);
-    const std::optional<Span>& span() const { return span_; }
+    const std::optional<Span>& shownSpan() const { return span_; }
     bool isNarrowed() const { return !needle_.isEmpty() || span_; }
     // Over what the words let through, whatever the span.
     Timeline timeline() const;
@@ -107,7 +107,7 @@ private:
     void judge(quint32 from);
     void judgeSpan(quint32 row);
     bool isShown(quint32 row) const { return passes_[row].words && passes_[row].span; }
-    void sort();
+    void sortRows();
     void putInOrder(std::vector<quint32> order);
     void showAgain();
     std::vector<quint32> shownOf(const std::vector<quint32>& order) const;

@@ -300,7 +300,7 @@ void frmEventViewer::showRows()
 {
     timeline_->setTimeline(viewer_.list().timeline());
     std::optional<TimelineStrip::Span> chosen;
-    if (const auto& span = viewer_.list().span())
+    if (const auto& span = viewer_.list().shownSpan())
         chosen = TimelineStrip::Span{timeline_->timeline().unitOf(span->from),
                                      timeline_->timeline().unitOf(span->to)};
     timeline_->setChosen(chosen);
