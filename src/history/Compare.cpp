@@ -152,8 +152,7 @@ class Comparing
 {
 public:
     Comparing(CompanyReader& company, const CompareRequest& request)
-        : request_(request), ids_(structure::Extract_Key(request.key)), words_(company, request.language),
-          names_(company)
+        : ids_(structure::Extract_Key(request.key)), words_(company, request.language), names_(company)
     {
     }
 
@@ -215,7 +214,6 @@ private:
         return result_.groups[place->second];
     }
 
-    const CompareRequest& request_;
     KeyParts ids_;
     structure::ParameterWords words_;
     structure::PlantNames names_;
