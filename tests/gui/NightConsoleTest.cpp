@@ -209,7 +209,9 @@ TEST_F(NightConsole, AnUnconfirmedWriteIsRememberedUntilItIsReadAgain)
     EXPECT_EQ(list->model()->index(0, 1).data().toString(), "On");
     EXPECT_EQ(list->model()->index(0, 2).data().toString(), "GRP1\\INST11\\States");
     EXPECT_EQ(list->model()->index(0, 3).data().toString(), "Off (not confirmed)");
-    EXPECT_TRUE(pending->findChild<QLabel*>("lblPending")->text().contains("Written, not confirmed: 1"));
+    const auto* words = pending->findChild<QLabel*>("lblPending");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words->text().contains("Written, not confirmed: 1"); }))
+        << qPrintable(words->text());
     EXPECT_FALSE(pending->findChild<QPushButton*>("cmdTakeBack")->isEnabled())
         << "there is no change any more";
     picture(*pending, "pending-unconfirmed");
