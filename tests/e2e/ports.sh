@@ -91,6 +91,7 @@ kill "$line_pid"
 wait_for 10 "the box" window_there "$box"
 shown 05-vanished
 goes_on
+ln -sfn nowhere "$link" # as a link to an adapter stays behind: without it COM1 is the machine's own
 wait_for 10 "the failure report" reports
 grep -qh 'vanished' "$home"/Log/Calidora_Error_* || wrong "the report does not say what happened"
 refuses_the_console 06-no-console
