@@ -3,8 +3,7 @@
 #include <QStringList>
 #include <random>
 
-// A program that works without end and is killed in the middle of it, at a moment drawn by lot. The seed is
-// told; CALIDORA_SEED repeats it.
+// A program that works on and on until it is killed, at a random moment. CALIDORA_SEED repeats a run.
 class KilledProcess
 {
 public:
