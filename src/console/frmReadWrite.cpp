@@ -3,7 +3,7 @@
 #include "bus/StatusPanels.h"
 #include "console/Console.h"
 #include "console/ConsoleModel.h"
-#include "events/EventLog.h"
+#include "console/widgets/LineDelegate.h"
 #include "platform/Guard.h"
 #include "platform/widgets/DesktopOperator.h"
 #include "platform/widgets/Icons.h"
@@ -24,7 +24,6 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QStyledItemDelegate>
 #include <QToolBar>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -38,29 +37,6 @@ namespace {
 
 constexpr int kRefreshMilliseconds = 1000;
 constexpr QSize kPanelPicture(16, 16);
-
-// A warning and an error stand out among the lines, by colour and weight.
-class LineDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const int type = index.data(LogModel::TypeRole).toInt();
-        if (type < events::kWarning)
-            return;
-        option->font.setBold(true);
-        if (option->state & QStyle::State_Selected)
-            return;
-        option->backgroundBrush =
-            type == events::kError ? QColor(0xfb, 0xe0, 0xdd) : QColor(0xff, 0xf1, 0xd2);
-        option->palette.setColor(QPalette::Text, type == events::kError ? QColor(0x9b, 0x1c, 0x12)
-                                                                        : QColor(0x7a, 0x4b, 0x00));
-    }
-};
 
 void setTag(QObject* object, int tag)
 {
