@@ -205,6 +205,8 @@ void frmCompare::showComparison(const Comparison& comparison)
 void frmCompare::showRows(const QString& selected)
 {
     lvwCompare_->expandAll();
+    for (int group = 0; group < model_.rowCount(); ++group)
+        lvwCompare_->setFirstColumnSpanned(group, {}, true);
     const QModelIndex former = model_.indexOf(selected);
     lvwCompare_->setCurrentIndex(former.isValid() ? former : model_.index(0, 0, model_.index(0, 0)));
     const QString& failure = model_.comparison().failure;

@@ -462,6 +462,7 @@ TEST_F(CompareWindow, WithTheDefaultsThenWithAnother)
     EXPECT_EQ(part<QLabel>("lblElement")->text(), "GRP1\\ALPHA");
     EXPECT_EQ(part<QComboBox>("cbxWith")->itemText(1), "ALPHA\\inst21");
     EXPECT_EQ(row(0, 0).siblingAtColumn(1).data(), "9.0 °C");
+    EXPECT_TRUE(list()->isFirstColumnSpanned(0, {})) << "a group's name has the whole row";
     choose(1);
     EXPECT_TRUE(says("Compared: 4, different: 1, only on the left: 0, only on the right: 0"))
         << qPrintable(words());
