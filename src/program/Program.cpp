@@ -55,7 +55,10 @@ Program::Program(const Surroundings& surroundings)
     listen();
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    with_.op.destroyForms();
+}
 
 MainServices Program::services()
 {

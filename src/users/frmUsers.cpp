@@ -86,7 +86,11 @@ frmUsers::frmUsers(const Surroundings& with)
     fields_["IDUser"]->setFocus(Qt::OtherFocusReason);
 }
 
-frmUsers::~frmUsers() = default;
+// The focus still wanders while the fields go.
+frmUsers::~frmUsers()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 // Menus and toolbar
 // --------------------------------------------------------------------------------------------------
