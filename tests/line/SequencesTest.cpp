@@ -58,6 +58,11 @@ TEST_F(FoundSequences, ACableLinkThatCannotBeConfirmedWhileACommandIsRefused)
     play({OpenGroup, Simulator, Connect, WriteFails, Disconnect, SaysAta, DueAction});
 }
 
+TEST_F(FoundSequences, AReadBehindOneThatWasGivenUpInItsWait)
+{
+    play({OpenGroup, Simulator, Connect, SaysAta, DueAction, Read, DueAction, Escape, Yes, Read, DueAction});
+}
+
 // Deliberate breaks
 class BrokenOnPurpose : public FoundSequences
 {

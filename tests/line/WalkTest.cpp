@@ -91,4 +91,27 @@ TEST(LineWalk, FreshSeed)
     walk(seed, steps);
 }
 
+// CALIDORA_LINE_PLAY="OpenGroup, Connect, soon(SaysOk)": each step of a sequence, to see what leads where.
+TEST(LineWalk, OneByOne)
+{
+    Sequence sequence = sequenceOf(qEnvironmentVariable("CALIDORA_LINE_PLAY"));
+    if (sequence.empty())
+        GTEST_SKIP() << "CALIDORA_LINE_PLAY tells which";
+    World world;
+    world.reset();
+    world.port().onOutput = [&](const QByteArray& bytes) {
+        std::cout << "    sends " << bytes.toPercentEncoding(" ").toStdString() << std::endl;
+    };
+    std::size_t at = 0;
+    world.play(World::Source([&](World& it) -> std::optional<Event> {
+        std::cout << it.clock().elapsed() << " ms  " << digest(it.picture()).toStdString() << std::endl;
+        if (at == sequence.size())
+            return std::nullopt;
+        std::cout << "  " << nameOf(sequence[at]).toStdString() << std::endl;
+        return sequence[at++];
+    }));
+    world.recover();
+    EXPECT_EQ(world.violation().toStdString(), "");
+}
+
 } // namespace

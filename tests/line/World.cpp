@@ -598,8 +598,10 @@ void World::gesture(What what)
     case Disconnect:
         return console.Disconnect();
     case Read:
+        machine.port.forgetRequest();
         return console.Read_Param();
     case Write:
+        machine.port.forgetRequest();
         return console.Write_Param();
     case Escape:
         return console.interrupt();
