@@ -397,6 +397,32 @@ TEST_F(FullDiskFlush, AnotherCompanysTableIsItsOwn)
     EXPECT_EQ(events().RecordCount(), 0);
 }
 
+TEST_F(FullDiskFlush, ACompanyThatComesBackStillHoldsWhatItsFlushLeft)
+{
+    flushOnFullDisk();
+    const QString here = folder_.file("Data/firm.mdb"), there = folder_.file("Data/other.mdb");
+    session_.DbName = "firm.mdb";
+    log_.CreateLog_App();
+    recorder_.expectNone();
+    add("", "", "later");
+    QDir(folder_.file("Log")).removeRecursively();
+    log_.CreateLog_App();
+    recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
+    const auto change = [&](const QString& path, const QString& name) {
+        session_.cnDatabase.Close();
+        session_.cnDatabase.Open(path);
+        session_.DbName = name;
+    };
+    QFile::copy(here, there);
+    change(there, "other.mdb");
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0);
+    change(here, "firm.mdb");
+    log_.deleteEvents(); // a console that opens
+    ASSERT_EQ(events().RecordCount(), 1);
+    EXPECT_EQ(events().text("Description"), "later");
+}
+
 TEST_F(EventLogTest, AFlushThatCantBeginKeepsEveryRow)
 {
     add("", "", "x");

@@ -18,20 +18,26 @@
 
 #include <QTemporaryDir>
 #include <deque>
+#include <map>
 
 namespace line {
 
-// The clock of a world; it knows when the program blocks.
+// The clock of a world; it knows when the program blocks, and whether its state changes meanwhile.
 class LineClock : public platform::VirtualClock
 {
 public:
     void block(double seconds) override
     {
+        const int before = state ? state() : 0;
         blocking = true;
         VirtualClock::block(seconds);
         blocking = false;
+        if (state && state() != before)
+            moved();
     }
     bool blocking = false;
+    std::function<int()> state;
+    std::function<void()> moved;
 };
 
 // Things that come in at a moment told before, whatever the program does then.
@@ -163,7 +169,13 @@ private:
     void openConsole(const QString& key);
     void closeConsole();
     void connectLine();
+    void checkEvents(bool rest);
+    void checkRecords();
     void readLogs();
+    int eventsInTable() const;
+    std::map<int, QStringList> tables() const;
+    void look(bus::ActionCode code, const QByteArray& bytes);
+    void checkAnswer(const char* trouble);
     QString logFolder() const { return folder_.filePath(QStringLiteral("Log")); }
 
     QTemporaryDir folder_;
@@ -198,6 +210,8 @@ private:
     bool youngestFirst_ = false;
     bool editing_ = false;
     bool valuesChanged_ = false;
+    bool secondWasOpen_ = false;
+    qsizetype doubtsAtRequest_ = 0;
     bool logGone_ = false;
     int serial_ = 0; // of alarms
     platform::Pointer pointer_ = platform::Pointer::Default;
