@@ -63,6 +63,17 @@ TEST_F(FoundSequences, AReadBehindOneThatWasGivenUpInItsWait)
     play({OpenGroup, Simulator, Connect, SaysAta, DueAction, Read, DueAction, Escape, Yes, Read, DueAction});
 }
 
+TEST_F(FoundSequences, AWriteThatCannotBeSentWhileACommandIsRefused)
+{
+    play({OpenGroup, Simulator, Connect, SaysAta, DueAction, WriteFails, Write, Connect, DueAction, Ok});
+}
+
+TEST_F(FoundSequences, AnAttemptThatEscapeKeptAndThatIsHungUpAsItsTimeOutIsDue)
+{
+    play({OpenInstrument, Connect, SaysOk, DueAction, Escape, Yes, DuePolling, Second, Second, Disconnect,
+          SaysOk, DueTimeOut});
+}
+
 // Deliberate breaks
 class BrokenOnPurpose : public FoundSequences
 {

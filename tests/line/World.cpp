@@ -379,7 +379,8 @@ std::map<int, QStringList> World::tables() const
 
 void World::readLogs()
 {
-    if (logGone_)
+    // A log file is written under the hourglass.
+    if (logGone_ || !std::exchange(wasBusy_, false))
         return;
     for (const auto& entry : std::filesystem::directory_iterator(logFolder().toStdString())) {
         if (entry.path().extension() != ".log")

@@ -144,7 +144,11 @@ private:
     void unloadAllForms() override {}
     void enableForm(const QString&, bool) override {}
     void repaint() override {}
-    void showPointer(platform::Pointer pointer) override { pointer_ = pointer; }
+    void showPointer(platform::Pointer pointer) override
+    {
+        pointer_ = pointer;
+        wasBusy_ = wasBusy_ || pointer == platform::Pointer::Hourglass;
+    }
 
     void prepare();
     void start();
@@ -211,6 +215,7 @@ private:
     bool editing_ = false;
     bool valuesChanged_ = false;
     bool secondWasOpen_ = false;
+    bool wasBusy_ = false;
     qsizetype doubtsAtRequest_ = 0;
     bool logGone_ = false;
     int serial_ = 0; // of alarms
