@@ -16,7 +16,6 @@ QStringList without(QStringList rows, const QStringList& taken)
 
 QString Ledger::logged(const QString& row)
 {
-    lines_ << row;
     for (auto* where : {&open_, &mayRepeat_})
         for (auto& [company, rows] : *where)
             if (rows.removeOne(row))

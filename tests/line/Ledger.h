@@ -24,12 +24,10 @@ public:
     // have kept.
     QStringList emptied(int company, const QStringList& before, const QStringList& left);
 
-    // Whether an event is known, in a file or not.
-    bool knows(const QString& row) const { return lines_.contains(row) || isOpen(row); }
+    // Whether an event is recorded and not yet in a file.
     bool isOpen(const QString& row) const;
     // Rows that no log file has: of a company with those that no company took.
     QStringList open(int company) const;
-    const QStringList& lines() const { return lines_; }
 
     // Something stood in the way: rows may wait beside the table, or stay in it behind their lines.
     bool disturbed = false;
@@ -40,7 +38,6 @@ private:
     std::map<int, QStringList> open_;
     std::map<int, QStringList> mayRepeat_; // in the table of a company from a program that has ended
     std::map<int, QStringList> mayGo_;     // the same, without a line
-    QStringList lines_;
 };
 
 } // namespace line

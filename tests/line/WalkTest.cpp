@@ -1,6 +1,7 @@
 // A long walk through all that can happen on the line, drawn by lot.
 #include "line/Walk.h"
 #include "line/Environment.h"
+#include "line/Memory.h"
 
 #include <gtest/gtest.h>
 #include <iostream>
@@ -45,10 +46,13 @@ void walk(quint64 seed, int steps)
 {
     Tracks tracks;
     World world;
+    MemoryWatch memory(50, 512 * 1024);
     Walk walk(seed);
     int done = 0;
     for (int piece = 0; done < steps; ++piece) {
         world.reset();
+        memory.look();
+        ASSERT_EQ(memory.trouble().toStdString(), "") << "seed " << seed << ", piece " << piece;
         tracks.restart();
         Sequence played;
         const int before = world.steps();

@@ -92,7 +92,7 @@ World::World() : folder_(fastFolder())
     formerHook_ = platform::setFailureHook(platform::oneAtATime([this](const platform::Failure& failure) {
         failedSinceRest_ = true;
         if (!failure.silent)
-            stand(failures_, answers::kOk);
+            tell();
     }));
     prepare();
 }
@@ -196,7 +196,7 @@ void World::look(ActionCode code, const QByteArray& bytes)
         for (const bus::AlarmRow& alarm : bus::parseAlarmBlock(text, bus::AlarmBlock::First).rows) {
             const QString row = rowText("2", machine_->clock.now().toString(kLoggedDate), "1",
                                         alarm.equipment, alarm.instrument, alarm.description);
-            if (!ledger_.knows(row))
+            if (!ledger_.isOpen(row))
                 violate("an alarm is answered that nobody recorded: " + row);
         }
     }
@@ -458,6 +458,11 @@ int World::stand(int& boxes, int otherwise)
         stack_.pop_back();
     boxes = std::max(0, boxes - 1);
     return answer;
+}
+
+void World::tell()
+{
+    stand(failures_, answers::kOk);
 }
 
 int World::messageBox(const QString&, Buttons buttons, platform::Icon, const QString&)
@@ -847,7 +852,9 @@ void World::recover()
                            .arg(nameOf(machine_->bus.actionCode())));
     play(Sequence{SaysRing});
     ended_ = false;
-    if (violation_.isEmpty() && machine_->bus.actionCode() != ActionCode::CallWaiting)
+    // What dialled as a link was being closed may stand in front of it: then the call is answered at once.
+    const ActionCode code = machine_->bus.actionCode();
+    if (violation_.isEmpty() && code != ActionCode::CallWaiting && code != ActionCode::FirstBlock)
         violate("a line at rest doesn't answer a call: " + nameOf(machine_->bus.actionCode()));
     follow({DueAction, SaysConnect, FirstBlock, DueAction, EndBlock, DueAction});
     ended_ = false;

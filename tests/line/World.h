@@ -103,10 +103,11 @@ public:
     bool isPossible(What what) const;
     int boxes() const { return questions_ + failures_; }
     int requestSize() const { return machine_->port.requestSize(); }
-    // For sequences that were found: what stands in the company.
-    QStringList logLines() const { return ledger_.lines(); }
     bus::Bus& bus() { return machine_->bus; }
+    events::EventLog& log() { return machine_->log; }
     console::ConsoleModel& model() { return machine_->model; }
+    // The box of a failure.
+    void tell();
     bool endedInABox() const { return endedInABox_; }
     // Breaks something on purpose between two events, to see that it is seen.
     std::function<void(World&, Event)> sabotage;
