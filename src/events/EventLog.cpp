@@ -177,6 +177,12 @@ void EventLog::flush(Recordset& rows, Flushed& flushed)
     putInPlace();
 }
 
+bool EventLog::owes() const
+{
+    const auto flushed = flushed_.find(session_.dbFile());
+    return !kept_.isEmpty() || (hasCompany() && flushed != flushed_.end() && flushed->second.failed);
+}
+
 void EventLog::deleteEvents()
 {
     if (!hasCompany())

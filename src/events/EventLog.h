@@ -42,6 +42,8 @@ public:
     // Flushes what was kept and tbEvent into one new log file. Nothing to flush makes no file. On a full disk
     // the file holds the lines that still found their place.
     void CreateLog_App();
+    // Whether a log file still lacks what a flush should have brought to it, or what no company took.
+    bool owes() const;
     // Empties tbEvent, when a company is open, but for the rows that a failed flush couldn't bring to the
     // disk: these go out with the next one. Fails as any statement does: called inside a procedure.
     void deleteEvents();

@@ -140,6 +140,16 @@ TEST_F(EventLogTest, WithoutACompanyEventsAreKeptForTheNextLog)
     recorder_.expectNone();
 }
 
+TEST_F(EventLogTest, WhatNoCompanyTookIsOwed)
+{
+    session_.cnDatabase.Close();
+    EXPECT_FALSE(log_.owes());
+    add("", "", "x");
+    EXPECT_TRUE(log_.owes());
+    log_.CreateLog_App();
+    EXPECT_FALSE(log_.owes());
+}
+
 TEST_F(EventLogTest, WhatWasKeptStandsInFrontOfTheTable)
 {
     session_.cnDatabase.Close();
@@ -426,13 +436,16 @@ TEST_F(FullDiskFlush, ACompanyThatComesBackStillHoldsWhatItsFlushLeft)
 TEST_F(EventLogTest, AFlushThatCantBeginKeepsEveryRow)
 {
     add("", "", "x");
+    EXPECT_FALSE(log_.owes());
     QDir(folder_.file("Log")).removeRecursively();
     log_.CreateLog_App();
     recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
     log_.deleteEvents();
     EXPECT_EQ(events().RecordCount(), 1);
+    EXPECT_TRUE(log_.owes());
     QDir(folder_.path()).mkdir("Log");
     EXPECT_EQ(flushedLines().size(), 1);
+    EXPECT_FALSE(log_.owes());
     log_.deleteEvents();
     EXPECT_EQ(events().RecordCount(), 0);
 }

@@ -31,8 +31,6 @@ public:
 
     // Something stood in the way: rows may wait beside the table, or stay in it behind their lines.
     bool disturbed = false;
-    // No log file could be made since the program started.
-    bool logWasGone = false;
 
 private:
     std::map<int, QStringList> open_;

@@ -30,6 +30,7 @@ public:
     std::function<QByteArray()> aliveFrame;
     std::function<void(const QString&)> violate;
     std::function<void(bus::ActionCode code, const QByteArray& bytes)> onSent;
+    std::function<void(const QByteArray& bytes)> onComes;
 
     // How many bytes the request in hand asks for, and the one before; 0 for none.
     int requestSize() const { return requestSize_; }

@@ -80,6 +80,18 @@ TEST_F(FoundSequences, ADialledCallAsALinkOnTheCableIsClosed)
     play({OpenInstrument, Simulator, Connect, SaysAta, DueAction, Disconnect, SaysAtd});
 }
 
+TEST_F(FoundSequences, WhatAFullDiskAndALostFolderKeptFromTheLogAsTheProgramIsLeft)
+{
+    play({OpenParameters, Connect, Full, SaysOk, Escape, Yes, Ok, Healed, LogGone, Vanish, Ok, Ok,
+          CloseConsole, Healed, Leave, Yes});
+}
+
+TEST_F(FoundSequences, APortThatVanishesAsAFrameIsDueBehindTheBeeps)
+{
+    play({SaysAtd, FirstBlock, DueAction, EndBlock, DueAction, OpenGroup, Simulator, Connect, SaysAta,
+          DueAction, Read, DueAction, Answer, Vanish});
+}
+
 // Deliberate breaks
 class BrokenOnPurpose : public FoundSequences
 {
@@ -253,7 +265,7 @@ TEST_F(BrokenOnPurpose, ABoxInsideAWait)
     std::optional<Intruder> intruder;
     EXPECT_THAT(broken({OpenGroup, Connect, Ok}, 1,
                        [&](World& it) {
-                           intruder.emplace(it, [&it] { it.tell(); });
+                           intruder.emplace(it, [&it] { it.tell({}); });
                            it.clock().addPeer(*intruder);
                        }),
                 testing::HasSubstr("a box comes up inside a wait"));
@@ -265,7 +277,8 @@ TEST_F(BrokenOnPurpose, ABoxInsideTheHandlerOfABox)
     platform::FailureHook former;
     EXPECT_THAT(broken({SaysAtd, DueAction, Ok, Ok}, 1,
                        [&](World& it) {
-                           former = platform::setFailureHook([&it](const platform::Failure&) { it.tell(); });
+                           former = platform::setFailureHook(
+                               [&it](const platform::Failure& failure) { it.tell(failure); });
                            platform::reportFailure({1, "first", "Module/First"});
                        }),
                 testing::HasSubstr("a failure is told inside the telling of another"));

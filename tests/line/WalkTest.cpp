@@ -108,7 +108,10 @@ TEST(LineWalk, OneByOne)
     };
     std::size_t at = 0;
     world.play(World::Source([&](World& it) -> std::optional<Event> {
-        std::cout << it.clock().elapsed() << " ms  " << digest(it.picture()).toStdString() << std::endl;
+        std::cout << it.clock().elapsed() << " ms  " << digest(it.picture()).toStdString();
+        if (it.boxes() > 0)
+            std::cout << "  \"" << it.lastWords().simplified().toStdString() << '"';
+        std::cout << std::endl;
         if (at == sequence.size())
             return std::nullopt;
         std::cout << "  " << nameOf(sequence[at]).toStdString() << std::endl;

@@ -22,16 +22,6 @@ namespace {
 
 const QStringList kCompanies{QString(), QStringLiteral("First.mdb"), QStringLiteral("Second.mdb")};
 
-// A second group that can be reached, something to write in each of them, and a copy of the values to come
-// back to.
-const QString kWorldPlant = QStringLiteral(R"(
-    UPDATE tbInstrumentsUser SET Address = '00' WHERE IDGrp = 2;
-    UPDATE tbParametersUser SET State = 0;
-    CREATE TABLE tbFormer AS SELECT * FROM tbParametersUser;)");
-
-const QString kEdit = QStringLiteral(
-    "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0104', 'P0202', 'P0204', 'P1102');");
-
 const QString kLoggedDate = QStringLiteral("dd/MM/yyyy HH:mm:ss");
 
 const QString kForget = QStringLiteral("DELETE FROM tbEvent;");
@@ -77,6 +67,36 @@ QString fastFolder()
 
 } // namespace
 
+// A second group that can be reached, something to write in each of them, and a copy of the values to come
+// back to.
+const QString kWorldPlant = QStringLiteral(R"(
+    UPDATE tbInstrumentsUser SET Address = '00' WHERE IDGrp = 2;
+    UPDATE tbParametersUser SET State = 0;
+    CREATE TABLE tbFormer AS SELECT * FROM tbParametersUser;)");
+
+const QString kWorldEdit = QStringLiteral(
+    "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0104', 'P0202', 'P0204', 'P1102');");
+
+QString keyOf(What opening)
+{
+    switch (opening) {
+    case What::OpenGroup:
+        return QStringLiteral("1_1");
+    case What::OpenInstrument:
+        return QStringLiteral("2_1_2");
+    case What::OpenParameters:
+        return QStringLiteral("3_1_1_G02");
+    case What::OpenParameter:
+        return QStringLiteral("4_1_1_G01_P0104");
+    case What::OpenBitField:
+        return QStringLiteral("4_1_1_G02_P0202");
+    case What::OpenOtherGroup:
+        return QStringLiteral("1_2");
+    default:
+        return QStringLiteral("1_3");
+    }
+}
+
 World::Machine::Machine(World& world)
     : log(world.session, world, clock),
       bus({world.session, world.texts_, port, clock, world, log, panels, model}),
@@ -92,7 +112,7 @@ World::World() : folder_(fastFolder())
     formerHook_ = platform::setFailureHook(platform::oneAtATime([this](const platform::Failure& failure) {
         failedSinceRest_ = true;
         if (!failure.silent)
-            tell();
+            tell(failure);
     }));
     prepare();
 }
@@ -437,14 +457,14 @@ Picture World::picture() const
 // Boxes
 // ------------------------------------------------------------------------------------------------
 
-int World::stand(int& boxes, int otherwise)
+int World::stand(int& boxes, int otherwise, Buttons buttons)
 {
     if (ended_)
         return otherwise;
     if (machine_->clock.blocking)
         violate("a box comes up inside a wait");
     ++boxes;
-    stack_.push_back(&boxes == &questions_);
+    stack_.push_back({&boxes == &questions_, buttons});
     int answer = otherwise;
     Event event;
     while (next(event)) {
@@ -460,17 +480,19 @@ int World::stand(int& boxes, int otherwise)
     return answer;
 }
 
-void World::tell()
+void World::tell(const platform::Failure& failure)
 {
+    lastWords_ = failure.procedure + QStringLiteral(": ") + failure.description;
     stand(failures_, answers::kOk);
 }
 
-int World::messageBox(const QString&, Buttons buttons, platform::Icon, const QString&)
+int World::messageBox(const QString& text, Buttons buttons, platform::Icon, const QString&)
 {
     const int otherwise = buttons == Buttons::Ok      ? answers::kOk
                           : buttons == Buttons::YesNo ? answers::kNo
                                                       : answers::kCancel;
-    return stand(questions_, otherwise);
+    lastWords_ = text;
+    return stand(questions_, otherwise, buttons);
 }
 
 void World::showFormModal(const QString&)
@@ -511,7 +533,7 @@ bool World::isPossible(What what) const
     case Yes:
     case No:
     case Cancel:
-        return !stack_.empty() && stack_.back();
+        return !stack_.empty() && stack_.back().question;
     case Ok:
         return !stack_.empty();
     case Acknowledge:
@@ -642,19 +664,13 @@ void World::gesture(What what)
     console::Console& console = machine.console;
     switch (what) {
     case OpenGroup:
-        return openConsole("1_1");
     case OpenInstrument:
-        return openConsole("2_1_2");
     case OpenParameters:
-        return openConsole("3_1_1_G02");
     case OpenParameter:
-        return openConsole("4_1_1_G01_P0104");
     case OpenBitField:
-        return openConsole("4_1_1_G02_P0202");
     case OpenOtherGroup:
-        return openConsole("1_2");
     case OpenEmptyGroup:
-        return openConsole("1_3");
+        return openConsole(keyOf(what));
     case CloseConsole:
         return closeConsole();
     case Simulator:
@@ -715,7 +731,7 @@ void World::gesture(What what)
             check();
             if (ledger_.disturbed)
                 for (const QString& row : ledger_.ended(tables()))
-                    if (!std::exchange(ledger_.logWasGone, logGone_))
+                    if (!logGone_)
                         violate("the program ends, and an event is nowhere: " + row);
             starting_ = true;
             start();
@@ -728,7 +744,8 @@ void World::gesture(What what)
         machine.port.gone();
         while (session.COMPort.Status != session::kPortClosed && !machine.port.PortOpen() && !ended_)
             machine.clock.settle();
-        vanishing_ = false;
+        // A box may stand in front of that at the end of a play.
+        vanishing_ = !machine.port.PortOpen();
         return;
     case WriteFails:
         machine.port.failNext = true;
@@ -767,7 +784,7 @@ void World::gesture(What what)
     case LogGone:
         if (!logGone_)
             QDir(logFolder()).removeRecursively();
-        ledger_.disturbed = ledger_.logWasGone = true;
+        ledger_.disturbed = true;
         logGone_ = true;
         return;
     case Healed:
@@ -792,7 +809,7 @@ void World::openConsole(const QString& key)
 {
     if (CompanyDisk::fault() == DiskFault::None) {
         editing_ = true;
-        session.cnDatabase.Execute(kEdit);
+        session.cnDatabase.Execute(kWorldEdit);
         editing_ = false;
     }
     consoleOpen_ = true;
@@ -871,7 +888,7 @@ void World::follow(const Sequence& sequence)
     std::size_t at = 0;
     play(Source([&](World&) -> std::optional<Event> {
         if (!stack_.empty())
-            return sequence[at - 1].what == What::Escape && stack_.back() ? What::No : What::Ok;
+            return sequence[at - 1].what == What::Escape && stack_.back().question ? What::No : What::Ok;
         if (at == sequence.size())
             return std::nullopt;
         return sequence[at++];

@@ -73,6 +73,12 @@ private:
     std::multimap<qint64, What> due_;
 };
 
+// What the plant of a world has beside the test company, and what is changed in it before a console opens.
+extern const QString kWorldPlant;
+extern const QString kWorldEdit;
+// Where the console opens with an event.
+QString keyOf(What opening);
+
 // The program's line on two small companies: bus, console and database as they are, a port in memory, time by
 // hand, and an operator who plays on while a box stands. What must hold is looked at between any two events.
 class World : private platform::Operator
@@ -102,12 +108,15 @@ public:
     // Whether an event does anything at this moment.
     bool isPossible(What what) const;
     int boxes() const { return questions_ + failures_; }
+    // What the last box said, and what the one in front can be answered with.
+    const QString& lastWords() const { return lastWords_; }
+    platform::Buttons buttons() const { return stack_.back().buttons; }
     int requestSize() const { return machine_->port.requestSize(); }
     bus::Bus& bus() { return machine_->bus; }
     events::EventLog& log() { return machine_->log; }
     console::ConsoleModel& model() { return machine_->model; }
     // The box of a failure.
-    void tell();
+    void tell(const platform::Failure& failure);
     bool endedInABox() const { return endedInABox_; }
     // Breaks something on purpose between two events, to see that it is seen.
     std::function<void(World&, Event)> sabotage;
@@ -166,7 +175,7 @@ private:
     QByteArray bytesOf(What what);
     void runToTimer(Timer timer);
     // Plays on while a box stands; what it is answered with.
-    int stand(int& boxes, int otherwise);
+    int stand(int& boxes, int otherwise, platform::Buttons buttons = platform::Buttons::Ok);
     bool mainWindowIsFree() const { return !consoleOpen_ && boxes() == 0; }
 
     void follow(const Sequence& sequence);
@@ -201,7 +210,13 @@ private:
     bool answered_ = false;
     int questions_ = 0;
     int failures_ = 0;
-    std::vector<bool> stack_; // of boxes: whether it is a question
+    struct Box
+    {
+        bool question;
+        platform::Buttons buttons;
+    };
+    std::vector<Box> stack_;
+    QString lastWords_;
     bool consoleOpen_ = false;
     bool vanishing_ = false; // the port is gone, and the program has yet to hear of it
     bool starting_ = false;  // its port opens behind the company, whose failure may stand in a box
