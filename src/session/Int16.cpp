@@ -1,6 +1,6 @@
 #include "session/Int16.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -38,13 +38,13 @@ qint16 toInt16(const QString& text)
         QStringLiteral(" *([+-]?([0-9]+[.,]?[0-9]*|[.,][0-9]+)([eE][+-]?[0-9]+)?) *")));
     const auto match = kNumber.match(text);
     if (!match.hasMatch())
-        fail(errors::kTypeMismatch, QStringLiteral("'%1' is not a number.").arg(text));
+        failInWords(errors::kTypeMismatch, "number.none", {text});
     // What is too large for a double comes back as infinity, which overflows as well.
     const double number =
         std::nearbyint(match.captured(1).replace(QLatin1Char(','), QLatin1Char('.')).toDouble());
     using Limits = std::numeric_limits<qint16>;
     if (!(number >= Limits::min() && number <= Limits::max()))
-        fail(errors::kOverflow, QStringLiteral("'%1' doesn't fit into 16 bits.").arg(text));
+        failInWords(errors::kOverflow, "number.large", {text});
     return qint16(number);
 }
 

@@ -1,7 +1,7 @@
 #include "session/SettingsLines.h"
 
-#include "platform/RuntimeError.h"
 #include "platform/TextFile.h"
+#include "platform/Words.h"
 #include "session/Int16.h"
 #include "session/StoredSettings.h"
 
@@ -132,10 +132,10 @@ public:
     const QString& take()
     {
         if (atEnd())
-            fail(kInputPastEnd, QStringLiteral("The configuration ends too early."));
+            failInWords(kInputPastEnd, "settings.short");
         const QString& line = lines_[next_++];
         if (holdsControl(line))
-            fail(errors::kInvalidCall, QStringLiteral("The configuration holds something else than text."));
+            failInWords(errors::kInvalidCall, "settings.notext");
         return line;
     }
     QString takeValue()
@@ -143,8 +143,7 @@ public:
         const QString& line = take();
         const qsizetype equals = line.indexOf(QLatin1Char('='));
         if (equals < 0)
-            fail(errors::kInvalidCall,
-                 QStringLiteral("The line '%1' of the configuration has no value.").arg(line));
+            failInWords(errors::kInvalidCall, "settings.novalue", {line});
         return line.mid(equals + 1);
     }
 
