@@ -171,6 +171,7 @@ void frmUsers::showIcons()
 {
     const bool large = session_.ToolbarSet.Icons != 0;
     tlbMain_->setIconSize(large ? kLargeIcons : kSmallIcons);
+    tlbMain_->setMinimumWidth(tlbMain_->sizeHint().width()); // no button hides behind the toolbar's end
     entries_["mnuTlbLargeIcons"]->setChecked(large);
     entries_["mnuTlbSmallIcons"]->setChecked(!large);
 }
