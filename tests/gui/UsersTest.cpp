@@ -203,7 +203,7 @@ TEST_F(Users, SpeaksEveryLanguageAndClipsNothing)
             nothingIsClipped(dialog);
             const auto* toolbar = dialog.findChild<QToolBar*>("tlbMain");
             for (QAction* button : toolbar->actions())
-                EXPECT_TRUE(toolbar->widgetForAction(button)->isVisible()) << button->text();
+                EXPECT_TRUE(toolbar->widgetForAction(button)->isVisible()) << qPrintable(button->text());
             const auto rightEdge = [&](const char* name) {
                 const auto* part = dialog.findChild<QWidget*>(name);
                 return part->mapTo(&dialog, part->rect().topRight()).x();
