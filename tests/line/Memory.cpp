@@ -28,9 +28,10 @@ void MemoryWatch::look()
 
 QString MemoryWatch::trouble() const
 {
-    if (lowest_.size() < 3)
+    const int whole = looks_ / looksOfWindow_;
+    if (whole < 3)
         return {};
-    const qint64 growth = lowest_.back() - lowest_[1];
+    const qint64 growth = lowest_[std::size_t(whole - 1)] - lowest_[1];
     return growth > mostGrowth_ ? QStringLiteral("the memory has grown by %1 bytes").arg(growth) : QString();
 }
 

@@ -105,6 +105,11 @@ World::Machine::Machine(World& world)
       appointments([&world](What what) { world.port().comes(world.bytesOf(what)); })
 {
     clock.addPeer(appointments);
+    // As its window does whenever it shows the commands.
+    QObject::connect(&model, &console::ConsoleModel::changed, &model, [this, &world] {
+        if (world.consoleOpen_)
+            console.keepSimulator();
+    });
 }
 
 World::World() : folder_(fastFolder())
