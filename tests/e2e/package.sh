@@ -189,9 +189,9 @@ start_as_user calidora-demo
 wait_for 90 "the main window on the demo company" window_there "$main: Demo.mdb"
 log_in
 at_rest
-# Without the clock at its right end.
+# Its middle: a call of an instrument stands at its left end, the clock at its right.
 status_bar() {
-  import -window "$(xdotool search --onlyvisible --name "$main" | head -1)" -gravity southwest -crop 60%x28+0+0 +repage "$work/$1.png"
+  import -window "$(xdotool search --onlyvisible --name "$main" | head -1)" -gravity southwest -crop 360x28+500+0 +repage "$work/$1.png"
 }
 status_bar older
 shown 06-newer-catalogue
@@ -202,7 +202,7 @@ wait_for 120 "the end of the upgrade" window_there '^Calidora$'
 shown 07-upgraded
 keys Return
 wait_for 60 "the end of its window" window_gone 'Aggiornamento Database'
-type_the_login
+wait_for 60 "the company with its operator" window_there 'User: TECNICO'
 at_rest
 status_bar newest
 shown 08-newest-catalogue
