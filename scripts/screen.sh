@@ -1,9 +1,10 @@
 # A screen of its own with the program on it, and the hands and eyes for it: keys, windows, pictures. Sourced behind
 # common.sh by what drives the real program. The caller sets `work` (a folder of its own) and `home` (the application
-# folder), and may set `speed`.
+# folder), and may set `speed` and the size of the `screen`.
 
 pictures=$work/pictures
 speed=${speed:-1}
+screen=${screen:-1280x900}
 failures=0
 
 step() { printf '\n%s\n' "--- $*"; }
@@ -45,7 +46,7 @@ start_screen() {
   rm -rf "$work"
   mkdir -p "$pictures"
   trap clear_away EXIT
-  bound_to_me Xvfb -displayfd 6 -screen 0 1280x900x24 -nolisten tcp 6>"$work/display" 2>/dev/null &
+  bound_to_me Xvfb -displayfd 6 -screen 0 "${screen}x24" -nolisten tcp 6>"$work/display" 2>/dev/null &
   screen_pid=$!
   wait_for 30 "the virtual screen" test -s "$work/display"
   DISPLAY=:$(cat "$work/display")

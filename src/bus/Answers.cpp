@@ -7,6 +7,7 @@
 #include "bus/Statements.h"
 #include "bus/Transfer.h"
 #include "platform/Guard.h"
+#include "platform/Words.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
 #include "structure/NodeKey.h"
@@ -17,7 +18,7 @@
 
 namespace bus {
 
-using platform::fail;
+using platform::failInWords;
 using platform::Recordset;
 using platform::errors::kInvalidCall;
 
@@ -107,7 +108,7 @@ void Transfer::receiveOldByte()
         return;
     const bool ram = line_.code == ActionCode::MergingRam;
     if (line_.strReceive.isEmpty())
-        fail(kInvalidCall, QStringLiteral("The bit field has no byte."));
+        failInWords(kInvalidCall, "bits.nobyte");
     const int merged = mergeBits(static_cast<unsigned char>(line_.strReceive[0]), AndMask_, OrMask_);
     const QByteArray byte(1, char(merged));
     const QByteArray frame = ram ? ramRequest(byte) : eepromRequest(byte);
@@ -151,8 +152,7 @@ std::optional<platform::RuntimeError> Transfer::decodeBank(Recordset& parameters
         for (; !parameters.Eof(); parameters.MoveNext()) {
             const int offset = catalogueNumber(parameters, "mAddr", line_.texts) - bankAddress;
             if (offset < 0)
-                fail(kInvalidCall,
-                     QStringLiteral("Parameter %1 lies before its bank.").arg(parameters.text("IDPar")));
+                failInWords(kInvalidCall, "catalogue.bank", {parameters.text("IDPar")});
             const QByteArray field =
                 line_.strReceive.mid(offset, catalogueNumber(parameters, "mSize", line_.texts));
             values.push_back({parameters.number("IDGrp"), parameters.number("IDInst"),

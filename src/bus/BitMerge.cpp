@@ -1,6 +1,6 @@
 #include "bus/BitMerge.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 #include "values/Digits.h"
 
 namespace bus {
@@ -8,8 +8,7 @@ namespace bus {
 int mergeBits(unsigned char oldByte, const QString& andMask, const QString& orMask)
 {
     if (andMask.size() != 8 || orMask.size() != 8)
-        platform::fail(platform::errors::kTypeMismatch,
-                       QStringLiteral("The masks of the bit field are not known."));
+        platform::failInWords(platform::errors::kTypeMismatch, "bits.nomask");
     int consumed = oldByte;
     QString digits = values::DecToBin(consumed);
     for (qsizetype i = 0; i < 8; ++i) {

@@ -1,6 +1,6 @@
 #include "bus/Frames.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <numeric>
 
@@ -11,7 +11,7 @@ namespace {
 char toByte(int field)
 {
     if (field < 0 || field > 255)
-        platform::fail(platform::errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+        platform::failInWords(platform::errors::kInvalidCall, "value.invalid");
     return static_cast<char>(field);
 }
 

@@ -7,40 +7,29 @@
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "widgets/FormLanguage.h"
+#include "widgets/NarrowField.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace bus {
 
-namespace {
-
-constexpr int kPauseMilliseconds = 150;
-constexpr int kMostCharacters = 255;
-
-} // namespace
-
 frmTrace::frmTrace(session::Session& session, const session::Texts& texts, platform::Operator& op,
                    const LineTrace& trace)
     : session_(session), texts_(texts), operator_(op), model_(trace, session, texts),
-      txtNarrow_(new QLineEdit(this)), lvwTrace_(new TraceView(model_, this)), lblCount_(new QLabel(this)),
-      chkPause_(new QCheckBox(this)), cmdSave_(new QPushButton(platform::icon("save"), {}, this)),
-      cmdClose_(new QPushButton(this))
+      txtNarrow_(new widgets::NarrowField(this)), lvwTrace_(new TraceView(model_, this)),
+      lblCount_(new QLabel(this)), chkPause_(new QCheckBox(this)),
+      cmdSave_(new QPushButton(platform::icon("save"), {}, this)), cmdClose_(new QPushButton(this))
 {
     setObjectName("frmTrace");
     setWindowIcon(platform::icon("line-trace"));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     layOut();
-    narrowDue_.setSingleShot(true);
-    narrowDue_.setInterval(kPauseMilliseconds);
-    txtNarrow_->installEventFilter(this);
-    connect(txtNarrow_, &QLineEdit::textChanged, &narrowDue_, qOverload<>(&QTimer::start));
-    connect(&narrowDue_, &QTimer::timeout, this, [this] {
+    connect(txtNarrow_, &widgets::NarrowField::listWanted, lvwTrace_, qOverload<>(&QWidget::setFocus));
+    connect(txtNarrow_, &widgets::NarrowField::narrowed, this, [this] {
         model_.setFilter(txtNarrow_->text());
         lvwTrace_->scrollToBottom();
         showCount();
@@ -58,10 +47,6 @@ frmTrace::frmTrace(session::Session& session, const session::Texts& texts, platf
 
 void frmTrace::layOut()
 {
-    txtNarrow_->setObjectName("txtNarrow");
-    txtNarrow_->setClearButtonEnabled(true);
-    txtNarrow_->addAction(platform::icon("filter"), QLineEdit::LeadingPosition);
-    txtNarrow_->setMaxLength(kMostCharacters);
     lvwTrace_->setObjectName("lvwTrace");
     lblCount_->setObjectName("lblCount");
     lblCount_->setWordWrap(true);
@@ -137,23 +122,6 @@ void frmTrace::changeEvent(QEvent* event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         relabel();
-}
-
-// Escape shows all again before it closes the window.
-bool frmTrace::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == txtNarrow_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape && !txtNarrow_->text().isEmpty()) {
-            txtNarrow_->clear();
-            return true;
-        }
-        if (key == Qt::Key_Down) {
-            lvwTrace_->setFocus();
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 } // namespace bus

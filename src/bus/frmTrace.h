@@ -3,13 +3,12 @@
 #include "bus/TraceModel.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
-#include <QTimer>
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 
 namespace bus {
@@ -28,7 +27,6 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void layOut();
@@ -41,12 +39,11 @@ private:
     const session::Texts& texts_;
     platform::Operator& operator_;
     TraceModel model_;
-    QLineEdit* txtNarrow_;
+    widgets::NarrowField* txtNarrow_;
     TraceView* lvwTrace_;
     QLabel* lblCount_;
     QCheckBox* chkPause_;
     QPushButton *cmdSave_, *cmdClose_;
-    QTimer narrowDue_;
     bool following_ = false; // a look at the line is on its way
 };
 

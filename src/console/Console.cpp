@@ -54,9 +54,12 @@ Console::Console(const Surroundings& with)
     : session_(with.session), texts_(with.texts), operator_(with.op), clock_(with.clock),
       structure_(with.structure), events_(with.events), bus_(with.bus), model_(with.model)
 {
-    events_.onLine = [this](const QString& when, const QString& description) {
-        const bool error = description == texts_(545);
-        model_.addLine(when, description, error ? int(events::kError) : events_.typeOfLine());
+    // The answer that a doubt is about is told by the next line.
+    events_.onLine = [this, known = qsizetype(0)](const QString& when, const QString& description) mutable {
+        const qsizetype doubts = model_.doubts().size();
+        const bool doubtful = doubts > std::exchange(known, doubts);
+        const int type = doubtful ? int(events::kWarning) : events_.typeOfLine();
+        model_.addLine(when, description, description == texts_(545) ? int(events::kError) : type);
     };
     QObject::connect(
         &model_, &ConsoleModel::valueWasSeen, &model_,

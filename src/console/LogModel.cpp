@@ -1,5 +1,8 @@
 #include "console/LogModel.h"
 
+#include "events/EventLog.h"
+#include "platform/Words.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -109,11 +112,23 @@ QVariant LogModel::data(const QModelIndex& index, int role) const
     const Line& line = lines_[std::size_t(index.row())];
     if (role == TypeRole)
         return line.type;
+    if (role == Qt::ToolTipRole || role == Qt::AccessibleDescriptionRole)
+        return wordsOf(line);
     if (role != Qt::DisplayRole)
         return {};
     if (index.column() == 1 && !line.note.isEmpty())
         return QString(line.description + QStringLiteral("   ") + line.note);
     return text(index.row(), index.column());
+}
+
+// A line may be longer than its room; the sign in front of it says what its type is.
+QString LogModel::wordsOf(const Line& line)
+{
+    if (line.type < events::kWarning)
+        return {};
+    const QString type =
+        platform::inWords(line.type == events::kError ? "console.line.error" : "console.line.warning");
+    return type + u'\n' + line.description + (line.note.isEmpty() ? QString() : u'\n' + line.note);
 }
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const

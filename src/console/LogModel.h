@@ -47,6 +47,7 @@ private:
         int type = 1;
         QString note = {};
     };
+    static QString wordsOf(const Line& line);
     void putInOrder();
     bool before(const Line& a, const Line& b) const;
 

@@ -11,11 +11,12 @@
 #include "session/TextRows.h"
 #include "session/Texts.h"
 #include "widgets/FormLanguage.h"
+#include "widgets/PlainToolTip.h"
+#include "widgets/SortHeader.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
@@ -241,21 +242,20 @@ QWidget* frmReadWrite::makeHeading()
 QWidget* frmReadWrite::makeList()
 {
     lvwItems_ = new QTreeView(this);
+    header_ = new widgets::SortHeader(lvwItems_);
     lvwItems_->setObjectName("lvwItems");
     lvwItems_->setModel(&model_.log());
     lvwItems_->setRootIsDecorated(false);
     lvwItems_->setUniformRowHeights(true);
-    lvwItems_->setStyleSheet("QTreeView::item { padding: 3px 0; }");
     lvwItems_->setAlternatingRowColors(true);
     lvwItems_->setFrameShape(QFrame::NoFrame);
     lvwItems_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lvwItems_->installEventFilter(this);
     lvwItems_->setItemDelegate(new LineDelegate(lvwItems_));
-    QHeaderView* header = lvwItems_->header();
-    header->setSectionsClickable(true);
-    header->setStretchLastSection(true);
-    header->resizeSection(0, fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00 00:00:00")) + 28);
-    connect(header, &QHeaderView::sectionClicked, this, [this](int column) {
+    lvwItems_->setHeader(header_);
+    header_->setSectionsClickable(true);
+    header_->resizeSection(0, fontMetrics().horizontalAdvance(QStringLiteral("0000/00/00 00:00:00")) + 28);
+    connect(header_, &QHeaderView::sectionClicked, this, [this](int column) {
         model_.log().clickColumn(column);
         showSortArrows();
     });
@@ -271,6 +271,7 @@ QWidget* frmReadWrite::makeConcerns()
     layout->setSpacing(4);
     auto* line = new QHBoxLayout;
     auto* picture = new QLabel(concerns_);
+    picture->setObjectName("concernsSign");
     picture->setPixmap(icon("warning").pixmap(kPanelPicture, devicePixelRatio()));
     lblConcerns_ = new QLabel(concerns_);
     lblConcerns_->setObjectName("lblFailed");
@@ -403,15 +404,15 @@ void frmReadWrite::showConcerns()
         lvwConcerns_->addItem(console_.failedCheckWords(one));
     for (const ConsoleModel::Doubt& doubt : doubts)
         lvwConcerns_->addItem(texts_.own("read.doubtful").arg(doubt.item).arg(doubt.bytes));
+    // A line may be longer than the window.
+    for (int row = 0; row < lvwConcerns_->count(); ++row)
+        lvwConcerns_->item(row)->setToolTip(widgets::plainToolTip(lvwConcerns_->item(row)->text()));
     concerns_->setVisible(!headings.isEmpty());
 }
 
 void frmReadWrite::showSortArrows()
 {
-    QHeaderView* header = lvwItems_->header();
-    header->setSortIndicatorShown(model_.log().sortColumn() >= 0);
-    header->setSortIndicator(model_.log().sortColumn(),
-                             model_.log().sortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
+    header_->setArrow(model_.log().sortColumn(), model_.log().sortAscending());
 }
 
 void frmReadWrite::selectLine(int row)

@@ -3,6 +3,7 @@
 #include "bus/Forward.h"
 #include "platform/Forward.h"
 #include "session/Forward.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -85,6 +86,7 @@ private:
     QLabel *lblGroup_, *lblItem_, *lblActivity_, *lblUnwritten_;
     QPushButton* cmdLeaveOther_; // ends the connection to another group
     QTreeView* lvwItems_;
+    widgets::SortHeader* header_;
     QWidget* concerns_;
     QLabel* lblConcerns_;
     QListWidget* lvwConcerns_;

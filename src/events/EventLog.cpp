@@ -8,6 +8,7 @@
 #include "platform/Operator.h"
 #include "platform/Recordset.h"
 #include "platform/TextFile.h"
+#include "platform/Words.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
 
@@ -116,7 +117,7 @@ bool EventLog::Add_Event_ReadWrite(QString& When, const QString& Description)
     return guarded("Module/Add_Event_ReadWrite", [&] {
         const QDateTime when = storedDate(When);
         if (!when.isValid())
-            fail(errors::kTypeMismatch, QStringLiteral("'%1' is not a date.").arg(When));
+            failInWords(errors::kTypeMismatch, "event.nodate", {When});
         When = when.toString(QStringLiteral("yyyy/MM/dd HH:mm:ss"));
         if (onLine)
             onLine(When, Description);

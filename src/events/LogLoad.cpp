@@ -3,7 +3,7 @@
 #include "events/EventStore.h"
 #include "events/LogFiles.h"
 #include "platform/CodePage.h"
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 
@@ -90,9 +90,8 @@ void LogLoad::take(QByteArrayView line)
     ++line_;
     ++total_;
     if (!LogLine::isEvent(line))
-        platform::fail(platform::errors::kTypeMismatch, QStringLiteral("%1: line %2 is no event.")
-                                                            .arg(QDir::toNativeSeparators(file_->fileName()))
-                                                            .arg(line_));
+        platform::failInWords(platform::errors::kTypeMismatch, "log.noevent",
+                              {QDir::toNativeSeparators(file_->fileName()), QString::number(line_)});
     if (!utf8_) {
         keep(LogLine(line));
         return;

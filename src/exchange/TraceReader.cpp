@@ -1,6 +1,6 @@
 #include "exchange/TraceReader.h"
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 
@@ -23,10 +23,8 @@ std::optional<TraceLine> TraceReader::next()
         if (line.endsWith('\n'))
             line.chop(1);
         else if (!file_.atEnd())
-            platform::fail(platform::errors::kInvalidCall,
-                           QStringLiteral("%1: line %2 has no end; this is no data trace.")
-                               .arg(QDir::toNativeSeparators(file_.fileName()))
-                               .arg(number_));
+            platform::failInWords(platform::errors::kInvalidCall, "import.noend",
+                                  {QDir::toNativeSeparators(file_.fileName()), QString::number(number_)});
         if (line.endsWith('\r'))
             line.chop(1);
         length_ = line.size();

@@ -11,14 +11,13 @@
 #include "structure/NodeKey.h"
 #include "widgets/FormLanguage.h"
 #include "widgets/ImageDelegate.h"
+#include "widgets/NarrowField.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QDateTime>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
 
@@ -26,16 +25,15 @@ namespace history {
 
 namespace {
 
-constexpr int kPauseMilliseconds = 150;
-constexpr int kMostCharacters = 255;
 constexpr int kColumnWidths[] = {140, 190, 145, 90, 90, 160, 175};
 constexpr int kRowPadding = 2;
 
 } // namespace
 
 frmHistory::frmHistory(const Surroundings& with)
-    : with_(with), model_(with.texts), lblElement_(new QLabel(this)), txtNarrow_(new QLineEdit(this)),
-      chkLast_(new QCheckBox(this)), chkFailed_(new QCheckBox(this)), lvwHistory_(new QTreeView(this)),
+    : with_(with), model_(with.texts), lblElement_(new QLabel(this)),
+      txtNarrow_(new widgets::NarrowField(this)), chkLast_(new QCheckBox(this)),
+      chkFailed_(new QCheckBox(this)), lvwHistory_(new QTreeView(this)),
       plot_(new ValuePlot(with.texts, this)), lblCount_(new QLabel(this)),
       cmdTakeOver_(new QPushButton(this)), cmdShow_(new QPushButton(this)),
       cmdSave_(new QPushButton(platform::icon("export"), {}, this)), cmdClose_(new QPushButton(this)),
@@ -58,10 +56,6 @@ void frmHistory::layOut()
     QFont bold = lblElement_->font();
     bold.setBold(true);
     lblElement_->setFont(bold);
-    txtNarrow_->setObjectName("txtNarrow");
-    txtNarrow_->setClearButtonEnabled(true);
-    txtNarrow_->addAction(platform::icon("filter"), QLineEdit::LeadingPosition);
-    txtNarrow_->setMaxLength(kMostCharacters);
     chkLast_->setObjectName("chkLast");
     chkFailed_->setObjectName("chkFailed");
     lvwHistory_->setObjectName("lvwHistory");
@@ -108,11 +102,8 @@ void frmHistory::layOut()
 
 void frmHistory::listen()
 {
-    narrowDue_.setSingleShot(true);
-    narrowDue_.setInterval(kPauseMilliseconds);
-    txtNarrow_->installEventFilter(this);
-    connect(txtNarrow_, &QLineEdit::textChanged, &narrowDue_, qOverload<>(&QTimer::start));
-    connect(&narrowDue_, &QTimer::timeout, this, &frmHistory::narrow);
+    connect(txtNarrow_, &widgets::NarrowField::listWanted, lvwHistory_, qOverload<>(&QWidget::setFocus));
+    connect(txtNarrow_, &widgets::NarrowField::narrowed, this, &frmHistory::narrow);
     for (QCheckBox* box : {chkLast_, chkFailed_}) {
         connect(box, &QCheckBox::clicked, this, [this] {
             operation_.reset();
@@ -224,7 +215,7 @@ const ShownNote* frmHistory::current() const
 
 void frmHistory::narrow()
 {
-    narrowDue_.stop();
+    txtNarrow_->settle();
     model_.setFilter(txtNarrow_->text());
     lvwHistory_->setCurrentIndex(model_.index(0, 0));
     showCommands();
@@ -272,23 +263,6 @@ bool frmHistory::event(QEvent* event)
     if (event->type() == QEvent::WindowActivate)
         refresh();
     return QDialog::event(event);
-}
-
-// Escape shows all again before it closes the window.
-bool frmHistory::eventFilter(QObject* watched, QEvent* event)
-{
-    if (watched == txtNarrow_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Escape && !txtNarrow_->text().isEmpty()) {
-            txtNarrow_->clear();
-            return true;
-        }
-        if (key == Qt::Key_Down) {
-            lvwHistory_->setFocus();
-            return true;
-        }
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 } // namespace history

@@ -4,14 +4,13 @@
 #include "platform/Forward.h"
 #include "session/Forward.h"
 #include "structure/LatestJob.h"
+#include "widgets/Forward.h"
 
 #include <QDialog>
-#include <QTimer>
 #include <functional>
 
 class QCheckBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QTreeView;
 
@@ -48,7 +47,6 @@ public:
 protected:
     void changeEvent(QEvent* event) override;
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void layOut();
@@ -70,13 +68,12 @@ private:
     std::optional<qint64> operation_;
     HistoryPage page_; // without its notes, which are the model's
     QLabel* lblElement_;
-    QLineEdit* txtNarrow_;
+    widgets::NarrowField* txtNarrow_;
     QCheckBox *chkLast_, *chkFailed_;
     QTreeView* lvwHistory_;
     ValuePlot* plot_;
     QLabel* lblCount_;
     QPushButton *cmdTakeOver_, *cmdShow_, *cmdSave_, *cmdClose_;
-    QTimer narrowDue_;
     structure::LatestJob<HistoryPage> job_;
 };
 

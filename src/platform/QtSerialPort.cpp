@@ -85,7 +85,12 @@ void forgetNotices(const QSerialPort& port)
 
 } // namespace
 
-QtSerialPort::QtSerialPort(QString applicationPath) : applicationPath_(std::move(applicationPath))
+QtSerialPort::QtSerialPort(const QString& applicationPath)
+    : QtSerialPort([applicationPath](int number) { return deviceOfPort(applicationPath, number); })
+{
+}
+
+QtSerialPort::QtSerialPort(Devices devices) : devices_(std::move(devices))
 {
     // The output buffer has no size of its own here: each output is flushed.
     port_.setReadBufferSize(kInputBuffer);
@@ -110,8 +115,10 @@ void QtSerialPort::setPortOpen(bool wanted)
 
 void QtSerialPort::open()
 {
-    const QString device = deviceOfPort(applicationPath_, CommPort());
-    if (device.isEmpty())
+    const QString device = devices_(CommPort());
+    // Where the link of a pulled adapter went with it, the number would mean another port of the machine.
+    const auto lost = lost_.find(CommPort());
+    if (device.isEmpty() || (lost != lost_.end() && lost->second != device))
         fail(errors::kPortNumberInvalid, QStringLiteral("Invalid port number"));
     const LineSettings line = LineSettings::parse(Settings());
     // All parameters before the opening: some combinations are refused on an open port.
@@ -124,6 +131,8 @@ void QtSerialPort::open()
     const bool opened = port_.open(QIODevice::ReadWrite);
     if (!opened)
         failToOpen(port_);
+    device_ = device;
+    lost_.erase(CommPort());
 }
 
 void QtSerialPort::Output(const QByteArray& bytes)
@@ -158,6 +167,7 @@ void QtSerialPort::onError(QSerialPort::SerialPortError error)
         return;
     // A vanished device repeats its error without end and stays open: close it at the first one.
     port_.close();
+    lost_[CommPort()] = device_;
     if (OnFault)
         OnFault(RuntimeError(errors::kDeviceIo, inWords("port.vanished")));
 }

@@ -4,6 +4,8 @@
 
 #include <QObject>
 #include <QSerialPort>
+#include <functional>
+#include <map>
 
 namespace platform {
 
@@ -13,8 +15,12 @@ class QtSerialPort : public QObject, public SerialPort
     Q_OBJECT
 
 public:
+    // The device behind a port's number; "" for none.
+    using Devices = std::function<QString(int number)>;
+
     // `applicationPath` is the folder that may hold ports/COMn.
-    explicit QtSerialPort(QString applicationPath);
+    explicit QtSerialPort(const QString& applicationPath);
+    explicit QtSerialPort(Devices devices);
 
     bool PortOpen() const override { return port_.isOpen(); }
     void setPortOpen(bool open) override;
@@ -25,8 +31,11 @@ private:
     void open();
     void onError(QSerialPort::SerialPortError error);
 
-    QString applicationPath_;
+    Devices devices_;
     QSerialPort port_;
+    QString device_; // that the port was opened on last
+    // What broke while it was open, by number, until it is opened again.
+    std::map<int, QString> lost_;
 };
 
 } // namespace platform

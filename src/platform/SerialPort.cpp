@@ -1,5 +1,7 @@
 #include "platform/SerialPort.h"
 
+#include "platform/Words.h"
+
 #include <QStringList>
 
 namespace platform {
@@ -19,7 +21,7 @@ void SerialPort::setSettings(const QString& settings)
 void SerialPort::setHandshaking(int value)
 {
     if (value < 0 || value > 3)
-        fail(errors::kInvalidCall, QStringLiteral("The handshaking %1 is not valid.").arg(value));
+        failInWords(errors::kInvalidCall, "port.handshaking", {QString::number(value)});
     handshaking_ = value;
 }
 
@@ -37,7 +39,7 @@ LineSettings LineSettings::parse(const QString& text)
     }
     if (!speedOk || !bitsOk || !QByteArray("EONMS").contains(line.parity) ||
         !kStopBits.contains(line.stopBits))
-        fail(errors::kInvalidCall, QStringLiteral("The line settings '%1' are not valid.").arg(text));
+        failInWords(errors::kInvalidCall, "port.settings", {text});
     return line;
 }
 

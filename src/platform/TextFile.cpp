@@ -1,7 +1,7 @@
 #include "platform/TextFile.h"
 
 #include "platform/CodePage.h"
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,7 +38,7 @@ TextReader::TextReader(const QString& path, int codePage) : file_(path), codePag
 QString TextReader::ReadLine()
 {
     if (AtEndOfStream())
-        fail(kInputPastEnd, QStringLiteral("%1: the file ends too early.").arg(file_.fileName()));
+        failInWords(kInputPastEnd, "file.short", {file_.fileName()});
     QByteArray line = file_.readLine();
     if (line.isEmpty() && file_.error() != QFileDevice::NoError)
         fail(errors::kDeviceIo, described(file_));

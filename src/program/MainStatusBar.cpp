@@ -10,7 +10,9 @@
 #include <QDateTime>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeySequence>
 #include <QLabel>
+#include <algorithm>
 #include <cstring>
 
 namespace program {
@@ -133,6 +135,7 @@ void MainStatusBar::showLine()
         widget.picture->setVisible(!picture.isNull());
         widget.picture->setPixmap(picture.pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
         widget.text->setText(panels_.text(panel));
+        widget.text->setVisible(panel != bus::Panel::Allarm); // which has a picture and no words
     }
     showBell(panels_.picture(bus::Panel::Allarm) == bus::images::kAlarm);
     fit();
@@ -171,16 +174,19 @@ void MainStatusBar::showWaiting(int waiting, int unconfirmed)
     if (unconfirmed > 0)
         words << texts_.own("panel.unconfirmed").arg(unconfirmed);
     panel.text->setText(words.join(QStringLiteral(" \u00b7 ")));
-    panel.frame->setToolTip(texts_.own("panel.waiting.tip"));
+    panel.frame->setToolTip(
+        texts_.own("panel.waiting.tip").arg(QKeySequence("Ctrl+Shift+P").toString(QKeySequence::NativeText)));
     fit();
 }
 
-// Alarms, the line and what waits stay to the last.
+// Alarms, what the line does and what waits stay to the last.
 void MainStatusBar::fit()
 {
     widgets_["Plant"].frame->setVisible(!widgets_["Plant"].text->text().isEmpty());
     widgets_["Waiting"].frame->setVisible(waiting_ + unconfirmed_ > 0);
-    int free = width() - 2 * kLeastInfo;
+    const QLabel& info = *widgets_["Info"].text;
+    int free =
+        width() - std::max(2 * kLeastInfo, info.fontMetrics().horizontalAdvance(info.text()) + 3 * kGap);
     for (const char* key : {"Allarm", "Plant", "Waiting"}) {
         if (!widgets_[key].frame->isHidden())
             free -= widgets_[key].frame->sizeHint().width() + kGap;

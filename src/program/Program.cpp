@@ -55,7 +55,10 @@ Program::Program(const Surroundings& surroundings)
     listen();
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    with_.op.destroyForms();
+}
 
 MainServices Program::services()
 {
@@ -141,11 +144,13 @@ void Program::reopenPort()
 // The company is connected anew for it, which cuts a line that is open.
 void Program::chooseLanguage(const QString& identifier)
 {
+    const bool other = identifier != with_.session.Language.ID;
     const bool live = with_.session.COMPort.Status > session::kLineIdle;
-    if (live && with_.op.ask({.text = with_.texts.own("exit.connected"),
-                              .more = with_.texts.own("language.cuts"),
-                              .title = with_.session.AppTitle,
-                              .destroys = true}) != platform::answers::kYes) {
+    if (other && live &&
+        with_.op.ask({.text = with_.texts.own("exit.connected"),
+                      .more = with_.texts.own("language.cuts"),
+                      .title = with_.session.AppTitle,
+                      .destroys = true}) != platform::answers::kYes) {
         commands_.refreshMarks();
         return;
     }

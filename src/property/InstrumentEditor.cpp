@@ -1,6 +1,7 @@
 #include "property/InstrumentEditor.h"
 
 #include "platform/Recordset.h"
+#include "platform/Words.h"
 #include "property/Checks.h"
 #include "session/Helpers.h"
 #include "session/Session.h"
@@ -59,7 +60,7 @@ std::optional<platform::RuntimeError> InstrumentEditor::fillAddress(const QStrin
     addressShown_ = hexadecimal;
     if (!hexadecimal)
         return platform::RuntimeError(platform::errors::kTypeMismatch,
-                                      QStringLiteral("'%1' is not a hexadecimal address.").arg(address));
+                                      platform::inWords("value.noaddress", {address}));
     controls.txtVal3.text = QString::number(number);
     return {};
 }

@@ -1,5 +1,6 @@
 #include "property/TimeEditor.h"
 
+#include "platform/Words.h"
 #include "property/Checks.h"
 #include "session/Texts.h"
 #include "values/Kind.h"
@@ -58,7 +59,7 @@ std::optional<platform::RuntimeError> TimeEditor::fill(const std::optional<QStri
     shown_ = time.has_value();
     if (!time)
         return platform::RuntimeError(platform::errors::kTypeMismatch,
-                                      QStringLiteral("'%1' is not a time of day.").arg(*value));
+                                      platform::inWords("value.notime", {*value}));
     const std::array<int, kFields> numbers{time->hour, time->minute, time->second};
     for (std::size_t i = 0; i < fields_.size(); ++i)
         (with_.controls.*fields_[i].text).text = QString::number(numbers[i]);

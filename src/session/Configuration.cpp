@@ -3,6 +3,7 @@
 #include "platform/CodePage.h"
 #include "platform/Guard.h"
 #include "platform/TextFile.h"
+#include "platform/Words.h"
 #include "session/Session.h"
 #include "session/SettingsLines.h"
 
@@ -26,7 +27,7 @@ QString fileOf(const Session& session)
 void refuseTooLarge(const QString& path)
 {
     if (QFileInfo(path).size() > kLargestConfiguration)
-        fail(errors::kInvalidCall, QStringLiteral("'%1' is too large for a configuration.").arg(path));
+        failInWords(errors::kInvalidCall, "settings.large", {path});
 }
 
 QStringList linesOfFile(const QString& path, int codePage)

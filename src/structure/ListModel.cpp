@@ -264,6 +264,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const
         return item.key == paleKey_;
     case MarkRole:
         return item.marks | marks_.value(item.key);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        return index.column() == 0 ? wordsOf(item.marks | marks_.value(item.key), item.icon) : QString();
     case ValueRole:
         return item.icon >= int(Image::Parameter) ? item.subtext : QString();
     default:

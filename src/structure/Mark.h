@@ -16,4 +16,7 @@ enum Mark
 // The marks by node key; what isn't there has none.
 using Marks = QHash<QString, int>;
 
+// What the signs on that picture say, one a line, for whoever asks what they are or can't see them.
+QString wordsOf(int marks, int image);
+
 } // namespace structure

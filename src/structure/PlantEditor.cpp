@@ -2,6 +2,7 @@
 
 #include "platform/Guard.h"
 #include "platform/Operator.h"
+#include "platform/Words.h"
 #include "session/Helpers.h"
 #include "session/Lookup.h"
 #include "session/Session.h"
@@ -50,7 +51,7 @@ void PlantEditor::New_Item()
             return;
         const QString node = with_.structure.selectedNode();
         if (node.isEmpty())
-            platform::fail(platform::errors::kObjectNotSet, QStringLiteral("No element is selected."));
+            platform::failInWords(platform::errors::kObjectNotSet, "element.none");
         const int level = Extract_Level(node);
         if (level == kRoot)
             newGroup();

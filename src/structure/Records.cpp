@@ -51,7 +51,7 @@ int Records::nextNumber(const QString& highestSql)
         return 1;
     const qint64 next = highest["IDMax"].toLongLong() + 1;
     if (next > std::numeric_limits<int>::max())
-        platform::fail(platform::errors::kOverflow, QStringLiteral("Overflow"));
+        platform::failInWords(platform::errors::kOverflow, "value.overflow");
     return int(next);
 }
 

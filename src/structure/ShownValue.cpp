@@ -62,6 +62,20 @@ QString shownValue(const session::Session& session, const QString& IDPar, const 
     }
 }
 
+QString parameterName(const session::Session& session, const QString& IDPar, const QString& otherwise)
+{
+    static const QString kStatement =
+        QStringLiteral("SELECT mDesc FROM tbParamLanguage WHERE ((mID = %1) AND (mKeyLang = %2));");
+    try {
+        platform::Recordset names;
+        names.Open(kStatement.arg(Compose_SqlText(IDPar), Compose_SqlText(session.Language.Code)),
+                   session.cnDatabase);
+        return names.Eof() ? otherwise : names.text("mDesc");
+    } catch (const platform::RuntimeError&) {
+        return otherwise;
+    }
+}
+
 QString choiceWords(const session::Session& session, const QString& IDPar, const QString& value)
 {
     try {

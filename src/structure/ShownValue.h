@@ -12,6 +12,9 @@ namespace structure {
 QString shownValue(const session::Session& session, const QString& IDPar,
                    const std::optional<QString>& value);
 
+// What a parameter is called; `otherwise` where the catalogue has no words for it. Never raises.
+QString parameterName(const session::Session& session, const QString& IDPar, const QString& otherwise);
+
 // The words of a value that is a number in the instrument and has words in the catalogue; "" for any other.
 QString choiceWords(const session::Session& session, const QString& IDPar, const QString& value);
 

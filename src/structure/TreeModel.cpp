@@ -228,6 +228,9 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const
         return node.key == paleKey_;
     case MarkRole:
         return marks_.value(node.key);
+    case Qt::ToolTipRole:
+    case Qt::AccessibleDescriptionRole:
+        return wordsOf(marks_.value(node.key), node.image);
     default:
         return {};
     }

@@ -26,18 +26,25 @@ namespace structure {
 
 namespace {
 
-// A write that was not confirmed, among those that are still to come.
+// A write that was not confirmed, among those that are still to come. Its names are today's: the language may
+// have changed since.
 ListItem unconfirmedItem(const session::Session& session, const session::Texts& texts,
                          const Structure& structure, const UnconfirmedWrite& write)
 {
     const KeyParts ids = Extract_Key(write.key);
-    const QString plant = structure.tree().captionOf(groupKey(ids.IDGrp));
+    const TreeModel& tree = structure.tree();
+    const auto captionOf = [&](const QString& key, const QString& former) {
+        return tree.contains(key) ? tree.captionOf(key) : former;
+    };
+    const QString plant = tree.captionOf(groupKey(ids.IDGrp));
+    const QString instrument = captionOf(instrumentKey(ids.IDGrp, ids.IDInst), write.instrument);
+    const QString group = captionOf(paramGroupKey(ids.IDGrp, ids.IDInst, ids.IDParGrp), write.group);
     const QString found =
         write.found ? shownValue(session, ids.IDPar, write.found) : texts.own("write.failed.unread");
     return {.key = write.key,
-            .text = write.name,
+            .text = parameterName(session, ids.IDPar, write.name),
             .subtext = shownValue(session, ids.IDPar, write.expected),
-            .detail = plant + '\\' + write.instrument + '\\' + write.group,
+            .detail = plant + '\\' + instrument + '\\' + group,
             .icon = int(Image::Parameter),
             .marks = kHoldsUnconfirmed,
             .extra = texts.own("pending.readback").arg(found)};

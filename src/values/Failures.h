@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/RuntimeError.h"
+#include "platform/Words.h"
 
 namespace values {
 
@@ -8,22 +8,22 @@ namespace values {
 
 [[noreturn]] inline void failInvalidCall()
 {
-    platform::fail(platform::errors::kInvalidCall, QStringLiteral("Invalid procedure call or argument"));
+    platform::failInWords(platform::errors::kInvalidCall, "value.invalid");
 }
 
 [[noreturn]] inline void failOverflow()
 {
-    platform::fail(platform::errors::kOverflow, QStringLiteral("Overflow"));
+    platform::failInWords(platform::errors::kOverflow, "value.overflow");
 }
 
 [[noreturn]] inline void failDivisionByZero()
 {
-    platform::fail(platform::errors::kDivisionByZero, QStringLiteral("Division by zero"));
+    platform::failInWords(platform::errors::kDivisionByZero, "value.zero");
 }
 
 [[noreturn]] inline void failTypeMismatch()
 {
-    platform::fail(platform::errors::kTypeMismatch, QStringLiteral("Type mismatch"));
+    platform::failInWords(platform::errors::kTypeMismatch, "value.mismatch");
 }
 
 } // namespace values

@@ -64,6 +64,8 @@ std::optional<TimeForm> timeFormOf(const QString& keyType)
 
 std::optional<TimeOfDay> parseTime(const QString& text)
 {
+    if (text == QLatin1String("0"))
+        return TimeOfDay{};
     const auto colons = text.count(u':');
     if (colons < 1 || colons > 2)
         return std::nullopt;

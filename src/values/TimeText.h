@@ -29,7 +29,7 @@ struct TimeOfDay
 };
 
 // Reads "H:M:S" or "H:M" with one or two digits a field; none when a field is out of its range or anything
-// else.
+// else. The bare "0" that a synchronisation gives is midnight.
 std::optional<TimeOfDay> parseTime(const QString& text);
 
 // Seconds as a time text: whole hours, and under HM and HMS the rest as minutes, which are not cut to whole

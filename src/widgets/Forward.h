@@ -4,6 +4,7 @@
 namespace widgets {
 
 class FieldEdit;
+class NarrowField;
 class SortHeader;
 class SpinButtons;
 class TextField;

@@ -12,6 +12,7 @@ namespace widgets {
 namespace {
 
 constexpr double kPale = 0.4;
+constexpr int kAbove = 6;
 constexpr double kBadge = 0.55; // of the picture's side
 
 // The signs by their bit, each in a corner of its own.
@@ -70,6 +71,11 @@ QIcon pictureOf(int image, int marks)
 
 } // namespace
 
+QIcon inOwnColours(const QIcon& picture)
+{
+    return QIcon(new MarkedPicture(picture, 0));
+}
+
 ImageDelegate::ImageDelegate(QObject* parent, std::optional<int> imageRole)
     : QStyledItemDelegate(parent), imageRole_(imageRole)
 {
@@ -102,6 +108,11 @@ void ImageDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIn
     option->icon = pictureOf(index.data(*imageRole_).toInt(), markRole_ ? index.data(*markRole_).toInt() : 0);
     if (!option->icon.isNull())
         option->features |= QStyleOptionViewItem::HasDecoration;
+    // The text stands right below a large picture, and neither touches what is above.
+    if (option->decorationPosition == QStyleOptionViewItem::Top) {
+        option->displayAlignment = Qt::AlignHCenter | Qt::AlignTop;
+        option->rect.setTop(option->rect.top() + kAbove);
+    }
     if (valueRole_)
         addValue(option, index.data(*valueRole_).toString());
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QIcon>
 #include <QStyledItemDelegate>
 #include <optional>
 
 namespace widgets {
+
+// The picture, drawn in its own colours where it is selected, too: a colour may be what it says.
+QIcon inOwnColours(const QIcon& picture);
 
 // Draws nodes and items with the picture that their image number names. A model knows numbers, not pictures.
 class ImageDelegate : public QStyledItemDelegate

@@ -54,7 +54,7 @@ QString sheetOf(const Colours& colours)
     return QStringLiteral("QToolTip { color: white; background: %1; border: 1px solid %1; padding: 3px; }"
                           "QToolBar { border: 0; border-bottom: 1px solid %2; padding: 3px; spacing: 1px; }"
                           "QToolBar::separator { width: 1px; margin: 5px 5px; background: %3; }"
-                          "QHeaderView::section { background: %4; border: 0; padding: 4px 8px;"
+                          "QHeaderView::section { background: %4; border: 0; padding: 4px 8px 4px 3px;"
                           " border-bottom: 1px solid %2; border-right: 1px solid %2; }"
                           "QStatusBar { border-top: 1px solid %2; }"
                           "QStatusBar::item { border: 0; }")

@@ -6,12 +6,6 @@
 
 namespace widgets {
 
-namespace {
-
-constexpr int kInLineWithCells = 5; // a heading's margin is so much wider than a cell's
-
-} // namespace
-
 SortHeader::SortHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent)
 {
     setHighlightSections(false);
@@ -29,10 +23,7 @@ void SortHeader::setArrow(int column, bool ascending)
 
 void SortHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const
 {
-    painter->save();
-    painter->setClipRect(rect);
-    QHeaderView::paintSection(painter, rect.adjusted(-kInLineWithCells, 0, 0, 0), logicalIndex);
-    painter->restore();
+    QHeaderView::paintSection(painter, rect, logicalIndex);
     if (logicalIndex != column_)
         return;
     constexpr int kSize = 12;

@@ -1,9 +1,9 @@
 // Windows for everybody: what a screen reader is told, what a larger font or scale leaves room for, what the
 // keys reach, a dark desktop. QT_SCALE_FACTOR runs it at another scale.
+#include "gui/DesktopLook.h"
 #include "gui/GuiFixture.h"
 #include "platform/widgets/Icons.h"
 #include "widgets/FormLanguage.h"
-#include "widgets/Look.h"
 
 #include <QAccessible>
 
@@ -20,44 +20,6 @@ std::ostream& operator<<(std::ostream& out, const Setting& setting)
 {
     return out << setting.language << ", font " << setting.font << (setting.dark ? ", dark" : "");
 }
-
-QPalette darkDesktop()
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, QColor("#202020"));
-    palette.setColor(QPalette::WindowText, QColor("#F0F0F0"));
-    return palette;
-}
-
-// The look that a desktop of that kind gives, while it lives.
-class Desktop
-{
-public:
-    Desktop(double font, bool dark) : font_(QApplication::font())
-    {
-        QFont larger = font_;
-        larger.setPointSizeF(font_.pointSizeF() * font);
-        QApplication::setFont(larger);
-        look(dark ? darkDesktop() : QPalette(Qt::lightGray));
-    }
-    ~Desktop()
-    {
-        QApplication::setFont(font_);
-        look(QPalette(Qt::lightGray));
-    }
-    Desktop(const Desktop&) = delete;
-    Desktop& operator=(const Desktop&) = delete;
-
-private:
-    static void look(const QPalette& desktop)
-    {
-        auto& application = *qobject_cast<QApplication*>(QCoreApplication::instance());
-        QApplication::setPalette(desktop);
-        widgets::applyLook(application);
-    }
-
-    QFont font_;
-};
 
 class Access : public gui::GuiFixture, public testing::WithParamInterface<Setting>
 {
@@ -167,7 +129,7 @@ protected:
     }
 
 private:
-    std::optional<Desktop> desk_;
+    std::optional<gui::DesktopLook> desk_;
 };
 
 TEST_P(Access, TheMainWindow)
@@ -261,7 +223,7 @@ protected:
 TEST_F(DarkDesktop, PaletteAndIconsFollowIt)
 {
     {
-        const Desktop dark(1.0, true);
+        const gui::DesktopLook dark(1.0, true);
         const QPalette palette = QApplication::palette();
         EXPECT_LT(palette.color(QPalette::Window).lightness(), 80);
         EXPECT_GT(palette.color(QPalette::WindowText).lightness(), 180);
@@ -278,7 +240,7 @@ TEST_F(DarkDesktop, PaletteAndIconsFollowIt)
 
 TEST_F(DarkDesktop, AnIconThatIsOffIsPaler)
 {
-    const Desktop dark(1.0, true);
+    const gui::DesktopLook dark(1.0, true);
     const QIcon icon = platform::icon("delete");
     EXPECT_NE(icon.pixmap(24, 24).toImage(), icon.pixmap(24, 24, QIcon::Disabled).toImage());
     EXPECT_EQ(icon.pixmap(16, 16).size(), QSize(16, 16));

@@ -56,6 +56,7 @@ public:
         return script.saveFile(request);
     }
     void openAddress(const QString& address) override { script.openAddress(address); }
+    void beep() override { script.beep(); }
 
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override
     {

@@ -58,9 +58,9 @@ TEST_F(ManualWindow, F1InTheMainWindowOpensThePlant)
     EXPECT_TRUE(manual()->isVisible());
     EXPECT_FALSE(manual()->isModal());
     EXPECT_EQ(shownChapter(), "02-plant.md");
-    EXPECT_EQ(chosenInList(), "The plant");
+    EXPECT_EQ(chosenInList(), "Plants and instruments");
     EXPECT_EQ(manual()->windowTitle(), "Calidora\\Manual");
-    EXPECT_TRUE(part<QTextBrowser>("txtPage")->toPlainText().startsWith("The plant"));
+    EXPECT_TRUE(part<QTextBrowser>("txtPage")->toPlainText().startsWith("Plants and instruments"));
     picture(*manual(), "frmManual");
     nothingIsClipped(*manual());
 }

@@ -1,98 +1,23 @@
 // What the console must never leave unsaid: the line that is elsewhere, edits that a read replaces, writes
 // that were not confirmed, a call that comes in, a port that went.
 #include "bus/Frames.h"
-#include "gui/GuiFixture.h"
+#include "gui/ConsoleFixture.h"
 #include "structure/PlantMarks.h"
 
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QToolBar>
 
 namespace {
 
-class NightConsole : public gui::GuiFixture
+class NightConsole : public gui::ConsoleFixture
 {
 protected:
-    void open(const QString& key, const std::function<void()>& work)
-    {
-        const int before = played;
-        plant().selectItem(key);
-        inside("frmReadWrite", [&](QDialog& console) {
-            console_ = &console;
-            work();
-            if (console.isVisible())
-                console.close();
-        });
-        program.handlers().run("ReadWrite");
-        EXPECT_EQ(played, before + 1);
-    }
-    template <class Part>
-    Part* part(const char* name) const
-    {
-        return console_->findChild<Part*>(name);
-    }
-    QAction* tool(const char* key) const
-    {
-        return part<QToolBar>("tlbMain")->findChild<QAction*>(key, Qt::FindDirectChildrenOnly);
-    }
-    static void settle()
-    {
-        for (int turn = 0; turn < 3; ++turn)
-            QApplication::processEvents();
-    }
-    void press(const char* key)
-    {
-        tool(key)->trigger();
-        settle();
-    }
-    void arrives(const QByteArray& bytes)
-    {
-        port.feed(bytes);
-        clock.settle();
-        settle();
-    }
-    void connectByCable()
-    {
-        if (!tool("Simulator")->isChecked())
-            press("Simulator");
-        press("Connect");
-        arrives("ATA");
-        clock.run(3000);
-        ASSERT_EQ(session.COMPort.Status, session::kConnected);
-    }
-    void hangUp()
-    {
-        press("Disconnect");
-        arrives("\r");
-        ASSERT_EQ(session.COMPort.Status, session::kLineIdle);
-    }
-    // A write of EN MOD that the instrument doesn't take over.
-    void writeInVain()
-    {
-        press("Write");
-        clock.run(15000);
-        arrives(QByteArray("\x00\x06", 2));
-        clock.run(3000);
-        settle();
-    }
-    QString activity() const { return part<QLabel>("lblActivity")->text(); }
-    QStringList lines() const
-    {
-        QStringList all;
-        const auto* list = part<QTreeView>("lvwItems");
-        for (int row = 0; row < list->model()->rowCount(); ++row)
-            all << list->model()->index(row, 1).data().toString();
-        return all;
-    }
-    QString panel(const char* key) const { return control<QWidget>(key)->findChild<QLabel*>("text")->text(); }
     int marksOf(const QString& node)
     {
         const structure::TreeModel& tree = plant().tree();
         return tree.data(tree.indexOf(node), structure::TreeModel::MarkRole).toInt();
     }
-
-    QDialog* console_ = nullptr;
 };
 
 TEST_F(NightConsole, OverAnotherGroupItSaysWhereTheLineIs)
@@ -264,15 +189,15 @@ TEST_F(NightConsole, ACallBehindItIsTold)
 {
     start();
     open("1_1", [&] {
-        EXPECT_TRUE(tool("Connect")->isEnabled());
+        EXPECT_TRUE(toolButton("Connect")->isEnabled());
         arrives("RING");
         EXPECT_TRUE(QTest::qWaitFor([&] { return activity().startsWith("An instrument is calling in"); }))
             << "the window looks every second";
-        EXPECT_FALSE(tool("Connect")->isEnabled());
+        EXPECT_FALSE(toolButton("Connect")->isEnabled());
         EXPECT_EQ(panel("Plant"), "") << "whoever calls is not the plant that was dialled last";
         clock.run(70000);
         EXPECT_TRUE(QTest::qWaitFor([&] { return activity().startsWith("Not connected"); }));
-        EXPECT_TRUE(tool("Connect")->isEnabled());
+        EXPECT_TRUE(toolButton("Connect")->isEnabled());
     });
 }
 
@@ -323,15 +248,16 @@ TEST_F(NightConsole, SimulationIsTheDirectCable)
     open("1_1", [&] {
         EXPECT_EQ(activity(),
                   "Not connected. Connect dials 0551234567. Press Simulation for the direct cable.");
-        EXPECT_EQ(tool("Simulator")->toolTip(), texts(278) + "\ndirect cable");
-        EXPECT_TRUE(tool("Read")->toolTip().endsWith("(F7)")) << qPrintable(tool("Read")->toolTip());
+        EXPECT_EQ(toolButton("Simulator")->toolTip(), texts(278) + "\ndirect cable");
+        EXPECT_TRUE(toolButton("Read")->toolTip().endsWith("(F7)"))
+            << qPrintable(toolButton("Read")->toolTip());
         connectByCable();
         hangUp();
-        EXPECT_TRUE(tool("Simulator")->isChecked()) << "the choice survives the connection";
+        EXPECT_TRUE(toolButton("Simulator")->isChecked()) << "the choice survives the connection";
         press("Simulator");
-        EXPECT_FALSE(tool("Simulator")->isChecked()) << "at the first click";
+        EXPECT_FALSE(toolButton("Simulator")->isChecked()) << "at the first click";
         press("Simulator");
-        EXPECT_TRUE(tool("Simulator")->isChecked());
+        EXPECT_TRUE(toolButton("Simulator")->isChecked());
     });
 }
 

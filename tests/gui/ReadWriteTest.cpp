@@ -1,59 +1,23 @@
 // The console's window, driven as an operator drives it; the test itself is at the far end of the line.
 #include "bus/Frames.h"
-#include "gui/GuiFixture.h"
+#include "gui/ConsoleFixture.h"
+#include "widgets/SortHeader.h"
 
-#include <QHeaderView>
 #include <QLayout>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QProgressBar>
-#include <QToolBar>
+#include <QStyledItemDelegate>
 
 namespace {
 
 namespace answers = platform::answers;
 using bus::readRequest;
 
-class ReadWriteWindow : public gui::GuiFixture
+class ReadWriteWindow : public gui::ConsoleFixture
 {
 protected:
-    // Opens the console on an item as the command does, and plays in it until it closes.
-    void open(const QString& key, const std::function<void()>& work)
-    {
-        const int before = played;
-        plant().selectItem(key);
-        inside("frmReadWrite", [&](QDialog& console) {
-            console_ = &console;
-            work();
-            if (console.isVisible())
-                console.close();
-            EXPECT_FALSE(console.isVisible()) << "the console would not close";
-        });
-        program.handlers().run("ReadWrite");
-        EXPECT_EQ(played, before + 1);
-    }
-    template <class Part>
-    Part* part(const char* name) const
-    {
-        return console_->findChild<Part*>(name);
-    }
     QAction* entry(const char* name) const { return part<QAction>(name); }
-    QAction* toolButton(const char* key) const
-    {
-        return part<QToolBar>("tlbMain")->findChild<QAction*>(key, Qt::FindDirectChildrenOnly);
-    }
-    // What was clicked runs when the window has come to rest.
-    static void settle()
-    {
-        for (int turn = 0; turn < 3; ++turn)
-            QApplication::processEvents();
-    }
-    void press(const char* key)
-    {
-        auto* toolbar = part<QToolBar>("tlbMain");
-        QTest::mouseClick(toolbar->widgetForAction(toolButton(key)), Qt::LeftButton);
-        settle();
-    }
     void choose(const char* name)
     {
         QAction* action = entry(name);
@@ -66,34 +30,6 @@ protected:
         ASSERT_TRUE(menu->isVisible());
         QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
         settle();
-    }
-    void arrives(const QByteArray& bytes)
-    {
-        port.feed(bytes);
-        clock.settle();
-    }
-    void connectByButton()
-    {
-        if (!toolButton("Simulator")->isChecked())
-            press("Simulator");
-        press("Connect");
-        arrives("ATA");
-        clock.run(3000);
-        ASSERT_EQ(session.COMPort.Status, session::kConnected);
-    }
-    void hangUp()
-    {
-        press("Disconnect");
-        arrives("\r");
-        ASSERT_EQ(session.COMPort.Status, session::kLineIdle);
-    }
-    QTreeView* list() const { return part<QTreeView>("lvwItems"); }
-    QStringList lines() const
-    {
-        QStringList all;
-        for (int row = 0; row < list()->model()->rowCount(); ++row)
-            all << list()->model()->index(row, 1).data().toString();
-        return all;
     }
     QString selectedLine() const { return list()->currentIndex().siblingAtColumn(1).data().toString(); }
     QStringList concerns() const
@@ -131,8 +67,6 @@ protected:
     {
         return texts(572) + "\r\n" + texts(573) + "\r\n" + texts(574);
     }
-
-    QDialog* console_ = nullptr;
 };
 
 TEST_F(ReadWriteWindow, OpensOnTheChosenItem)
@@ -149,7 +83,7 @@ TEST_F(ReadWriteWindow, OpensOnTheChosenItem)
         EXPECT_EQ(QApplication::focusWidget(), list());
         EXPECT_EQ(list()->model()->headerData(0, Qt::Horizontal).toString(), "Date");
         EXPECT_EQ(list()->model()->headerData(1, Qt::Horizontal).toString(), "Description");
-        EXPECT_FALSE(list()->header()->isSortIndicatorShown());
+        EXPECT_EQ(list()->findChild<widgets::SortHeader*>()->arrowColumn(), -1);
         EXPECT_TRUE(list()->header()->stretchLastSection());
         EXPECT_GE(list()->columnWidth(0), list()->fontMetrics().horizontalAdvance("2026/03/14 09:00:00"));
         EXPECT_FALSE(part<QProgressBar>("prgLoad")->isVisible());
@@ -182,7 +116,13 @@ TEST_F(ReadWriteWindow, ItIsMadeForReadingAtANight)
         EXPECT_FALSE(list()->rootIsDecorated());
         EXPECT_TRUE(list()->uniformRowHeights());
         EXPECT_TRUE(list()->alternatingRowColors());
-        EXPECT_FALSE(list()->styleSheet().isEmpty());
+        QStyleOptionViewItem row;
+        row.initFrom(list());
+        row.font = list()->font();
+        row.fontMetrics = list()->fontMetrics();
+        EXPECT_EQ(list()->itemDelegate()->sizeHint(row, {}).height(),
+                  QStyledItemDelegate().sizeHint(row, {}).height() + 6)
+            << "room above and below each line";
         EXPECT_EQ(list()->frameShape(), QFrame::NoFrame);
         EXPECT_EQ(list()->editTriggers(), QAbstractItemView::NoEditTriggers);
         EXPECT_EQ(list()->columnWidth(0),
@@ -326,7 +266,7 @@ TEST_F(ReadWriteWindow, AReadShowsHowFarItIs)
     start();
     clickNode("3_1_1_G01");
     open("3_1_1_G01", [&] {
-        connectByButton();
+        connectByCable();
         auto* bar = part<QProgressBar>("prgLoad");
         const int top = list()->y();
         press("Read");
@@ -358,7 +298,7 @@ TEST_F(ReadWriteWindow, ValuesThatWereReadStandInTheListBehindIt)
     start();
     clickNode("3_1_1_G01");
     open("4_1_1_G01_P0104", [&] {
-        connectByButton();
+        connectByCable();
         press("Read");
         clock.run(3000);
         arrives(QByteArray::fromHex("D2 04 06"));
@@ -376,7 +316,7 @@ TEST_F(ReadWriteWindow, AWriteGoesThroughItsPasses)
 {
     start();
     open("4_1_1_G02_P0201", [&] {
-        connectByButton();
+        connectByCable();
         press("Write");
         clock.run(15000);
         arrives("\x01\x06");
@@ -396,7 +336,7 @@ TEST_F(ReadWriteWindow, FailedChecksAndDoubtfulValuesAreListedUntilItCloses)
 {
     start();
     open("4_1_1_G02_P0201", [&] {
-        connectByButton();
+        connectByCable();
         press("Write");
         clock.run(15000);
         arrives("\x02\x06");
@@ -431,7 +371,7 @@ TEST_F(ReadWriteWindow, ADoubtAloneIsToldAlone)
 {
     start();
     open("4_1_1_G02_P0201", [&] {
-        connectByButton();
+        connectByCable();
         arrives("0");
         press("Read");
         clock.run(3000);
@@ -451,7 +391,7 @@ TEST_F(ReadWriteWindow, EscapeAsksWhereverTheFocusIs)
         QTest::keyClick(list(), Qt::Key_Escape);
         EXPECT_TRUE(desktop.script.boxes.empty()) << "an idle line has nothing to interrupt";
         EXPECT_TRUE(console_->isVisible()) << "and the window stays";
-        connectByButton();
+        connectByCable();
         press("Read");
         clock.run(3000);
         desktop.script.expect(question(texts), answers::kCancel);
@@ -477,7 +417,7 @@ TEST_F(ReadWriteWindow, ABusyLineKeepsItOpenAndAConnectedOneDoesNot)
 {
     start();
     open("4_1_1_G02_P0201", [&] {
-        connectByButton();
+        connectByCable();
         press("Read");
         EXPECT_FALSE(console_->close());
         EXPECT_TRUE(console_->isVisible());
@@ -499,7 +439,7 @@ TEST_F(ReadWriteWindow, TheProgramClosesItWhateverTheLineDoes)
 {
     start();
     open("4_1_1_G02_P0201", [&] {
-        connectByButton();
+        connectByCable();
         press("Read");
         desktop.unloadForm("frmReadWrite");
         EXPECT_FALSE(console_->isVisible());
@@ -509,7 +449,7 @@ TEST_F(ReadWriteWindow, TheProgramClosesItWhateverTheLineDoes)
 TEST_F(ReadWriteWindow, ReopenedOnAnotherGroupItShowsTheConnectionAndRefusesItsItems)
 {
     start();
-    open("1_1", [&] { connectByButton(); });
+    open("1_1", [&] { connectByCable(); });
     open("1_2", [&] {
         EXPECT_EQ(label("lblGroup"), "ALPHA");
         EXPECT_EQ(lines(), QStringList({"*** CONNECTION TO: GRP1 ***", "Connected."}));
@@ -530,31 +470,31 @@ TEST_F(ReadWriteWindow, AClickOnTheHeaderSortsAndKeepsTheSelectedLine)
 {
     start();
     open("1_1", [&] {
-        connectByButton();
+        connectByCable();
         hangUp();
         const QStringList arrived = lines();
         list()->setCurrentIndex(list()->model()->index(1, 0));
         ASSERT_EQ(selectedLine(), "Connected.");
-        QHeaderView* header = list()->header();
+        auto* header = list()->findChild<widgets::SortHeader*>();
         const auto click = [&](int column) {
             QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
                               QPoint(header->sectionViewportPosition(column) + 20, header->height() / 2));
         };
+        EXPECT_EQ(header->arrowColumn(), -1);
         click(1);
         QStringList sorted = arrived;
         sorted.sort(Qt::CaseInsensitive);
         EXPECT_EQ(lines(), sorted);
-        EXPECT_TRUE(header->isSortIndicatorShown());
-        EXPECT_EQ(header->sortIndicatorSection(), 1);
-        EXPECT_EQ(header->sortIndicatorOrder(), Qt::AscendingOrder);
+        EXPECT_EQ(header->arrowColumn(), 1);
+        EXPECT_TRUE(header->arrowAscending());
         EXPECT_EQ(selectedLine(), "Connected.");
         click(1);
-        EXPECT_EQ(header->sortIndicatorOrder(), Qt::DescendingOrder);
+        EXPECT_FALSE(header->arrowAscending());
         EXPECT_EQ(lines().first(), sorted.last());
         EXPECT_EQ(selectedLine(), "Connected.");
         click(0);
-        EXPECT_EQ(header->sortIndicatorSection(), 0);
-        EXPECT_EQ(header->sortIndicatorOrder(), Qt::AscendingOrder);
+        EXPECT_EQ(header->arrowColumn(), 0);
+        EXPECT_TRUE(header->arrowAscending());
     });
 }
 
@@ -601,7 +541,7 @@ TEST_F(ReadWriteWindow, ItFollowsTheLanguage)
             EXPECT_EQ(label("lblActivity"), toolButton("Simulator")->isChecked()
                                                 ? texts.own("console.hint.cable").arg("GRP1")
                                                 : texts.own("console.hint.connect").arg("0551234567"));
-            connectByButton();
+            connectByCable();
             arrives("0");
             press("Read");
             clock.run(3000);
@@ -619,7 +559,7 @@ TEST_F(ReadWriteWindow, ItFollowsTheLanguage)
 TEST_F(ReadWriteWindow, LeavingOnALiveConnectionCutsTheLine)
 {
     start();
-    open("1_1", [&] { connectByButton(); });
+    open("1_1", [&] { connectByCable(); });
     desktop.script.expect(texts(524) + "\r\n" + texts.own("exit.connected"), answers::kNo);
     window()->close();
     EXPECT_EQ(session.COMPort.Status, session::kConnected);
@@ -633,7 +573,7 @@ TEST_F(ReadWriteWindow, LeavingOnALiveConnectionCutsTheLine)
 TEST_F(ReadWriteWindow, ClosingTheCompanyCutsTheLine)
 {
     start();
-    open("1_1", [&] { connectByButton(); });
+    open("1_1", [&] { connectByCable(); });
     desktop.script.expect(texts(503), answers::kYes);
     program.handlers().run("CloseDb");
     EXPECT_EQ(said().last(), "+++");

@@ -5,6 +5,7 @@
 #include "platform/CodePage.h"
 #include "platform/OneAtATime.h"
 #include "support/CompanyFixture.h"
+#include "users/UserTable.h"
 
 #include <QDir>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -253,7 +254,8 @@ bool World::connectCompany(int which)
         company_ = 0;
         return false;
     }
-    session.CurrentUser.ReadWrite = QStringLiteral("-1");
+    users::requery(session);
+    login_.SearchUser(support::kTechnician, {});
     company_ = which;
     secondWasOpen_ = secondWasOpen_ || which == 2;
     setTraps();

@@ -15,6 +15,7 @@
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
+#include "users/Login.h"
 
 #include <QTemporaryDir>
 #include <deque>
@@ -196,6 +197,7 @@ private:
     session::Texts texts_{session.Language};
     structure::Structure structure_{session, texts_, *this};
     database::Database database_{session, texts_, *this, structure_};
+    users::Login login_{{session, texts_, *this, {}}};
     platform::FailureHook formerHook_;
     std::optional<Machine> machine_;
     Ledger ledger_;

@@ -278,6 +278,50 @@ TEST_F(FillTest, AValueThatIsNoTimeOfDayIsReportedAndTheFieldsStayEmpty)
     EXPECT_EQ(controls().txtVal1.limit, 2);
 }
 
+// A parameter that a synchronisation added has the value "0", whatever it means.
+TEST_F(FillTest, TheZeroOfASynchronisationIsMidnight)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '0', State = 2 WHERE IDParGrp = 'G03'");
+    for (const char* key : {"4_1_1_G03_P0301", "4_1_1_G03_P0302", "4_1_1_G03_P0303"}) {
+        open(key);
+        for (const Control* field : {&controls().txtVal1, &controls().txtVal2, &controls().txtVal3})
+            EXPECT_EQ(field->text, "0") << key;
+        EXPECT_TRUE(controls().txtVal1.enabled) << key;
+    }
+    EXPECT_EQ(support::column(plantFile(),
+                              "SELECT DISTINCT Value FROM tbParametersUser WHERE IDParGrp = 'G03' "
+                              "AND State = 2"),
+              QStringList{"0"})
+        << "looking at it changes nothing";
+}
+
+// What is told is told in the operator's language.
+TEST_F(FillTest, WhatCanNotBeShownIsToldInTheLanguageOfTheProgram)
+{
+    runOnPlant("UPDATE tbParametersUser SET Value = '24:00:00' WHERE IDPar = 'P0302';"
+               "UPDATE tbInstrumentsUser SET Address = '0Z' WHERE IDInst = 2;");
+    const std::pair<const char*, QStringList> rows[] = {
+        {"EN_English_2000", {"'24:00:00' is not a time of day.", "'0Z' is not a hexadecimal address."}},
+        {"IT_Italiano_1000",
+         {"'24:00:00' non \u00e8 un orario.", "'0Z' non \u00e8 un indirizzo esadecimale."}},
+        {"RU_Russian_6000",
+         {QStringLiteral("\u00ab24:00:00\u00bb \u2014 \u043d\u0435 \u0432\u0440\u0435\u043c\u044f "
+                         "\u0441\u0443\u0442\u043e\u043a."),
+          QStringLiteral("\u00ab0Z\u00bb \u2014 \u043d\u0435 "
+                         "\u0448\u0435\u0441\u0442\u043d\u0430\u0434\u0446\u0430\u0442\u0435\u0440\u0438"
+                         "\u0447\u043d\u044b\u0439 \u0430\u0434\u0440\u0435\u0441.")}}};
+    for (const auto& [language, words] : rows) {
+        setLanguage(language);
+        QStringList told;
+        for (const char* key : {"4_1_1_G03_P0302", "2_1_2"}) {
+            open(key);
+            for (const auto& failure : failures.take())
+                told << failure.description;
+        }
+        EXPECT_EQ(told, words) << language;
+    }
+}
+
 // Cut to its field it would be another number.
 TEST_F(FillTest, ANumberLongerThanItsFieldStandsThereWholeAndIsLocked)
 {

@@ -716,11 +716,6 @@ protected:
         return key.startsWith('1') ? QString(structure::kRootKey)
                                    : keyOf(structure::Extract_Key(key).IDGrp.toInt());
     }
-    // The "0" of a synchronisation is no time of day, which the dialog tells.
-    static bool isReadable(const PlainPlant::Value& value)
-    {
-        return value.value != QStringLiteral("0") || !value.param->KeyType.startsWith("TIME");
-    }
     // Walks to the parameter of some instrument that has it, and presses its item.
     bool openParameter(const QString& IDPar)
     {
@@ -728,7 +723,7 @@ protected:
         for (const auto& [number, group] : plant.groups) {
             for (const auto& [place, instrument] : group.instruments) {
                 const auto value = instrument.values.find(IDPar);
-                if (value != instrument.values.end() && isReadable(value->second))
+                if (value != instrument.values.end())
                     owners.push_back(keyOf(number, place));
             }
         }

@@ -2,6 +2,7 @@
 
 #include "platform/RuntimeError.h"
 #include "platform/widgets/EscapeKey.h"
+#include "platform/widgets/FileWords.h"
 #include "platform/widgets/Icons.h"
 
 #include <QApplication>
@@ -10,14 +11,17 @@
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QThread>
+#include <QTreeView>
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -84,7 +88,14 @@ void showMore(QMessageBox& box, const QString& words)
 DesktopOperator::~DesktopOperator()
 {
     DesktopOperator::showPointer(Pointer::Default); // it is the whole application's
-    for (const auto& [name, window] : loaded_)
+    destroyForms();
+}
+
+void DesktopOperator::destroyForms()
+{
+    // Those that are closed wait for the loop to destroy them.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (const auto& [name, window] : std::exchange(loaded_, {}))
         delete window;
 }
 
@@ -157,6 +168,25 @@ int DesktopOperator::box(const Question& question, Buttons buttons)
     return answered == answerOf.end() ? answers::kCancel : answered->second;
 }
 
+namespace {
+
+// Size, kind and date are as wide as what they hold; the name has the rest.
+void giveColumnsRoom(QFileDialog& dialog)
+{
+    const auto* list = dialog.findChild<QTreeView*>();
+    if (!list)
+        return;
+    const int digit = dialog.fontMetrics().horizontalAdvance(u'0');
+    int others = 0;
+    for (const auto& [column, digits] : {std::pair(1, 11), std::pair(2, 16), std::pair(3, 18)}) {
+        list->header()->resizeSection(column, digits * digit);
+        others += digits * digit;
+    }
+    dialog.resize(std::max(dialog.width(), others + 55 * digit), dialog.height());
+}
+
+} // namespace
+
 QString DesktopOperator::openFile(const FileRequest& request)
 {
     return chooseFile(request, false).name;
@@ -172,6 +202,8 @@ ChosenFile DesktopOperator::chooseFile(const FileRequest& request, bool save)
     const DialogPointer plain(*this);
     const QStringList filters = nameFilters(request.filter);
     QFileDialog dialog(owner(), request.title, request.folder);
+    dialog.setProxyModel(new FileWords(&dialog));
+    giveColumnsRoom(dialog);
     dialog.setNameFilters(filters);
     dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);

@@ -11,6 +11,8 @@ namespace platform {
 
 namespace {
 
+constexpr int kGap = 8;
+
 // The desktop's frame; before it has drawn one, a guess.
 QMargins frameOf(const QWidget& window)
 {
@@ -44,16 +46,34 @@ void keepInside(QWidget& window)
         window.move(inside - QPoint(frame.left(), frame.top()));
 }
 
+namespace {
+
+// Where there is no room for all of it: it takes what is free above or below, whichever is more.
+void shrinkAside(QWidget& window, const QRect& place, const QRect& room)
+{
+    const QRect now = window.frameGeometry();
+    const int above = place.top() - kGap - room.top();
+    const int below = room.bottom() - place.bottom() - kGap;
+    const int height = std::max(above, below) - (now.height() - window.height());
+    if (height < window.minimumSizeHint().expandedTo(window.minimumSize()).height())
+        return;
+    window.resize(window.width(), height);
+    window.move(within(now.x(), now.width(), room.left(), room.right() + 1),
+                below >= above ? place.bottom() + kGap : room.top());
+}
+
+} // namespace
+
 void moveAside(QWidget& window, const QRect& place)
 {
     const QRect now = window.frameGeometry();
     if (!now.intersects(place) || !window.screen())
         return;
     const QRect room = window.screen()->availableGeometry();
-    std::vector<QPoint> others{{now.x(), place.bottom() + 8},
-                               {now.x(), place.top() - 8 - now.height()},
-                               {place.right() + 8, now.y()},
-                               {place.left() - 8 - now.width(), now.y()}};
+    std::vector<QPoint> others{{now.x(), place.bottom() + kGap},
+                               {now.x(), place.top() - kGap - now.height()},
+                               {place.right() + kGap, now.y()},
+                               {place.left() - kGap - now.width(), now.y()}};
     std::sort(others.begin(), others.end(), [&](const QPoint& one, const QPoint& other) {
         return (one - now.topLeft()).manhattanLength() < (other - now.topLeft()).manhattanLength();
     });
@@ -63,6 +83,7 @@ void moveAside(QWidget& window, const QRect& place)
             return;
         }
     }
+    shrinkAside(window, place, room);
 }
 
 bool InsideScreen::eventFilter(QObject* watched, QEvent* event)
