@@ -1,4 +1,4 @@
-// Measures "Find in plant" and "Pending writes" against the engine's own shell running the same search on the
+// Measures "Find in company" and "Pending writes" against the engine's own shell running the same search on the
 // same company, in one run: calidora-find-side-by-side <file>
 //
 // Both read a warm file, in turns, and the median of several runs counts.
@@ -57,7 +57,7 @@ void measureSearch(const Shell& shell, const QString& file, const QString& text)
         measure::inTurns(ours, [&] { return shell.milliseconds(searchStatements(text)); });
     if (!findings.failure.isEmpty())
         qFatal("%s", qPrintable(findings.failure));
-    measure::printLine(QStringLiteral("Find in plant \"%1\"").arg(text), search,
+    measure::printLine(QStringLiteral("Find in company \"%1\"").arg(text), search,
                        QStringLiteral("%1 found").arg(qsizetype(findings.items.size()) + findings.more));
 }
 

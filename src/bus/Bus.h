@@ -111,6 +111,7 @@ private:
 
     void receivePollAnswer();
     void cut();
+    void payLog();
     LinkDialogue& dialogue();
     void commonEnd();
     // What every end of a connection that nobody hung up has in common.

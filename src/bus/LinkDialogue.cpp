@@ -22,6 +22,8 @@ void LinkDialogue::connectionUp(const QByteArray& lastWord)
 
 void LinkDialogue::connectionDown()
 {
+    // Escape may have kept a link that was still being raised, with its time-out.
+    line_.tmrTimeOut.stop();
     line_.log(line_.texts(session::rows::kDisconnected));
     line_.log(line_.staMain.text(Panel::Info));
     line_.staMain.setText(Panel::Info, {});

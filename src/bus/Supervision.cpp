@@ -4,6 +4,7 @@
 #include "bus/Bus.h"
 #include "bus/ConsoleView.h"
 #include "bus/StatusPanels.h"
+#include "events/EventLog.h"
 #include "platform/SerialPort.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
@@ -100,13 +101,20 @@ void Bus::cut()
         const bool alarms = call_.save();
         line_.comeToRest();
         if (!live)
-            return;
+            return payLog();
         platform::guarded("Module/Disconnect_Database", [this] { line_.send("+++"); });
         endConnection(line_.texts(session::rows::kTruncated), "Module/Disconnect_Database");
         if (alarms)
             call_.announce();
     });
     failures_.tell();
+}
+
+// Who closes a company or the program gives what no log file took its last chance.
+void Bus::payLog()
+{
+    if (line_.events.owes())
+        line_.flushEvents("Module/Disconnect_Database");
 }
 
 void Bus::endConnection(const QString& event, const char* procedure)

@@ -91,8 +91,8 @@ void EventLog::Add_Event(int IDType, const QDateTime& When, int Source, const QS
 void EventLog::Add_Event_Db(int IDType, const QDateTime& When, int Source, const QString& Equipment,
                             const QString& Instrument, const QString& Description)
 {
-    if (Source == kAlarms && onAlarm)
-        onAlarm(When, Equipment, Instrument, Description);
+    if (onEvent)
+        onEvent(IDType, When, Source, Equipment, Instrument, Description);
     guarded("Module/Add_Event_Db", [&] {
         const auto keep = [&] {
             kept_ << logLine(QString::number(IDType), When, QString::number(Source), Equipment, Instrument,
@@ -178,6 +178,12 @@ void EventLog::flush(Recordset& rows, Flushed& flushed)
     putInPlace();
 }
 
+bool EventLog::owes() const
+{
+    const auto flushed = flushed_.find(session_.dbFile());
+    return !kept_.isEmpty() || (hasCompany() && flushed != flushed_.end() && flushed->second.failed);
+}
+
 void EventLog::deleteEvents()
 {
     if (!hasCompany())
@@ -200,10 +206,7 @@ bool EventLog::hasCompany() const
 
 EventLog::Flushed& EventLog::flushedOfCompany()
 {
-    const QString company = session_.dbFile();
-    if (flushed_.company != company)
-        flushed_ = {company, 0, false};
-    return flushed_;
+    return flushed_[session_.dbFile()];
 }
 
 } // namespace events

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <map>
 
 namespace events {
 
@@ -41,14 +42,16 @@ public:
     // Flushes what was kept and tbEvent into one new log file. Nothing to flush makes no file. On a full disk
     // the file holds the lines that still found their place.
     void CreateLog_App();
+    // Whether a log file still lacks what a flush should have brought to it, or what no company took.
+    bool owes() const;
     // Empties tbEvent, when a company is open, but for the rows that a failed flush couldn't bring to the
     // disk: these go out with the next one. Fails as any statement does: called inside a procedure.
     void deleteEvents();
 
-    // Receives each alarm that a plant reports, before it is stored.
-    std::function<void(const QDateTime& when, const QString& plant, const QString& instrument,
-                       const QString& text)>
-        onAlarm;
+    // Receives each event, before it is stored.
+    std::function<void(int IDType, const QDateTime& When, int Source, const QString& Equipment,
+                       const QString& Instrument, const QString& Description)>
+        onEvent;
     // Receives each line of the console's list.
     std::function<void(const QString& when, const QString& description)> onLine;
     // The type of the event whose line is being received; a line of its own is information.
@@ -58,7 +61,6 @@ private:
     // How far the flush of a company's table has come.
     struct Flushed
     {
-        QString company;
         int rows = 0; // the first of the table, whose lines are on the disk already
         bool failed = false;
     };
@@ -67,7 +69,7 @@ private:
     void flush(platform::Recordset& rows, Flushed& flushed);
     bool hasCompany() const;
 
-    Flushed flushed_;
+    std::map<QString, Flushed> flushed_; // by the company's path
     int typeOfLine_ = kInformation;
     session::Session& session_;
     platform::Operator& operator_;

@@ -55,7 +55,7 @@ public:
 private:
     static const char* find(const char* at, const char* end, char byte)
     {
-        const void* found = std::memchr(at, byte, std::size_t(end - at));
+        const void* found = at == end ? nullptr : std::memchr(at, byte, std::size_t(end - at));
         return found ? static_cast<const char*>(found) : end;
     }
     void keep(QByteArrayView part)

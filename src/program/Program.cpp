@@ -55,7 +55,10 @@ Program::Program(const Surroundings& surroundings)
     listen();
 }
 
-Program::~Program() = default;
+Program::~Program()
+{
+    with_.op.destroyForms();
+}
 
 MainServices Program::services()
 {
@@ -293,8 +296,10 @@ void Program::listen()
         if (auto* window = qobject_cast<events::frmReadLogFiles*>(with_.op.form("frmReadLogFiles")))
             window->showFile(percent, shown);
     };
-    events_.onAlarm = [this](const QDateTime& when, const QString& plant, const QString& instrument,
-                             const QString& text) {
+    events_.onEvent = [this](int, const QDateTime& when, int source, const QString& plant,
+                             const QString& instrument, const QString& text) {
+        if (source != events::kAlarms)
+            return;
         QStringList place{plant, instrument, text};
         place.removeAll(QString());
         const QString call =

@@ -76,6 +76,7 @@ public:
     events::EventLog& events() { return events_; }
     bus::StatusPanels& panels() { return panels_; }
     database::Database& database() { return database_; }
+    bus::Bus& bus() { return bus_; }
     session::Printing& printing() { return printing_; }
     session::Main& main() { return main_; }
     users::Login& login() { return login_; }

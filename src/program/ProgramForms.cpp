@@ -41,7 +41,10 @@ namespace program {
 
 void Program::registerForms()
 {
-    const auto& [session, texts, op, clock, port, printers] = with_;
+    auto& session = with_.session;
+    auto& texts = with_.texts;
+    auto& op = with_.op;
+    auto& clock = with_.clock;
     with_.op.registerForm("frmPresentation", [] { return new frmPresentation; });
     with_.op.registerForm("frmLanguage", [&] { return new dialogs::frmLanguage(session, texts, op); });
     with_.op.registerForm("frmMain", [this] { return makeMainWindow(); });

@@ -68,6 +68,12 @@ void frmMain::layOut()
     resize(1120, 720);
 }
 
+// The focus still wanders while the windows that belong to this one go.
+frmMain::~frmMain()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 void frmMain::listen()
 {
     connect(frmTreeBus_, &structure::frmTreeBus::menuWanted, this,

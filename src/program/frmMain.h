@@ -41,6 +41,7 @@ public:
     };
 
     explicit frmMain(const Surroundings& surroundings);
+    ~frmMain() override;
 
     structure::frmTreeBus* treeBus() const { return frmTreeBus_; }
     structure::frmListBus* listBus() const { return frmListBus_; }

@@ -3,15 +3,37 @@
 #include "platform/Words.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace session {
 
 using namespace platform;
 
+namespace {
+
+bool isDigitOrMinus(QChar character)
+{
+    return (character >= QLatin1Char('0') && character <= QLatin1Char('9')) || character == QLatin1Char('-');
+}
+
+// What nearly all numbers are, and what needs no pattern.
+std::optional<qint16> plainNumber(const QString& text)
+{
+    bool fits = false;
+    const qint16 number = text.toShort(&fits);
+    return fits && std::all_of(text.begin(), text.end(), isDigitOrMinus) ? std::optional(number)
+                                                                         : std::nullopt;
+}
+
+} // namespace
+
 qint16 toInt16(const QString& text)
 {
+    if (const std::optional<qint16> plain = plainNumber(text))
+        return *plain;
     static const QRegularExpression kNumber(QRegularExpression::anchoredPattern(
         QStringLiteral(" *([+-]?([0-9]+[.,]?[0-9]*|[.,][0-9]+)([eE][+-]?[0-9]+)?) *")));
     const auto match = kNumber.match(text);

@@ -3,7 +3,7 @@
 #include "platform/TextFile.h"
 #include "platform/Words.h"
 #include "session/Int16.h"
-#include "session/Session.h"
+#include "session/StoredSettings.h"
 
 #include <QDir>
 #include <QStringBuilder>
@@ -22,8 +22,8 @@ namespace {
 struct Key
 {
     const char* name;
-    std::function<QString(const Session&)> text;
-    std::function<void(Session&, const QString&)> take;
+    std::function<QString(const StoredSettings&)> text;
+    std::function<void(StoredSettings&, const QString&)> take;
 };
 
 struct Section
@@ -37,13 +37,13 @@ constexpr qint16 kMost = std::numeric_limits<qint16>::max();
 
 // A number outside its range gives the value of a first run.
 template <class Record>
-Key number(const char* name, Record Session::*record, qint16 Record::*value, qint16 least = kLeast,
+Key number(const char* name, Record StoredSettings::*record, qint16 Record::*value, qint16 least = kLeast,
            qint16 most = kMost)
 {
-    return {name, [=](const Session& session) { return QString::number(session.*record.*value); },
-            [=](Session& session, const QString& text) {
+    return {name, [=](const StoredSettings& settings) { return QString::number(settings.*record.*value); },
+            [=](StoredSettings& settings, const QString& text) {
                 const qint16 stored = toInt16(text);
-                session.*record.*value = stored < least || stored > most ? Record().*value : stored;
+                settings.*record.*value = stored < least || stored > most ? Record().*value : stored;
             }};
 }
 
@@ -63,24 +63,27 @@ QString storable(const QString& text)
     return holdsControl(text) ? QString() : text;
 }
 
-Key text(const char* name, QString Session::*value)
+Key text(const char* name, QString StoredSettings::*value)
 {
-    return {name, [=](const Session& session) { return storable(session.*value); },
-            [=](Session& session, const QString& text) { session.*value = text; }};
+    return {name, [=](const StoredSettings& settings) { return storable(settings.*value); },
+            [=](StoredSettings& settings, const QString& text) { settings.*value = text; }};
 }
 
-Key folder(const char* name, QString Session::*value)
+Key folder(const char* name, QString StoredSettings::*value)
 {
     return {
-        name, [=](const Session& session) { return QDir::toNativeSeparators(storable(session.*value)); },
-        [=](Session& session, const QString& text) { session.*value = QDir::fromNativeSeparators(text); }};
+        name,
+        [=](const StoredSettings& settings) { return QDir::toNativeSeparators(storable(settings.*value)); },
+        [=](StoredSettings& settings, const QString& text) {
+            settings.*value = QDir::fromNativeSeparators(text);
+        }};
 }
 
 Key languageIdentifier(const char* name)
 {
-    return {name, [](const Session& session) { return session.Language.ID; },
-            [](Session& session, const QString& text) {
-                session.Language = LanguageSettings::fromIdentifier(text);
+    return {name, [](const StoredSettings& settings) { return settings.Language.ID; },
+            [](StoredSettings& settings, const QString& text) {
+                settings.Language = LanguageSettings::fromIdentifier(text);
             }};
 }
 
@@ -89,32 +92,32 @@ const std::vector<Section>& layout()
     static const std::vector<Section> kLayout{
         {"[Language]", {languageIdentifier("ID")}},
         {"[Toolbar]",
-         {number("View", &Session::ToolbarSet, &ToolbarSettings::View),
-          number("Icons", &Session::ToolbarSet, &ToolbarSettings::Icons)}},
+         {number("View", &StoredSettings::ToolbarSet, &ToolbarSettings::View),
+          number("Icons", &StoredSettings::ToolbarSet, &ToolbarSettings::Icons)}},
         {"[ListBus]",
-         {number("View", &Session::ListBusSet, &ListBusSettings::View, -1, 3),
-          number("Col1Width", &Session::ListBusSet, &ListBusSettings::Col1Width, -1),
-          number("Col2Width", &Session::ListBusSet, &ListBusSettings::Col2Width, -1),
-          number("Col3Width", &Session::ListBusSet, &ListBusSettings::Col3Width, -1)}},
+         {number("View", &StoredSettings::ListBusSet, &ListBusSettings::View, -1, 3),
+          number("Col1Width", &StoredSettings::ListBusSet, &ListBusSettings::Col1Width, -1),
+          number("Col2Width", &StoredSettings::ListBusSet, &ListBusSettings::Col2Width, -1),
+          number("Col3Width", &StoredSettings::ListBusSet, &ListBusSettings::Col3Width, -1)}},
         {"[TreeBus]",
-         {number("Visible", &Session::TreeBusSet, &TreeBusSettings::Visible),
-          number("Width", &Session::TreeBusSet, &TreeBusSettings::Width, -1)}},
+         {number("Visible", &StoredSettings::TreeBusSet, &TreeBusSettings::Visible),
+          number("Width", &StoredSettings::TreeBusSet, &TreeBusSettings::Width, -1)}},
         {"[Log]",
-         {number("DelLog", &Session::LogSet, &LogSettings::DelLog),
-          number("DelLogRuntimeErr", &Session::LogSet, &LogSettings::DelLogRuntimeErr),
-          number("DelLogInstErr", &Session::LogSet, &LogSettings::DelLogInstErr),
-          number("LogDays", &Session::LogSet, &LogSettings::LogDays, 1, 365)}},
-        {"[Database]", {text("Name", &Session::DbName), folder("Path", &Session::DbPath)}},
+         {number("DelLog", &StoredSettings::LogSet, &LogSettings::DelLog),
+          number("DelLogRuntimeErr", &StoredSettings::LogSet, &LogSettings::DelLogRuntimeErr),
+          number("DelLogInstErr", &StoredSettings::LogSet, &LogSettings::DelLogInstErr),
+          number("LogDays", &StoredSettings::LogSet, &LogSettings::LogDays, 1, 365)}},
+        {"[Database]", {text("Name", &StoredSettings::DbName), folder("Path", &StoredSettings::DbPath)}},
         {"[Directory]",
-         {folder("Backup", &Session::DirBackup), folder("Export", &Session::DirExport),
-          folder("Import", &Session::DirImport)}},
+         {folder("Backup", &StoredSettings::DirBackup), folder("Export", &StoredSettings::DirExport),
+          folder("Import", &StoredSettings::DirImport)}},
         {"[COMPort]",
-         {number("Port", &Session::COMPort, &COMPortSettings::Port, 0, 15),
-          number("Speed", &Session::COMPort, &COMPortSettings::Speed, 0, 12),
-          number("DataBit", &Session::COMPort, &COMPortSettings::DataBit, 0, 3),
-          number("Parity", &Session::COMPort, &COMPortSettings::Parity, 0, 4),
-          number("StopBit", &Session::COMPort, &COMPortSettings::StopBit, 0, 2),
-          number("FlowCtrl", &Session::COMPort, &COMPortSettings::FlowCtrl, 0, 3)}},
+         {number("Port", &StoredSettings::COMPort, &COMPortSettings::Port, 0, 15),
+          number("Speed", &StoredSettings::COMPort, &COMPortSettings::Speed, 0, 12),
+          number("DataBit", &StoredSettings::COMPort, &COMPortSettings::DataBit, 0, 3),
+          number("Parity", &StoredSettings::COMPort, &COMPortSettings::Parity, 0, 4),
+          number("StopBit", &StoredSettings::COMPort, &COMPortSettings::StopBit, 0, 2),
+          number("FlowCtrl", &StoredSettings::COMPort, &COMPortSettings::FlowCtrl, 0, 3)}},
     };
     return kLayout;
 }
@@ -151,18 +154,18 @@ private:
 
 } // namespace
 
-QStringList settingsLines(const Session& session)
+QStringList settingsLines(const StoredSettings& settings)
 {
     QStringList lines;
     for (const Section& section : layout()) {
         lines << section.header;
         for (const Key& key : section.keys)
-            lines << QLatin1String(key.name) % QLatin1Char('=') % key.text(session);
+            lines << QLatin1String(key.name) % QLatin1Char('=') % key.text(settings);
     }
     return lines;
 }
 
-void takeSettings(const QStringList& lines, Session& session)
+void takeSettings(const QStringList& lines, StoredSettings& settings)
 {
     Lines ahead(lines);
     while (!ahead.atEnd()) {
@@ -172,7 +175,7 @@ void takeSettings(const QStringList& lines, Session& session)
         if (section == layout().end())
             continue;
         for (const Key& key : section->keys)
-            key.take(session, ahead.takeValue());
+            key.take(settings, ahead.takeValue());
     }
 }
 

@@ -86,7 +86,11 @@ frmUsers::frmUsers(const Surroundings& with)
     fields_["IDUser"]->setFocus(Qt::OtherFocusReason);
 }
 
-frmUsers::~frmUsers() = default;
+// The focus still wanders while the fields go.
+frmUsers::~frmUsers()
+{
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 // Menus and toolbar
 // --------------------------------------------------------------------------------------------------
@@ -167,6 +171,7 @@ void frmUsers::showIcons()
 {
     const bool large = session_.ToolbarSet.Icons != 0;
     tlbMain_->setIconSize(large ? kLargeIcons : kSmallIcons);
+    tlbMain_->setMinimumWidth(tlbMain_->sizeHint().width()); // no button hides behind the toolbar's end
     entries_["mnuTlbLargeIcons"]->setChecked(large);
     entries_["mnuTlbSmallIcons"]->setChecked(!large);
 }

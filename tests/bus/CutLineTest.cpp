@@ -221,6 +221,27 @@ TEST_F(CutLineTest, ABlockThatHasPartlyComeIsKeptAsFarAsItGoes)
     EXPECT_EQ(descriptions().mid(0, 2), QStringList({"A", "End"}));
 }
 
+// The folder of the logs was gone as the call ended, and is back as the company is closed.
+TEST_F(CutLineTest, WhatNoLogFileTookGoesOutBeforeTheCompanyDoes)
+{
+    QDir(file("Log")).removeRecursively();
+    arrives("ATD");
+    arrives("<P><U><A>");
+    clock.run(5000);
+    clock.run(15000);
+    ASSERT_EQ(status(), 0);
+    EXPECT_FALSE(failures.take().empty());
+    QDir().mkpath(file("Log"));
+    database.Disconnect_Database();
+    EXPECT_EQ(descriptions(), QStringList("A"));
+    QDir(file("Log")).removeRecursively();
+    QDir().mkpath(file("Log"));
+    ASSERT_TRUE(connectPlant());
+    bus.cutLine();
+    EXPECT_EQ(descriptions(), QStringList()) << "once";
+    failures.expectNone();
+}
+
 TEST_F(CutLineTest, ACallThatNobodyHasAnsweredYetIsNoAlarm)
 {
     arrives("RING");

@@ -218,6 +218,22 @@ TEST_F(SupervisionTest, EscapeYesWhileALinkIsRaisedDoesNotStopTheTimeOut)
     EXPECT_EQ(logged().last(), "Time out connection! The operation is aborted.");
 }
 
+// The time-out of the attempt is still armed; a log of its own, in the same second, would take the
+// connection's place.
+TEST_F(SupervisionTest, ALinkThatEscapeKeptAndThatIsHungUpHasNoTimeOutAnyMore)
+{
+    console.Connect();
+    escape(answers::kYes);
+    clock.run(50000);
+    console.Disconnect();
+    arrives("OK");
+    ASSERT_EQ(status(), 0);
+    const QStringList lines = logLines();
+    EXPECT_EQ(descriptionOf(lines[lines.size() - 2]), "Disconnected.");
+    clock.run(60000);
+    EXPECT_EQ(logLines(), lines);
+}
+
 // A call that is answered over a connection by hand and never speaks takes the connection's clock with it.
 TEST_F(SupervisionTest, TheTimeOutStopsTheClockOfTheConnection)
 {

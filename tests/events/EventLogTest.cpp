@@ -140,6 +140,16 @@ TEST_F(EventLogTest, WithoutACompanyEventsAreKeptForTheNextLog)
     recorder_.expectNone();
 }
 
+TEST_F(EventLogTest, WhatNoCompanyTookIsOwed)
+{
+    session_.cnDatabase.Close();
+    EXPECT_FALSE(log_.owes());
+    add("", "", "x");
+    EXPECT_TRUE(log_.owes());
+    log_.CreateLog_App();
+    EXPECT_FALSE(log_.owes());
+}
+
 TEST_F(EventLogTest, WhatWasKeptStandsInFrontOfTheTable)
 {
     session_.cnDatabase.Close();
@@ -397,16 +407,45 @@ TEST_F(FullDiskFlush, AnotherCompanysTableIsItsOwn)
     EXPECT_EQ(events().RecordCount(), 0);
 }
 
+TEST_F(FullDiskFlush, ACompanyThatComesBackStillHoldsWhatItsFlushLeft)
+{
+    flushOnFullDisk();
+    const QString here = folder_.file("Data/firm.mdb"), there = folder_.file("Data/other.mdb");
+    session_.DbName = "firm.mdb";
+    log_.CreateLog_App();
+    recorder_.expectNone();
+    add("", "", "later");
+    QDir(folder_.file("Log")).removeRecursively();
+    log_.CreateLog_App();
+    recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
+    const auto change = [&](const QString& path, const QString& name) {
+        session_.cnDatabase.Close();
+        session_.cnDatabase.Open(path);
+        session_.DbName = name;
+    };
+    QFile::copy(here, there);
+    change(there, "other.mdb");
+    log_.deleteEvents();
+    EXPECT_EQ(events().RecordCount(), 0);
+    change(here, "firm.mdb");
+    log_.deleteEvents(); // a console that opens
+    ASSERT_EQ(events().RecordCount(), 1);
+    EXPECT_EQ(events().text("Description"), "later");
+}
+
 TEST_F(EventLogTest, AFlushThatCantBeginKeepsEveryRow)
 {
     add("", "", "x");
+    EXPECT_FALSE(log_.owes());
     QDir(folder_.file("Log")).removeRecursively();
     log_.CreateLog_App();
     recorder_.expectOne(errors::kPathNotFound, "Module/CreateLog_App");
     log_.deleteEvents();
     EXPECT_EQ(events().RecordCount(), 1);
+    EXPECT_TRUE(log_.owes());
     QDir(folder_.path()).mkdir("Log");
     EXPECT_EQ(flushedLines().size(), 1);
+    EXPECT_FALSE(log_.owes());
     log_.deleteEvents();
     EXPECT_EQ(events().RecordCount(), 0);
 }

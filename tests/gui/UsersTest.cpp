@@ -201,6 +201,9 @@ TEST_F(Users, SpeaksEveryLanguageAndClipsNothing)
             EXPECT_EQ(dialog.findChild<QListWidget*>("lbxState")->item(1)->text(), texts(99));
             EXPECT_EQ(dialog.findChild<QAction*>("mnuNew")->text(), texts(89));
             nothingIsClipped(dialog);
+            const auto* toolbar = dialog.findChild<QToolBar*>("tlbMain");
+            for (QAction* button : toolbar->actions())
+                EXPECT_TRUE(toolbar->widgetForAction(button)->isVisible()) << qPrintable(button->text());
             const auto rightEdge = [&](const char* name) {
                 const auto* part = dialog.findChild<QWidget*>(name);
                 return part->mapTo(&dialog, part->rect().topRight()).x();

@@ -2,7 +2,9 @@
 
 #include <sqlite3.h>
 
-#include <cstring>
+#include <QByteArrayView>
+#include <set>
+#include <string>
 
 namespace line {
 
@@ -54,19 +56,20 @@ int fileSize(sqlite3_file* file, sqlite3_int64* size)
 {
     return innerOf(file)->pMethods->xFileSize(innerOf(file), size);
 }
-int lock(sqlite3_file* file, int level)
+int lock(sqlite3_file*, int level)
 {
-    if (current == DiskFault::Locked || (current == DiskFault::ReadOnly && level >= SQLITE_LOCK_RESERVED))
-        return SQLITE_BUSY;
-    return innerOf(file)->pMethods->xLock(innerOf(file), level);
+    const bool busy =
+        current == DiskFault::Locked || (current == DiskFault::ReadOnly && level >= SQLITE_LOCK_RESERVED);
+    return busy ? SQLITE_BUSY : SQLITE_OK;
 }
-int unlock(sqlite3_file* file, int level)
+int unlock(sqlite3_file*, int)
 {
-    return innerOf(file)->pMethods->xUnlock(innerOf(file), level);
+    return SQLITE_OK;
 }
-int checkReserved(sqlite3_file* file, int* reserved)
+int checkReserved(sqlite3_file*, int* reserved)
 {
-    return innerOf(file)->pMethods->xCheckReservedLock(innerOf(file), reserved);
+    *reserved = 0;
+    return SQLITE_OK;
 }
 int control(sqlite3_file* file, int operation, void* argument)
 {
@@ -87,13 +90,37 @@ const sqlite3_io_methods kMethods{
     unlock,  checkReserved, control, sectorSize, characteristics, nullptr, nullptr,  nullptr,
     nullptr, nullptr,       nullptr};
 
+// The engine asks at each statement whether a journal was left behind; the machine is not asked each time.
+std::set<std::string> journals;
+
+bool isJournal(const char* name)
+{
+    return QByteArrayView(name).endsWith("-journal") || QByteArrayView(name).endsWith("-wal");
+}
+
 int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* flagsOut)
 {
     auto* faulty = reinterpret_cast<FaultyFile*>(file);
     faulty->inner = reinterpret_cast<sqlite3_file*>(faulty + 1);
     const int outcome = real->xOpen(real, name, faulty->inner, flags, flagsOut);
+    if (outcome == SQLITE_OK && name && isJournal(name))
+        journals.insert(name);
     faulty->base.pMethods = faulty->inner->pMethods ? &kMethods : nullptr;
     return outcome;
+}
+
+int remove(sqlite3_vfs*, const char* name, int syncFolder)
+{
+    journals.erase(name);
+    return real->xDelete(real, name, syncFolder);
+}
+
+int access(sqlite3_vfs*, const char* name, int flags, int* yes)
+{
+    if (!isJournal(name))
+        return real->xAccess(real, name, flags, yes);
+    *yes = int(journals.count(name));
+    return SQLITE_OK;
 }
 
 int sleep(sqlite3_vfs*, int microseconds)
@@ -112,6 +139,8 @@ void CompanyDisk::install()
     mine.zName = "line";
     mine.szOsFile = int(sizeof(FaultyFile)) + real->szOsFile;
     mine.xOpen = open;
+    mine.xDelete = remove;
+    mine.xAccess = access;
     mine.xSleep = sleep;
     sqlite3_vfs_register(&mine, 1);
 }

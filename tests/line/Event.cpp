@@ -25,6 +25,17 @@ QString nameOf(Event event)
     }
 }
 
+Sequence sequenceOf(const QString& names)
+{
+    Sequence sequence;
+    for (const QString& name : names.split(QLatin1Char(','), Qt::SkipEmptyParts))
+        for (const When when : {When::Now, When::Soon, When::WithTimer})
+            for (const What what : kAllEvents)
+                if (nameOf({what, when}) == name.trimmed())
+                    sequence.emplace_back(what, when);
+    return sequence;
+}
+
 QString asTest(const Sequence& sequence, const QString& violation)
 {
     QStringList names;

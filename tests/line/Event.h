@@ -82,6 +82,8 @@ using Sequence = std::vector<Event>;
 bool isArrival(What what);
 // As it is written in a test: "soon(SaysOk)".
 QString nameOf(Event event);
+// The sequence whose events have these names, with commas between them; what is no name is left out.
+Sequence sequenceOf(const QString& names);
 // A whole test that plays the sequence.
 QString asTest(const Sequence& sequence, const QString& violation);
 

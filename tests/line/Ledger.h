@@ -6,38 +6,36 @@
 
 namespace line {
 
-// Every event that was recorded, and where it is: in a company's table, or in a log file, once.
+// Every event that was recorded, and what became of it: it waits in a company's table or beside it, or stands
+// in a log file, once.
 class Ledger
 {
 public:
-    void clear();
+    void clear() { *this = {}; }
 
-    // A row came into a company's table; it counts when its transaction stands.
-    void recorded(int company, const QString& row) { staged_.emplace_back(company, row); }
-    void committed();
-    void rolledBack() { staged_.clear(); }
-    // An alarm whose block was answered.
-    void owe(const QString& row) { owed_ << row; }
-    // The table of a company was emptied without a log file, as is meant when a console opens on an idle
-    // line.
-    void dropped(int company) { open_[company].clear(); }
+    // An event happened, with this company open, or with none (0).
+    void recorded(int company, const QString& row) { open_[company] << row; }
     // A row came out in a log file; what is wrong with that.
     QString logged(const QString& row);
+    // What a company's table holds, when the program ends: of that, what a file has already may come out
+    // again, and what none has may be forgotten, for nobody knows any more. What is lost with the program.
+    QStringList ended(const std::map<int, QStringList>& tables);
+    // A console opened on an idle line and emptied the table from these rows down to those; what it should
+    // have kept.
+    QStringList emptied(int company, const QStringList& before, const QStringList& left);
 
-    // Rows of a company that no log file has; what the table holds must be these.
-    int open(int company) const;
-    const QStringList& owed() const { return owed_; }
+    // Whether an event is recorded and not yet in a file.
     bool isOpen(const QString& row) const;
-    const QStringList& lines() const { return lines_; }
-    // With no company open, or none that takes it, a row waits outside of any table.
-    bool keptOutside = false;
-    bool logWasGone = false;
+    // Rows that no log file has: of a company with those that no company took.
+    QStringList open(int company) const;
+
+    // Something stood in the way: rows may wait beside the table, or stay in it behind their lines.
+    bool disturbed = false;
 
 private:
-    std::vector<std::pair<int, QString>> staged_;
     std::map<int, QStringList> open_;
-    QStringList owed_;
-    QStringList lines_;
+    std::map<int, QStringList> mayRepeat_; // in the table of a company from a program that has ended
+    std::map<int, QStringList> mayGo_;     // the same, without a line
 };
 
 } // namespace line

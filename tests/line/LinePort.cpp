@@ -135,6 +135,8 @@ void LinePort::comes(const QByteArray& bytes)
     if (!PortOpen())
         return;
     ++arrivals_;
+    if (onComes)
+        onComes(bytes);
     waitingTags_.insert(waitingTags_.end(), std::size_t(bytes.size()), requests_);
     feed(bytes);
 }

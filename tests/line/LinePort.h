@@ -30,6 +30,7 @@ public:
     std::function<QByteArray()> aliveFrame;
     std::function<void(const QString&)> violate;
     std::function<void(bus::ActionCode code, const QByteArray& bytes)> onSent;
+    std::function<void(const QByteArray& bytes)> onComes;
 
     // How many bytes the request in hand asks for, and the one before; 0 for none.
     int requestSize() const { return requestSize_; }
@@ -39,8 +40,8 @@ public:
     bool isOwnAnswer(int bytes) const;
     // What the program held at its last look at the port.
     const QByteArray& held() const { return held_; }
-    // A new operation or connection: the spacing of what was before doesn't count.
-    bool inputInOutput = false;
+    // What an operation before asked for has no answer any more.
+    void forgetRequest() { codeOfRequest_ = bus::ActionCode::Idle; }
 
 private:
     void look(bus::ActionCode code, const QByteArray& bytes);

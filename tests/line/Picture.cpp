@@ -144,7 +144,8 @@ QString rowTrouble(const Row& row, const Picture& picture)
 }
 
 // Nothing moves any more and nobody is told: what only Escape ends must have something else that ends it, an
-// answer that is awaited or a failure that was shown.
+// answer that is awaited or a failure that was shown. One that happened behind a box is shown when that has
+// closed.
 QString stillTrouble(const Picture& picture)
 {
     using enum ActionCode;
@@ -152,8 +153,8 @@ QString stillTrouble(const Picture& picture)
     const bool mustMove = picture.code == SimulatorRaising || picture.code == ModemSetup ||
                           picture.code == Dialling || picture.code == WritingRam ||
                           picture.code == WritingEeprom;
-    return mustMove && !moves && !picture.failedSinceRest ? QStringLiteral("nothing moves the line on")
-                                                          : QString();
+    const bool told = picture.failedSinceRest || picture.questions > 0;
+    return mustMove && !moves && !told ? QStringLiteral("nothing moves the line on") : QString();
 }
 
 } // namespace

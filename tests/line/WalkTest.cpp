@@ -1,6 +1,7 @@
 // A long walk through all that can happen on the line, drawn by lot.
 #include "line/Walk.h"
 #include "line/Environment.h"
+#include "line/Memory.h"
 
 #include <gtest/gtest.h>
 #include <iostream>
@@ -45,10 +46,13 @@ void walk(quint64 seed, int steps)
 {
     Tracks tracks;
     World world;
+    MemoryWatch memory(50, 512 * 1024);
     Walk walk(seed);
     int done = 0;
     for (int piece = 0; done < steps; ++piece) {
         world.reset();
+        memory.look();
+        ASSERT_EQ(memory.trouble().toStdString(), "") << "seed " << seed << ", piece " << piece;
         tracks.restart();
         Sequence played;
         const int before = world.steps();
@@ -89,6 +93,32 @@ TEST(LineWalk, FreshSeed)
     const quint64 seed = std::random_device()() & 0x7FFFFFFF;
     std::cout << "seed " << seed << std::endl;
     walk(seed, steps);
+}
+
+// CALIDORA_LINE_PLAY="OpenGroup, Connect, soon(SaysOk)": each step of a sequence, to see what leads where.
+TEST(LineWalk, OneByOne)
+{
+    Sequence sequence = sequenceOf(qEnvironmentVariable("CALIDORA_LINE_PLAY"));
+    if (sequence.empty())
+        GTEST_SKIP() << "CALIDORA_LINE_PLAY tells which";
+    World world;
+    world.reset();
+    world.port().onOutput = [&](const QByteArray& bytes) {
+        std::cout << "    sends " << bytes.toPercentEncoding(" ").toStdString() << std::endl;
+    };
+    std::size_t at = 0;
+    world.play(World::Source([&](World& it) -> std::optional<Event> {
+        std::cout << it.clock().elapsed() << " ms  " << digest(it.picture()).toStdString();
+        if (it.boxes() > 0)
+            std::cout << "  \"" << it.lastWords().simplified().toStdString() << '"';
+        std::cout << std::endl;
+        if (at == sequence.size())
+            return std::nullopt;
+        std::cout << "  " << nameOf(sequence[at]).toStdString() << std::endl;
+        return sequence[at++];
+    }));
+    world.recover();
+    EXPECT_EQ(world.violation().toStdString(), "");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "platform/CodePage.h"
 #include "platform/OneAtATime.h"
 #include "support/CompanyFixture.h"
+#include "users/UserTable.h"
 
 #include <QDir>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -22,15 +23,11 @@ namespace {
 
 const QStringList kCompanies{QString(), QStringLiteral("First.mdb"), QStringLiteral("Second.mdb")};
 
-// A second group that can be reached, something to write in each of them, and a copy of the values to come
-// back to.
-const QString kWorldPlant = QStringLiteral(R"(
-    UPDATE tbInstrumentsUser SET Address = '00' WHERE IDGrp = 2;
-    UPDATE tbParametersUser SET State = 0;
-    CREATE TABLE tbFormer AS SELECT * FROM tbParametersUser;)");
+const QString kLoggedDate = QStringLiteral("dd/MM/yyyy HH:mm:ss");
 
-const QString kEdit = QStringLiteral(
-    "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0104', 'P0202', 'P0204', 'P1102');");
+const QString kForget = QStringLiteral("DELETE FROM tbEvent;");
+const QString kFormerValues =
+    QStringLiteral("INSERT OR REPLACE INTO tbParametersUser SELECT * FROM tbFormer;");
 
 // As a log file shows it: cut to its width, with a blank for what can't be shown.
 QString shown(QString text, int width)
@@ -71,6 +68,36 @@ QString fastFolder()
 
 } // namespace
 
+// A second group that can be reached, something to write in each of them, and a copy of the values to come
+// back to.
+const QString kWorldPlant = QStringLiteral(R"(
+    UPDATE tbInstrumentsUser SET Address = '00' WHERE IDGrp = 2;
+    UPDATE tbParametersUser SET State = 0;
+    CREATE TABLE tbFormer AS SELECT * FROM tbParametersUser;)");
+
+const QString kWorldEdit = QStringLiteral(
+    "UPDATE tbParametersUser SET State = 1 WHERE IDPar IN ('P0104', 'P0202', 'P0204', 'P1102');");
+
+QString keyOf(What opening)
+{
+    switch (opening) {
+    case What::OpenGroup:
+        return QStringLiteral("1_1");
+    case What::OpenInstrument:
+        return QStringLiteral("2_1_2");
+    case What::OpenParameters:
+        return QStringLiteral("3_1_1_G02");
+    case What::OpenParameter:
+        return QStringLiteral("4_1_1_G01_P0104");
+    case What::OpenBitField:
+        return QStringLiteral("4_1_1_G02_P0202");
+    case What::OpenOtherGroup:
+        return QStringLiteral("1_2");
+    default:
+        return QStringLiteral("1_3");
+    }
+}
+
 World::Machine::Machine(World& world)
     : log(world.session, world, clock),
       bus({world.session, world.texts_, port, clock, world, log, panels, model}),
@@ -78,6 +105,11 @@ World::Machine::Machine(World& world)
       appointments([&world](What what) { world.port().comes(world.bytesOf(what)); })
 {
     clock.addPeer(appointments);
+    // As its window does whenever it shows the commands.
+    QObject::connect(&model, &console::ConsoleModel::changed, &model, [this, &world] {
+        if (world.consoleOpen_)
+            console.keepSimulator();
+    });
 }
 
 World::World() : folder_(fastFolder())
@@ -86,7 +118,7 @@ World::World() : folder_(fastFolder())
     formerHook_ = platform::setFailureHook(platform::oneAtATime([this](const platform::Failure& failure) {
         failedSinceRest_ = true;
         if (!failure.silent)
-            stand(failures_, answers::kOk);
+            tell(failure);
     }));
     prepare();
 }
@@ -122,6 +154,8 @@ void World::reset()
     if (machine_ && company_ == 2)
         shutDown();
     machine_.reset();
+    if (std::exchange(secondWasOpen_, false))
+        support::runSql(folder_.filePath(QStringLiteral("Data/Second.mdb")), kForget + kFormerValues);
     for (const auto& entry : std::filesystem::directory_iterator(logFolder().toStdString()))
         std::filesystem::remove(entry.path());
     stack_.clear();
@@ -136,10 +170,9 @@ void World::reset()
     ledger_.clear();
     start();
     editing_ = true;
-    session.cnDatabase.Execute(QStringLiteral("DELETE FROM tbEvent"));
+    session.cnDatabase.Execute(kForget);
     if (std::exchange(valuesChanged_, false))
-        session.cnDatabase.Execute(
-            QStringLiteral("INSERT OR REPLACE INTO tbParametersUser SELECT * FROM tbFormer"));
+        session.cnDatabase.Execute(kFormerValues);
     editing_ = false;
     ledger_.clear();
     failedSinceRest_ = false;
@@ -158,21 +191,50 @@ void World::start()
     port.received = [this] { return machine_->bus.received(); };
     port.aliveFrame = [this] { return machine_->bus.parTrasm().AliveFrame; };
     port.violate = [this](const QString& what) { violate(what); };
-    port.onSent = [this](ActionCode code, const QByteArray&) {
-        if (machine_->clock.blocking)
-            violate("something is sent inside a wait");
-        // The first block is answered: what it said must not be lost any more.
-        if (code == ActionCode::SecondBlock) {
-            const QString text = platform::decode(machine_->port.held(), session.CodePage);
-            for (const bus::AlarmRow& row : bus::parseAlarmBlock(text, bus::AlarmBlock::First).rows)
-                ledger_.owe(rowText("2", machine_->clock.now().toString("dd/MM/yyyy HH:mm:ss"), "1",
-                                    row.equipment, row.instrument, row.description));
-        }
+    port.onSent = [this](ActionCode code, const QByteArray& bytes) { look(code, bytes); };
+    machine_->log.onEvent = [this](int type, const QDateTime& when, int source, const QString& equipment,
+                                   const QString& instrument, const QString& description) {
+        ledger_.recorded(company_, rowText(QString::number(type), when.toString(kLoggedDate),
+                                           QString::number(source), equipment, instrument, description));
     };
+    machine_->bus.setOnChecked([this](const values::CheckedValue&) { checkAnswer("a write is judged by"); });
+    // What the machine doesn't do while the program blocks, the program doesn't begin.
+    machine_->clock.state = [this] { return machine_->bus.changes(); };
+    machine_->clock.moved = [this] { violate("something begins inside a wait"); };
     if (company_ == 0)
         connectCompany(1);
     machine_->bus.Set_COMPort();
     machine_->bus.Open_COMConnection();
+}
+
+// At each thing that leaves.
+void World::look(ActionCode code, const QByteArray& bytes)
+{
+    if (machine_->clock.blocking)
+        violate("something is sent inside a wait");
+    const bool merging = code == ActionCode::MergingRam || code == ActionCode::MergingEeprom;
+    if (merging && bytes.size() > 6)
+        checkAnswer("a bit field is merged from");
+    doubtsAtRequest_ = machine_->model.doubts().size();
+    // The first block is answered: what it said must not be lost any more.
+    if (code == ActionCode::SecondBlock) {
+        const QString text = platform::decode(machine_->port.held(), session.CodePage);
+        for (const bus::AlarmRow& alarm : bus::parseAlarmBlock(text, bus::AlarmBlock::First).rows) {
+            const QString row = rowText("2", machine_->clock.now().toString(kLoggedDate), "1",
+                                        alarm.equipment, alarm.instrument, alarm.description);
+            if (!ledger_.isOpen(row))
+                violate("an alarm is answered that nobody recorded: " + row);
+        }
+    }
+}
+
+// What is made of an answer comes from bytes that came behind its request, or the operator is told.
+void World::checkAnswer(const char* trouble)
+{
+    const LinePort& port = machine_->port;
+    if (!port.isOwnAnswer(port.requestSize()) && machine_->model.doubts().size() <= doubtsAtRequest_)
+        violate(QLatin1String(trouble) +
+                QStringLiteral(" bytes that came before the request, and nobody is told"));
 }
 
 void World::shutDown()
@@ -192,13 +254,15 @@ bool World::connectCompany(int which)
         company_ = 0;
         return false;
     }
-    session.CurrentUser.ReadWrite = QStringLiteral("-1");
+    users::requery(session);
+    login_.SearchUser(support::kTechnician, {});
     company_ = which;
+    secondWasOpen_ = secondWasOpen_ || which == 2;
     setTraps();
     return true;
 }
 
-// The engine itself tells of each value that is stored and each event that is recorded.
+// The engine itself tells of each value that is stored.
 void World::setTraps()
 {
     sqlite3* engine = session.cnDatabase.database().getHandle();
@@ -210,30 +274,12 @@ void World::setTraps()
         const QString group = textOf(values[0]);
         if (world.company_ != world.raisedFor_ || group != world.raisedForGroup_)
             world.violate("a value is stored in another company or group than the line was raised for");
-        const LinePort& port = world.machine_->port;
-        if (!port.isOwnAnswer(port.requestSize()) && world.machine_->model.doubts().isEmpty())
-            world.violate("a value is stored from bytes that came before its request, and nobody is told");
-    };
-    const auto onEvent = [](sqlite3_context* context, int, sqlite3_value** values) {
-        auto& world = *static_cast<World*>(sqlite3_user_data(context));
-        const QString stored = textOf(values[1]);
-        const QString date =
-            stored.mid(8, 2) + '/' + stored.mid(5, 2) + '/' + stored.left(4) + stored.mid(10);
-        world.ledger_.committed();
-        world.ledger_.recorded(world.company_,
-                               rowText(textOf(values[0]), date, textOf(values[2]), textOf(values[3]),
-                                       textOf(values[4]), textOf(values[5])));
+        world.checkAnswer("a value is stored from");
     };
     sqlite3_create_function(engine, "lineValue", 4, SQLITE_UTF8, this, onValue, nullptr, nullptr);
-    sqlite3_create_function(engine, "lineEvent", 6, SQLITE_UTF8, this, onEvent, nullptr, nullptr);
-    sqlite3_rollback_hook(
-        engine, [](void* world) { static_cast<World*>(world)->ledger_.rolledBack(); }, this);
     session.cnDatabase.Execute(QStringLiteral(R"(
         CREATE TEMP TRIGGER lineValues AFTER UPDATE OF Value ON main.tbParametersUser BEGIN
             SELECT lineValue(NEW.IDGrp, NEW.IDInst, NEW.IDPar, NEW.Value);
-        END;
-        CREATE TEMP TRIGGER lineEvents AFTER INSERT ON main.tbEvent BEGIN
-            SELECT lineEvent(NEW.IDType, NEW.Date_Reg, NEW.Source, NEW.Equipment, NEW.Instrument, NEW.Description);
         END;)"));
 }
 
@@ -293,35 +339,79 @@ void World::check()
         return;
     if (const QString trouble = disagreement(now); !trouble.isEmpty())
         violate(trouble);
-    ledger_.committed();
-    if (company_ != 0 && CompanyDisk::fault() != DiskFault::Locked) {
-        SQLite::Statement count(session.cnDatabase.database(), "SELECT Count(*) FROM tbEvent");
-        count.executeStep();
-        // Rows that a log file has, but that a faulty disk didn't let go, are skipped by the next one.
-        const int rows = count.getColumn(0).getInt();
-        if (rows < ledger_.open(company_) || (rows > ledger_.open(company_) && !ledger_.keptOutside))
-            violate(QStringLiteral("the table has %1 events, and %2 were recorded that no log file has")
-                        .arg(rows)
-                        .arg(ledger_.open(company_)));
-    }
     const bool rest = now.status <= session::kLineIdle;
-    if (rest && failures_ == 0 && CompanyDisk::fault() == DiskFault::None && !logGone_ && !failedSinceRest_)
-        for (const QString& row : ledger_.owed())
-            // What no log file took stands in the table, or beside it, and goes out with the next one.
-            if (!ledger_.logWasGone && !(ledger_.keptOutside && ledger_.isOpen(row)))
-                violate("an alarm that was answered is in no log file: " + row);
+    checkEvents(rest);
+    if (rest)
+        checkRecords();
     if (rest && boxes() == 0 && CompanyDisk::fault() == DiskFault::None && !logGone_)
         failedSinceRest_ = false;
 }
 
+void World::checkEvents(bool rest)
+{
+    if (company_ == 0 || CompanyDisk::fault() == DiskFault::Locked || ledger_.disturbed)
+        return;
+    const int rows = eventsInTable();
+    const QStringList open = ledger_.open(company_);
+    if (rows != open.size())
+        violate(QStringLiteral("the table has %1 events, and %2 were recorded that no log file has")
+                    .arg(rows)
+                    .arg(open.size()));
+    if (rest && failures_ == 0 && !failedSinceRest_ && !open.isEmpty())
+        violate("the line is at rest, and an event is in no log file: " + open.first());
+}
+
+// At rest nothing is left open in the company.
+void World::checkRecords()
+{
+    if (company_ == 0)
+        return;
+    sqlite3* engine = session.cnDatabase.database().getHandle();
+    for (sqlite3_stmt* statement = sqlite3_next_stmt(engine, nullptr); statement;
+         statement = sqlite3_next_stmt(engine, statement))
+        if (sqlite3_stmt_busy(statement))
+            violate(QStringLiteral("at rest a statement is open: ") + sqlite3_sql(statement));
+}
+
+int World::eventsInTable() const
+{
+    SQLite::Statement count(session.cnDatabase.database(), "SELECT Count(*) FROM tbEvent");
+    count.executeStep();
+    return count.getColumn(0).getInt();
+}
+
+// What the tables of both companies hold, whatever stands in the program's way.
+std::map<int, QStringList> World::tables() const
+{
+    std::map<int, QStringList> tables;
+    const DiskFault fault = CompanyDisk::fault();
+    CompanyDisk::set(DiskFault::None);
+    for (const int company : {1, 2}) {
+        SQLite::Database file(folder_.filePath("Data/" + kCompanies[company]).toStdString(),
+                              SQLite::OPEN_READONLY);
+        SQLite::Statement events(file, "SELECT * FROM tbEvent");
+        while (events.executeStep()) {
+            const auto text = [&events](int column) {
+                return QString::fromStdString(events.getColumn(column).getString());
+            };
+            const QString stored = text(1);
+            const QString date =
+                stored.mid(8, 2) + '/' + stored.mid(5, 2) + '/' + stored.left(4) + stored.mid(10);
+            tables[company] << rowText(text(0), date, text(2), text(3), text(4), text(5));
+        }
+    }
+    CompanyDisk::set(fault);
+    return tables;
+}
+
 void World::readLogs()
 {
-    if (logGone_)
+    // A log file is written under the hourglass.
+    if (logGone_ || !std::exchange(wasBusy_, false))
         return;
     for (const auto& entry : std::filesystem::directory_iterator(logFolder().toStdString())) {
         if (entry.path().extension() != ".log")
             continue;
-        ledger_.committed();
         std::ifstream file(entry.path());
         for (std::string line; std::getline(file, line);)
             if (const QString trouble = ledger_.logged(
@@ -374,14 +464,14 @@ Picture World::picture() const
 // Boxes
 // ------------------------------------------------------------------------------------------------
 
-int World::stand(int& boxes, int otherwise)
+int World::stand(int& boxes, int otherwise, Buttons buttons)
 {
     if (ended_)
         return otherwise;
     if (machine_->clock.blocking)
         violate("a box comes up inside a wait");
     ++boxes;
-    stack_.push_back(&boxes == &questions_);
+    stack_.push_back({&boxes == &questions_, buttons});
     int answer = otherwise;
     Event event;
     while (next(event)) {
@@ -397,12 +487,19 @@ int World::stand(int& boxes, int otherwise)
     return answer;
 }
 
-int World::messageBox(const QString&, Buttons buttons, platform::Icon, const QString&)
+void World::tell(const platform::Failure& failure)
+{
+    lastWords_ = failure.procedure + QStringLiteral(": ") + failure.description;
+    stand(failures_, answers::kOk);
+}
+
+int World::messageBox(const QString& text, Buttons buttons, platform::Icon, const QString&)
 {
     const int otherwise = buttons == Buttons::Ok      ? answers::kOk
                           : buttons == Buttons::YesNo ? answers::kNo
                                                       : answers::kCancel;
-    return stand(questions_, otherwise);
+    lastWords_ = text;
+    return stand(questions_, otherwise, buttons);
 }
 
 void World::showFormModal(const QString&)
@@ -443,7 +540,7 @@ bool World::isPossible(What what) const
     case Yes:
     case No:
     case Cancel:
-        return !stack_.empty() && stack_.back();
+        return !stack_.empty() && stack_.back().question;
     case Ok:
         return !stack_.empty();
     case Acknowledge:
@@ -574,19 +671,13 @@ void World::gesture(What what)
     console::Console& console = machine.console;
     switch (what) {
     case OpenGroup:
-        return openConsole("1_1");
     case OpenInstrument:
-        return openConsole("2_1_2");
     case OpenParameters:
-        return openConsole("3_1_1_G02");
     case OpenParameter:
-        return openConsole("4_1_1_G01_P0104");
     case OpenBitField:
-        return openConsole("4_1_1_G02_P0202");
     case OpenOtherGroup:
-        return openConsole("1_2");
     case OpenEmptyGroup:
-        return openConsole("1_3");
+        return openConsole(keyOf(what));
     case CloseConsole:
         return closeConsole();
     case Simulator:
@@ -598,8 +689,10 @@ void World::gesture(What what)
     case Disconnect:
         return console.Disconnect();
     case Read:
+        machine.port.forgetRequest();
         return console.Read_Param();
     case Write:
+        machine.port.forgetRequest();
         return console.Write_Param();
     case Escape:
         return console.interrupt();
@@ -623,7 +716,7 @@ void World::gesture(What what)
         return machine.bus.Delete_Allarms();
     case CloseCompany:
         if (stand(questions_, answers::kNo) == answers::kYes) {
-            ledger_.keptOutside = true;
+            ledger_.disturbed = true;
             database_.Disconnect_Database();
             company_ = 0;
         }
@@ -643,6 +736,10 @@ void World::gesture(What what)
         if (stand(questions_, answers::kNo) == answers::kYes) {
             shutDown();
             check();
+            if (ledger_.disturbed)
+                for (const QString& row : ledger_.ended(tables()))
+                    if (!logGone_)
+                        violate("the program ends, and an event is nowhere: " + row);
             starting_ = true;
             start();
             starting_ = false;
@@ -654,7 +751,8 @@ void World::gesture(What what)
         machine.port.gone();
         while (session.COMPort.Status != session::kPortClosed && !machine.port.PortOpen() && !ended_)
             machine.clock.settle();
-        vanishing_ = false;
+        // A box may stand in front of that at the end of a play.
+        vanishing_ = !machine.port.PortOpen();
         return;
     case WriteFails:
         machine.port.failNext = true;
@@ -693,7 +791,7 @@ void World::gesture(What what)
     case LogGone:
         if (!logGone_)
             QDir(logFolder()).removeRecursively();
-        ledger_.keptOutside = ledger_.logWasGone = true;
+        ledger_.disturbed = true;
         logGone_ = true;
         return;
     case Healed:
@@ -711,24 +809,26 @@ void World::gesture(What what)
 void World::breakDisk(DiskFault fault)
 {
     CompanyDisk::set(fault);
-    ledger_.keptOutside = true;
+    ledger_.disturbed = true;
 }
 
 void World::openConsole(const QString& key)
 {
     if (CompanyDisk::fault() == DiskFault::None) {
         editing_ = true;
-        session.cnDatabase.Execute(kEdit);
+        session.cnDatabase.Execute(kWorldEdit);
         editing_ = false;
     }
     consoleOpen_ = true;
     consoleGroup_ = structure::Extract_Key(key).IDGrp;
-    // On an idle line the table is emptied, also of what a faulty disk had left in it.
-    if (ledger_.keptOutside && session.COMPort.Status == session::kLineIdle)
-        ledger_.dropped(company_);
+    const QStringList before = ledger_.disturbed ? tables()[company_] : QStringList();
+    const int company = company_;
     loading_ = true;
     machine_->console.load(key);
     loading_ = false;
+    if (!before.isEmpty() && !ended_)
+        for (const QString& row : ledger_.emptied(company, before, tables()[company]))
+            violate("a console that opens throws an event away that is in no log file: " + row);
 }
 
 void World::closeConsole()
@@ -776,8 +876,17 @@ void World::recover()
                            .arg(nameOf(machine_->bus.actionCode())));
     play(Sequence{SaysRing});
     ended_ = false;
-    if (violation_.isEmpty() && machine_->bus.actionCode() != ActionCode::CallWaiting)
+    // What dialled as a link was being closed may stand in front of it: then the call is answered at once.
+    const ActionCode code = machine_->bus.actionCode();
+    if (violation_.isEmpty() && code != ActionCode::CallWaiting && code != ActionCode::FirstBlock)
         violate("a line at rest doesn't answer a call: " + nameOf(machine_->bus.actionCode()));
+    follow({DueAction, SaysConnect, FirstBlock, DueAction, EndBlock, DueAction});
+    ended_ = false;
+    if (violation_.isEmpty() && session.COMPort.Status != session::kLineIdle)
+        violate("a call doesn't come to its end: " + nameOf(machine_->bus.actionCode()));
+    // With nothing in the way any more all that waited has gone out with the call.
+    for (const QString& row : ledger_.open(company_))
+        violate("an event is in no log file: " + row);
 }
 
 // Plays these, and answers each box on the way: a question with No, all else with its only button.
@@ -786,7 +895,7 @@ void World::follow(const Sequence& sequence)
     std::size_t at = 0;
     play(Source([&](World&) -> std::optional<Event> {
         if (!stack_.empty())
-            return sequence[at - 1].what == What::Escape && stack_.back() ? What::No : What::Ok;
+            return sequence[at - 1].what == What::Escape && stack_.back().question ? What::No : What::Ok;
         if (at == sequence.size())
             return std::nullopt;
         return sequence[at++];

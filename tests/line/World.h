@@ -15,23 +15,30 @@
 #include "session/Session.h"
 #include "session/Texts.h"
 #include "structure/Structure.h"
+#include "users/Login.h"
 
 #include <QTemporaryDir>
 #include <deque>
+#include <map>
 
 namespace line {
 
-// The clock of a world; it knows when the program blocks.
+// The clock of a world; it knows when the program blocks, and whether its state changes meanwhile.
 class LineClock : public platform::VirtualClock
 {
 public:
     void block(double seconds) override
     {
+        const int before = state ? state() : 0;
         blocking = true;
         VirtualClock::block(seconds);
         blocking = false;
+        if (state && state() != before)
+            moved();
     }
     bool blocking = false;
+    std::function<int()> state;
+    std::function<void()> moved;
 };
 
 // Things that come in at a moment told before, whatever the program does then.
@@ -67,6 +74,12 @@ private:
     std::multimap<qint64, What> due_;
 };
 
+// What the plant of a world has beside the test company, and what is changed in it before a console opens.
+extern const QString kWorldPlant;
+extern const QString kWorldEdit;
+// Where the console opens with an event.
+QString keyOf(What opening);
+
 // The program's line on two small companies: bus, console and database as they are, a port in memory, time by
 // hand, and an operator who plays on while a box stands. What must hold is looked at between any two events.
 class World : private platform::Operator
@@ -96,11 +109,15 @@ public:
     // Whether an event does anything at this moment.
     bool isPossible(What what) const;
     int boxes() const { return questions_ + failures_; }
+    // What the last box said, and what the one in front can be answered with.
+    const QString& lastWords() const { return lastWords_; }
+    platform::Buttons buttons() const { return stack_.back().buttons; }
     int requestSize() const { return machine_->port.requestSize(); }
-    // For sequences that were found: what stands in the company.
-    QStringList logLines() const { return ledger_.lines(); }
     bus::Bus& bus() { return machine_->bus; }
+    events::EventLog& log() { return machine_->log; }
     console::ConsoleModel& model() { return machine_->model; }
+    // The box of a failure.
+    void tell(const platform::Failure& failure);
     bool endedInABox() const { return endedInABox_; }
     // Breaks something on purpose between two events, to see that it is seen.
     std::function<void(World&, Event)> sabotage;
@@ -138,7 +155,11 @@ private:
     void unloadAllForms() override {}
     void enableForm(const QString&, bool) override {}
     void repaint() override {}
-    void showPointer(platform::Pointer pointer) override { pointer_ = pointer; }
+    void showPointer(platform::Pointer pointer) override
+    {
+        pointer_ = pointer;
+        wasBusy_ = wasBusy_ || pointer == platform::Pointer::Hourglass;
+    }
 
     void prepare();
     void start();
@@ -155,7 +176,7 @@ private:
     QByteArray bytesOf(What what);
     void runToTimer(Timer timer);
     // Plays on while a box stands; what it is answered with.
-    int stand(int& boxes, int otherwise);
+    int stand(int& boxes, int otherwise, platform::Buttons buttons = platform::Buttons::Ok);
     bool mainWindowIsFree() const { return !consoleOpen_ && boxes() == 0; }
 
     void follow(const Sequence& sequence);
@@ -163,13 +184,20 @@ private:
     void openConsole(const QString& key);
     void closeConsole();
     void connectLine();
+    void checkEvents(bool rest);
+    void checkRecords();
     void readLogs();
+    int eventsInTable() const;
+    std::map<int, QStringList> tables() const;
+    void look(bus::ActionCode code, const QByteArray& bytes);
+    void checkAnswer(const char* trouble);
     QString logFolder() const { return folder_.filePath(QStringLiteral("Log")); }
 
     QTemporaryDir folder_;
     session::Texts texts_{session.Language};
     structure::Structure structure_{session, texts_, *this};
     database::Database database_{session, texts_, *this, structure_};
+    users::Login login_{{session, texts_, *this, {}}};
     platform::FailureHook formerHook_;
     std::optional<Machine> machine_;
     Ledger ledger_;
@@ -184,7 +212,13 @@ private:
     bool answered_ = false;
     int questions_ = 0;
     int failures_ = 0;
-    std::vector<bool> stack_; // of boxes: whether it is a question
+    struct Box
+    {
+        bool question;
+        platform::Buttons buttons;
+    };
+    std::vector<Box> stack_;
+    QString lastWords_;
     bool consoleOpen_ = false;
     bool vanishing_ = false; // the port is gone, and the program has yet to hear of it
     bool starting_ = false;  // its port opens behind the company, whose failure may stand in a box
@@ -198,6 +232,9 @@ private:
     bool youngestFirst_ = false;
     bool editing_ = false;
     bool valuesChanged_ = false;
+    bool secondWasOpen_ = false;
+    bool wasBusy_ = false;
+    qsizetype doubtsAtRequest_ = 0;
     bool logGone_ = false;
     int serial_ = 0; // of alarms
     platform::Pointer pointer_ = platform::Pointer::Default;

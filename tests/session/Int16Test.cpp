@@ -50,6 +50,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(FailureRow{"", errors::kTypeMismatch}, FailureRow{" ", errors::kTypeMismatch},
                     FailureRow{"True", errors::kTypeMismatch}, FailureRow{"1,000.5", errors::kTypeMismatch},
                     FailureRow{"1 2", errors::kTypeMismatch}, FailureRow{"--1", errors::kTypeMismatch},
+                    FailureRow{"\t5", errors::kTypeMismatch}, FailureRow{"-", errors::kTypeMismatch},
                     FailureRow{".", errors::kTypeMismatch}, FailureRow{"0x10", errors::kTypeMismatch},
                     FailureRow{"inf", errors::kTypeMismatch}, FailureRow{"nan", errors::kTypeMismatch},
                     FailureRow{"1e", errors::kTypeMismatch}, FailureRow{"٣", errors::kTypeMismatch},

@@ -21,6 +21,7 @@
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 
@@ -87,7 +88,14 @@ void showMore(QMessageBox& box, const QString& words)
 DesktopOperator::~DesktopOperator()
 {
     DesktopOperator::showPointer(Pointer::Default); // it is the whole application's
-    for (const auto& [name, window] : loaded_)
+    destroyForms();
+}
+
+void DesktopOperator::destroyForms()
+{
+    // Those that are closed wait for the loop to destroy them.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    for (const auto& [name, window] : std::exchange(loaded_, {}))
         delete window;
 }
 

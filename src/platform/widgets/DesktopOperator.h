@@ -34,6 +34,8 @@ public:
     QWidget* form(const QString& name) const;
     // Every window that is loaded, adopted ones first.
     QList<QWidget*> loadedForms() const;
+    // No window outlives what it shows: whoever registered the forms destroys them before he goes.
+    void destroyForms();
 
     int messageBox(const QString& text, Buttons buttons, Icon icon, const QString& title) override;
     int ask(const Question& question) override;
