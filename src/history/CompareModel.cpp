@@ -87,6 +87,18 @@ QString CompareModel::keyAt(const QModelIndex& index) const
     return groupOf(group).values[group.rows[std::size_t(index.row())]].key;
 }
 
+QModelIndex CompareModel::indexOf(const QString& key) const
+{
+    for (std::size_t place = 0; place < shown_.size(); ++place) {
+        const Group& group = shown_[place];
+        for (std::size_t row = 0; row < group.rows.size(); ++row) {
+            if (groupOf(group).values[group.rows[row]].key == key)
+                return index(int(row), 0, index(int(place), 0));
+        }
+    }
+    return {};
+}
+
 QString CompareModel::counts() const
 {
     return texts_.own("compare.counts")
@@ -186,28 +198,36 @@ QList<QByteArray> CompareModel::lines() const
     return lines;
 }
 
+QStringList CompareModel::printedRows() const
+{
+    QStringList rows;
+    for (const Group& group : shown_) {
+        rows << groupWords(group);
+        for (const std::size_t place : group.rows) {
+            QStringList cells;
+            for (int column = 0; column < kColumns; ++column)
+                cells << cell(groupOf(group).values[place], column);
+            rows << u"  " % printedRow(cells);
+        }
+    }
+    return rows;
+}
+
+// What is listed may become another comparison while the pages are made.
 void CompareModel::print(platform::Printer& printer, const QString& title) const
 {
     printer.setFont(QStringLiteral("Courier New"));
     platform::PrintedPages::Look look;
     look.rows = kRows;
     platform::PrintedPages pages(printer, look);
-    const QString rule(kRuleWidth, u'-');
-    const auto row = [&](const QString& line) {
-        if (pages.isFull() || !pages.hasRoomFor({line})) {
-            pages.beginPage({title, counts(), rule});
-            pages.rule(printedRow(headings()));
+    const QStringList head{title, counts(), QString(kRuleWidth, u'-')};
+    const QString columns = printedRow(headings());
+    for (const QString& row : printedRows()) {
+        if (pages.isFull() || !pages.hasRoomFor({row})) {
+            pages.beginPage(head);
+            pages.rule(columns);
         }
-        pages.row(line);
-    };
-    for (const Group& group : shown_) {
-        row(groupWords(group));
-        for (const std::size_t place : group.rows) {
-            QStringList cells;
-            for (int column = 0; column < kColumns; ++column)
-                cells << cell(groupOf(group).values[place], column);
-            row(u"  " % printedRow(cells));
-        }
+        pages.row(row);
     }
     pages.finish();
 }

@@ -37,6 +37,8 @@ public:
 
     // The parameter's node; "" for a group.
     QString keyAt(const QModelIndex& index) const;
+    // Where a parameter is listed; invalid where it isn't.
+    QModelIndex indexOf(const QString& key) const;
     // What was counted, as a sentence.
     QString counts() const;
     QStringList headings() const;
@@ -63,6 +65,7 @@ private:
     const ComparedGroup& groupOf(const Group& group) const { return comparison_.groups[group.place]; }
     QString cell(const ComparedValue& value, int column) const;
     QString groupWords(const Group& group) const;
+    QStringList printedRows() const;
 
     const session::Texts& texts_;
     Comparison comparison_;

@@ -107,8 +107,9 @@ void frmCompare::listen()
 {
     connect(cbxWith_, &QComboBox::activated, this, &frmCompare::choose);
     connect(chkAll_, &QCheckBox::toggled, this, [this](bool all) {
+        const QString selected = model_.keyAt(lvwCompare_->currentIndex());
         model_.setAll(all);
-        showRows();
+        showRows(selected);
     });
     connect(lvwCompare_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmCompare::showCommands);
@@ -126,6 +127,8 @@ void frmCompare::open(const QString& key)
         elements_ = comparableWith(with_.session.dbFile(), key);
         chosen_ = {};
         entry_ = 0;
+        model_.setComparison({}); // it was another element's
+        showCommands();
         lblElement_->setText(with_.pathOf(key));
         offer();
         refresh();
@@ -193,14 +196,19 @@ void frmCompare::refresh()
 
 void frmCompare::showComparison(const Comparison& comparison)
 {
+    const QString selected = model_.keyAt(lvwCompare_->currentIndex());
     model_.setComparison(comparison);
-    showRows();
+    showRows(selected);
 }
 
-void frmCompare::showRows()
+// What was selected stays so where it is still listed.
+void frmCompare::showRows(const QString& selected)
 {
     lvwCompare_->expandAll();
-    lvwCompare_->setCurrentIndex(model_.index(0, 0, model_.index(0, 0)));
+    for (int group = 0; group < model_.rowCount(); ++group)
+        lvwCompare_->setFirstColumnSpanned(group, {}, true);
+    const QModelIndex former = model_.indexOf(selected);
+    lvwCompare_->setCurrentIndex(former.isValid() ? former : model_.index(0, 0, model_.index(0, 0)));
     const QString& failure = model_.comparison().failure;
     lblCount_->setText(failure.isEmpty() ? model_.counts() : failure);
     showCommands();
@@ -256,6 +264,14 @@ void frmCompare::relabel()
     offer();
     model_.relabel();
     refresh(); // descriptions are the language's
+}
+
+// Whoever comes back may have changed what is compared.
+bool frmCompare::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        refresh();
+    return QDialog::event(event);
 }
 
 void frmCompare::changeEvent(QEvent* event)

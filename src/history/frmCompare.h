@@ -45,6 +45,7 @@ public:
     void open(const QString& key);
 
 protected:
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -55,7 +56,7 @@ private:
     std::optional<QString> askFile(CompareWith::Kind kind);
     void refresh();
     void showComparison(const Comparison& comparison);
-    void showRows();
+    void showRows(const QString& selected);
     void showCommands();
     void take();
     void save();

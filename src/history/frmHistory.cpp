@@ -135,8 +135,8 @@ void frmHistory::open(const QString& key, std::optional<qint64> operation)
         chkLast_->setChecked(false);
         chkFailed_->setChecked(false);
         txtNarrow_->clear();
-        narrow();
         model_.setNotes({});
+        narrow();
     }
     showHeading();
     refresh();

@@ -4,6 +4,7 @@
 #include "platform/ChangeWatcher.h"
 
 #include "platform/Connection.h"
+#include "platform/Unwatched.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <cstring>
@@ -112,10 +113,21 @@ std::optional<QByteArrayView> RowChange::newText(int column) const
     return textOf(coming(column));
 }
 
+Unwatched::Unwatched(const Connection& connection)
+    : connection_(connection),
+      watcher_(sqlite3_preupdate_hook(connection.database().getHandle(), nullptr, nullptr))
+{
+}
+
+Unwatched::~Unwatched()
+{
+    if (watcher_)
+        sqlite3_preupdate_hook(connection_.database().getHandle(), tell, watcher_);
+}
+
 Purpose::Purpose(Connection& connection, int purpose) : connection_(connection), former_(connection.purpose_)
 {
-    if (connection_.purposes_++ == 0)
-        ++connection_.job_;
+    ++connection_.purposes_;
     connection_.purpose_ = purpose;
 }
 

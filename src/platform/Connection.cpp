@@ -7,6 +7,7 @@
 #include "platform/Words.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
@@ -60,6 +61,33 @@ int numberFor(const SQLite::Exception& exception)
     }
 }
 
+std::unique_ptr<SQLite::Database> opened(const QByteArray& name, int flags, int busyMilliseconds)
+{
+    auto database = std::make_unique<SQLite::Database>(name.toStdString(), flags, busyMilliseconds);
+    sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, kLookasideBytes,
+                      kLookasideSlots);
+    database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
+    database->exec("SELECT Count(*) FROM sqlite_master;");
+    return database;
+}
+
+// A file that is written with a log beside it wants that log even to be read, and in a folder that may not be
+// written it can't be had. Where there is none nobody is writing.
+std::unique_ptr<SQLite::Database> openedForReading(const QString& path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    try {
+        return opened(name, kReadOnlyFlags, kReaderBusyMilliseconds);
+    } catch (const SQLite::Exception& exception) {
+        const bool forWantOfALog =
+            exception.getErrorCode() == SQLITE_CANTOPEN || exception.getErrorCode() == SQLITE_READONLY;
+        if (!forWantOfALog || QFile::exists(path + QStringLiteral("-wal")))
+            throw;
+        return opened("file:" + name.toPercentEncoding("/") + "?immutable=1",
+                      kReadOnlyFlags | SQLITE_OPEN_URI, kReaderBusyMilliseconds);
+    }
+}
+
 } // namespace
 
 void failWithSql(const SQLite::Exception& exception, const QString& path)
@@ -83,13 +111,8 @@ void Connection::Open(const QString& file, Access access)
     if (!QFileInfo(path_).isFile())
         failInWords(errors::kFileNotFound, "file.missing", {QDir::toNativeSeparators(path_)});
     try {
-        auto database = std::make_unique<SQLite::Database>(
-            QFile::encodeName(path_).toStdString(), readOnly ? kReadOnlyFlags : kReadWriteFlags,
-            readOnly ? kReaderBusyMilliseconds : kBusyMilliseconds);
-        sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_LOOKASIDE, nullptr, kLookasideBytes,
-                          kLookasideSlots);
-        database->exec("PRAGMA foreign_keys=ON; PRAGMA synchronous=FULL;");
-        database->exec("SELECT Count(*) FROM sqlite_master;");
+        auto database = readOnly ? openedForReading(path_)
+                                 : opened(QFile::encodeName(path_), kReadWriteFlags, kBusyMilliseconds);
         if (!readOnly)
             database->exec("PRAGMA journal_mode=DELETE;");
         addSqlFunctions(*database);

@@ -65,9 +65,8 @@ public:
 
     // Who keeps account of the changes, now and after each opening; null for nobody.
     void watch(ChangeWatcher* watcher);
-    // See Purpose: 0 when nobody has told; a number of its own for each job.
+    // See Purpose: 0 when nobody has told.
     int purpose() const { return purpose_; }
-    qint64 job() const { return job_; }
     bool inJob() const { return purposes_ > 0; }
 
 private:
@@ -91,7 +90,6 @@ private:
     ChangeWatcher* watcher_ = nullptr;
     int purpose_ = 0;
     int purposes_ = 0; // one inside the other
-    qint64 job_ = 0;
 };
 
 // A transaction that rolls back on every way out unless it was committed.

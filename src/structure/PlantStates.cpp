@@ -5,6 +5,7 @@
 #include "platform/Operator.h"
 #include "platform/Recordset.h"
 #include "platform/Statement.h"
+#include "platform/Unwatched.h"
 #include "session/Session.h"
 #include "session/TextRows.h"
 #include "session/Texts.h"
@@ -52,13 +53,12 @@ public:
     // many rows were added.
     int synchronize(int IDGrp, int IDInst, const QString& IDItem)
     {
-        run(clear_);
         for (Statement* statement : {&note_, &add_}) {
             statement->bind(1, IDGrp);
             statement->bind(2, IDInst);
         }
         add_.bind(3, IDItem);
-        run(note_);
+        noteWhatIsThere();
         run(add_);
         return company_.database().getChanges();
     }
@@ -70,14 +70,25 @@ private:
         statement.step();
         statement.reset();
     }
+    static Statement forWorkingTable(const platform::Connection& company, const QString& sql)
+    {
+        const platform::Unwatched aside(company);
+        return Statement(company, sql);
+    }
+    void noteWhatIsThere()
+    {
+        const platform::Unwatched aside(company_);
+        run(clear_);
+        run(note_);
+    }
 
     platform::Connection& company_;
     Transaction transaction_;
-    Statement clear_{company_, QStringLiteral("DELETE FROM tbParUser_tmp")};
-    Statement note_{company_, QStringLiteral(R"(
+    Statement clear_ = forWorkingTable(company_, QStringLiteral("DELETE FROM tbParUser_tmp"));
+    Statement note_ = forWorkingTable(company_, QStringLiteral(R"(
         INSERT INTO tbParUser_tmp (IDPar)
         SELECT IDPar FROM tbParametersUser
-        WHERE ((IDGrp = ?1) AND (IDInst = ?2));)")};
+        WHERE ((IDGrp = ?1) AND (IDInst = ?2));)"));
     Statement add_{company_, QStringLiteral(R"(
         INSERT INTO tbParametersUser (IDGrp, IDInst, IDPar, IDParGrp, [Value], State)
         SELECT ?1 AS IDGrp, ?2 AS IDInst, tbParam.mID AS IDPar, tbParam.mKeyParGroup AS IDParGrp,

@@ -12,6 +12,7 @@
 #include "structure/ShownValue.h"
 #include "structure/Structure.h"
 #include "structure/widgets/ResultView.h"
+#include "values/ValueCause.h"
 #include "widgets/FormLanguage.h"
 
 #include <QEvent>
@@ -188,6 +189,7 @@ void frmPending::takeBack()
         if (!former || operator_.ask(question) != platform::answers::kYes || session_.dbFile() != company)
             return;
         const KeyParts ids = Extract_Key(item.key);
+        const values::Causing causing(session_.cnDatabase, values::ValueCause::Edited);
         session_.cnDatabase.Execute(QStringLiteral(R"(UPDATE tbParametersUser SET [Value] = %1, State = 0
                                                       WHERE ((IDGrp = %2) AND (IDInst = %3) AND (IDPar = %4)
                                                          AND (State = 1));)")

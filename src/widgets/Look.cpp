@@ -3,8 +3,11 @@
 #include "platform/widgets/Icons.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace widgets {
 
@@ -67,6 +70,34 @@ bool isDark(const QPalette& desktop)
     return desktop.color(QPalette::Window).lightness() < desktop.color(QPalette::WindowText).lightness();
 }
 
+// Texts, lists and a window's default button show whether they have the keys, which the toolkit leaves open.
+class Style : public QProxyStyle
+{
+public:
+    Style() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override
+    {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (!option->state.testFlag(State_HasFocus))
+            return;
+        const bool byKeys = option->state.testFlag(State_KeyboardFocusChange);
+        if (element == CE_ShapedFrame)
+            outline(*painter, option->rect, option->palette);
+        else if (element == CE_PushButton && byKeys)
+            outline(*painter, option->rect.adjusted(3, 3, -3, -3), option->palette);
+    }
+
+private:
+    static void outline(QPainter& painter, const QRect& rect, const QPalette& palette)
+    {
+        painter.setPen(palette.color(QPalette::Active, QPalette::Highlight));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    }
+};
+
 } // namespace
 
 void applyLook(QApplication& application)
@@ -74,7 +105,7 @@ void applyLook(QApplication& application)
     const bool dark = isDark(QApplication::palette());
     const Colours& colours = dark ? kDark : kLight;
     platform::setDarkGround(dark);
-    application.setStyle(QStyleFactory::create("Fusion"));
+    application.setStyle(new Style);
     application.setPalette(paletteOf(colours));
     application.setWindowIcon(platform::icon("calidora"));
     application.setStyleSheet(sheetOf(colours));

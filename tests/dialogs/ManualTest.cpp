@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QSet>
 #include <gtest/gtest.h>
 
 using dialogs::Manual;
@@ -32,6 +33,30 @@ protected:
         for (auto found = kTarget.globalMatch(text); found.hasNext();)
             targets << found.next().captured(1);
         return targets;
+    }
+    // The texts of a block as a reader knows them: without mnemonics, places of values and what ends them.
+    static QSet<QString> shownTexts(const QString& block)
+    {
+        QFile file(block);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(block);
+        QSet<QString> shown;
+        for (const QString& line : QString::fromUtf8(file.readAll()).split('\n')) {
+            if (line.contains('"') && !line.startsWith('#'))
+                shown << withoutEnd(line.section('"', 1, -2).remove('&').remove("%1"));
+        }
+        return shown;
+    }
+    static QString withoutEnd(QString text)
+    {
+        static const QRegularExpression kEnd("[:. ]+$");
+        return text.remove(kEnd).trimmed();
+    }
+    static QString desktopName(const QString& language)
+    {
+        QFile entry(CALIDORA_DEMO_ENTRY);
+        EXPECT_TRUE(entry.open(QIODevice::ReadOnly));
+        const QString name = language == "en" ? "\nName=" : "\nName[" + language + "]=";
+        return QString::fromUtf8(entry.readAll()).section(name, 1).section('\n', 0, 0);
     }
     static int headings(const QString& text) { return int(text.count(QRegularExpression("(^|\n)#+ "))); }
 
@@ -92,6 +117,31 @@ TEST_P(ManualText, EachChapterHasATitleOfItsOwn)
     EXPECT_FALSE(titles.contains(""));
     EXPECT_EQ(titles.removeDuplicates(), 0);
     EXPECT_FALSE(titles.join("").contains('#'));
+}
+
+// What is set in bold is a word of the program's windows, or of the desktop's menu.
+TEST_P(ManualText, EachNameStandsInTheProgram)
+{
+    const QString code = session.Language.Code;
+    QSet<QString> names{"Calidora"};
+    for (const QString& file :
+         {":/texts/" + code + ".txt", QStringLiteral(":/texts/common.txt"), ":/own_texts/" + code + ".txt"})
+        names += shownTexts(file);
+    names << desktopName(code.toLower());
+    static const QRegularExpression kName(R"(\*\*([^*]+)\*\*)");
+    int found = 0;
+    for (const QString& chapter : manual.chapters()) {
+        const QString text = textOf(chapter);
+        for (auto bold = kName.globalMatch(text); bold.hasNext();) {
+            const QString words = bold.next().captured(1).simplified();
+            if (words.endsWith('.') && !words.endsWith("..."))
+                continue; // a sentence that must not be missed
+            ++found;
+            EXPECT_TRUE(names.contains(withoutEnd(words)))
+                << qPrintable(chapter) << ": " << qPrintable(words);
+        }
+    }
+    EXPECT_GE(found, 100);
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, ManualText,

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The Debian package as somebody gets it: made by ./package, installed by apt in a fresh root, its demo started from the
-# command of its desktop entry by an ordinary user. Walks the central job in it, starts the program itself for the first
-# time, and removes the package again.
+# command of its desktop entry by an ordinary user. An older version stands there first: walks the central job in it, starts
+# the program itself for the first time, brings the new version with its newer catalogue over it, upgrades the company, and
+# removes the package again.
 #
 #   FRESH_ROOT=yes tests/e2e/package.sh [folder]
 #
@@ -57,24 +58,46 @@ trap clear_all_away EXIT
 deb=$(ls -t "$build_folder"/package/calidora_*.deb | head -1)
 saw "$(dpkg-deb -f "$deb" Package Version Architecture | tr '\n' ' ')"
 
-step "a fresh root"
+# The package as an older version was: its catalogue knows one parameter less.
+older=$work/older.deb
+missing=P020115
+unpacked=$work/older
+dpkg-deb -R "$deb" "$unpacked"
+sed -i 's/^Version: .*/Version: 0.0.1/' "$unpacked/DEBIAN/control"
+newest=$(sqlite3 "$unpacked/usr/share/calidora/demo/Demo.mdb" 'SELECT Version FROM tbInfoDatabase')
+for file in 'demo/Demo.mdb' 'Data Model/Calidora_Model_Instrument.mdb'; do
+  sqlite3 "$unpacked/usr/share/calidora/$file" "DELETE FROM tbParametersUser WHERE IDPar = '$missing';
+    DELETE FROM tbParamLanguage WHERE mID = '$missing'; DELETE FROM tbParam WHERE mID = '$missing'; SELECT Changes();
+    UPDATE tbInfoDatabase SET Version = '0.1';" | grep -qx 1 || wrong "the catalogue has no $missing"
+done
+dpkg-deb --root-owner-group -b "$unpacked" "$older" >/dev/null
+
+install_package() {
+  local file=$1
+  if [ -z "$fresh" ]; then
+    dpkg-deb -x "$file" "$root"
+    return
+  fi
+  cp "$file" "$root/tmp/"
+  in_root apt-get install -y -qq --no-install-recommends "/tmp/${file##*/}" fonts-dejavu-core >>"$work/apt.log" 2>&1 ||
+    { tail -20 "$work/apt.log"; give_up "apt does not install ${file##*/}"; }
+  saw "apt has installed version $(in_root dpkg-query -W -f '${Version}' calidora)"
+}
+
+step "a fresh root, and an older version in it"
 if make_root; then
   fresh=yes
   mount -t proc proc "$root/proc" && mount --bind /dev "$root/dev" && mount --bind /dev/pts "$root/dev/pts"
   # How this machine reaches its mirror, in there too.
   cp /etc/resolv.conf "$root/etc/" 2>/dev/null || true
   for file in $(grep -ls '^Acquire' /etc/apt/apt.conf.d/* /etc/apt/apt.conf 2>/dev/null); do cp "$file" "$root/etc/apt/apt.conf.d/"; done
-  cp "$deb" "$root/tmp/"
   in_root apt-get update -qq
-  in_root apt-get install -y -qq --no-install-recommends "/tmp/${deb##*/}" fonts-dejavu-core >"$work/apt.log" 2>&1 ||
-    { tail -20 "$work/apt.log"; give_up "apt does not install it"; }
-  saw "installed by apt with $(in_root dpkg-query -f '${Package}\n' -W | wc -l) packages in all"
 else
   say "$fresh_reason; the package is unpacked beside"
   mkdir -p "$root"
-  dpkg-deb -x "$deb" "$root"
   chmod 755 "$work" "$root"
 fi
+install_package "$older"
 mkdir -p "$root/home/technician"
 chown "$user:$user" "$root/home/technician"
 for name in calidora calidora-demo; do
@@ -128,13 +151,16 @@ logged OK || wrong "the check of the written value did not come back OK"
 shown 03-written
 [ "$(company "SELECT State || Value $of_room AND IDPar = 'P020101'")" = 01.5 ] || wrong "the written value is not kept"
 
+leave() {
+  focus "$main"
+  keys alt+f e
+  wait_for 20 "the question" window_there '^Calidora$'
+  keys Return
+  wait_for_end
+}
 step "leaves; the instrument ends with it and remembers"
 choose "$console" 'alt+f e' "the console's end" window_gone "$console"
-focus "$main"
-keys alt+f e
-wait_for 20 "the question" window_there '^Calidora$'
-keys Return
-wait_for_end
+leave
 [ ! -e "$data/calidora-demo/ports/COM1" ] || wrong "the instrument still stands at its port"
 compgen -G "$data/calidora-demo/Log/Calidora_[0-9]*.log" >/dev/null || wrong "no log of the connection"
 if compgen -G "$data/calidora-demo/Log/Calidora_Error_*" >/dev/null; then wrong "a failure was reported"; fi
@@ -156,6 +182,35 @@ model=$(readlink "$data/calidora/Data Model")/Calidora_Model_Instrument.mdb
 kill "$program_pid"
 wait "$program_pid" 2>/dev/null || true
 program_pid=
+
+step "a new version comes over it, and offers the upgrade of the company"
+install_package "$deb"
+start_as_user calidora-demo
+wait_for 90 "the main window on the demo company" window_there "$main: Demo.mdb"
+log_in
+at_rest
+# Without the clock at its right end.
+status_bar() {
+  import -window "$(xdotool search --onlyvisible --name "$main" | head -1)" -gravity southwest -crop 60%x28+0+0 +repage "$work/$1.png"
+}
+status_bar older
+shown 06-newer-catalogue
+[ "$(company 'SELECT Version FROM tbInfoDatabase')" = 0.1 ] || wrong "the company was changed without being asked"
+choose "$main" 'alt+u d u' "the upgrade" window_there 'Aggiornamento Database'
+keys Return
+wait_for 120 "the end of the upgrade" window_there '^Calidora$'
+shown 07-upgraded
+keys Return
+wait_for 60 "the end of its window" window_gone 'Aggiornamento Database'
+type_the_login
+at_rest
+status_bar newest
+shown 08-newest-catalogue
+[ "$(company 'SELECT Version FROM tbInfoDatabase')" = "$newest" ] || wrong "the company's catalogue is not $newest"
+[ "$(company "SELECT Count(*) FROM tbParam WHERE mID = '$missing'")" = 1 ] || wrong "$missing is not in the catalogue"
+[ "$(company "SELECT State || Value $of_room AND IDPar = 'P020101'")" = 01.5 ] || wrong "the upgrade has lost a value"
+! cmp -s "$work/older.png" "$work/newest.png" || wrong "the status bar does not tell of the newer catalogue"
+leave
 
 step "removal leaves the user's data"
 if [ -n "$fresh" ]; then

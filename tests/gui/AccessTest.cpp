@@ -2,10 +2,13 @@
 // keys reach, a dark desktop. QT_SCALE_FACTOR runs it at another scale.
 #include "gui/DesktopLook.h"
 #include "gui/GuiFixture.h"
+
+#include "../events/LogText.h"
 #include "platform/widgets/Icons.h"
 #include "widgets/FormLanguage.h"
 
 #include <QAccessible>
+#include <QPushButton>
 
 namespace {
 
@@ -43,6 +46,7 @@ protected:
         nothingIsClipped(form);
         everyControlIsNamed(form);
         theKeysReachEveryControl(form);
+        theFocusIsSeen(form);
     }
     void dialog(const QString& name, const std::function<void()>& open)
     {
@@ -128,6 +132,44 @@ protected:
         }
     }
 
+    // Whoever goes by the keys sees where they are.
+    static void theFocusIsSeen(QWidget& form)
+    {
+        QApplication::setCursorFlashTime(0);
+        form.setAttribute(Qt::WA_KeyboardFocusChange); // as behind the first Tab
+        form.activateWindow();
+        if (!QTest::qWaitForWindowActive(&form))
+            return;
+        QWidget* const before = form.focusWidget();
+        for (QWidget* control : form.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !control->isEnabled() || !(control->focusPolicy() & Qt::TabFocus) ||
+                control->focusProxy() || control->window() != &form)
+                continue;
+            // A link shows it in its text when Tab comes by.
+            if (qobject_cast<QLabel*>(control))
+                continue;
+            // Nor is there anything to go through in a list that is empty.
+            if (const auto* view = qobject_cast<QAbstractItemView*>(control);
+                view && view->frameShape() == QFrame::NoFrame && view->model()->rowCount() == 0)
+                continue;
+            const QRect place(control->mapTo(&form, QPoint()), control->size());
+            const auto grab = [&] {
+                QApplication::processEvents();
+                return form.grab(place.adjusted(-3, -3, 3, 3)).toImage();
+            };
+            control->setFocus(Qt::TabFocusReason);
+            if (QApplication::focusWidget() != control)
+                continue; // it hands the keys on
+            const QImage with = grab();
+            control->clearFocus();
+            EXPECT_NE(with, grab()) << qPrintable(form.objectName()) << ": "
+                                    << qPrintable(control->objectName()) << " ("
+                                    << control->metaObject()->className() << ")";
+        }
+        if (before)
+            before->setFocus();
+    }
+
 private:
     std::optional<gui::DesktopLook> desk_;
 };
@@ -149,6 +191,79 @@ TEST_P(Access, WhatStandsBesideTheMainWindow)
     beside("frmFind");
     beside("frmPending");
     beside("frmManual");
+}
+
+TEST_P(Access, HistoryCompareAndTrace)
+{
+    clickNode("3_1_1_G01");
+    for (const char* value : {"5", "7.5", "6"}) {
+        session.cnDatabase.Execute(QStringLiteral("UPDATE tbParametersUser SET Value = '%1', State = 1 WHERE "
+                                                  "IDGrp = 1 AND IDInst = 1 AND IDPar = 'P0101';")
+                                       .arg(value));
+        clock.run(60'000);
+    }
+    port.feed("RING");
+    clock.settle();
+    plant().pressItem("4_1_1_G01_P0101");
+    program.handlers().run("History");
+    const auto rows = [](QWidget* form, const char* list) {
+        return form->findChild<QAbstractItemView*>(list)->model()->rowCount();
+    };
+    QWidget* history = desktop.form("frmHistory");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows(history, "lvwHistory") == 3; }));
+    look(*history, "frmHistory");
+    window()->activateWindow();
+    program.handlers().run("CompareNode");
+    QWidget* compare = desktop.form("frmCompare");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows(compare, "lvwCompare") == 1; }));
+    look(*compare, "frmCompare");
+    window()->activateWindow();
+    program.handlers().run("LineTrace");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows(desktop.form("frmTrace"), "lvwTrace") > 0; }));
+    look(*desktop.form("frmTrace"), "frmTrace");
+    clock.run(20'000);
+}
+
+TEST_P(Access, TheCopyOfProperties)
+{
+    const QString insert = "INSERT INTO tbParamCopyLanguage VALUES ('CP.02.01', '%1', 'Second block');";
+    runOnPlant("UPDATE tbParam SET mIDCopy = 'CP.01.01' WHERE mID = 'P1101';"
+               "UPDATE tbParam SET mIDCopy = 'CP.02.01' WHERE mID = 'P1102';" +
+               insert.arg(session.Language.Code));
+    clickNode("3_1_2_G11");
+    plant().pressItem("4_1_2_G11_P1101");
+    inside("frmProperty", [&](QDialog& form) {
+        inside("frmPropertyCopy", [&](QDialog& copy) { look(copy, "frmPropertyCopy"); });
+        form.findChild<QPushButton*>("cmdCopy")->click();
+    });
+    program.handlers().run("Property");
+    EXPECT_EQ(played, 2);
+}
+
+TEST_P(Access, ThePrinters)
+{
+    printers.printers = {{"Workshop", "usb", "Inkwell 3"}, {"Office", "ipp", "LaserMark 20"}};
+    dialog("frmPrinters", [&] {
+        program.printing().print({"Plant", platform::Orientation::Portrait,
+                                  [](platform::Printer& paper) { paper.printLine("x"); }});
+    });
+}
+
+TEST_P(Access, AnEvent)
+{
+    QDir(session.AppPath).mkpath("Log");
+    QFile log(session.appFile("Log/Calidora_20260315000000.log"));
+    ASSERT_TRUE(log.open(QIODevice::WriteOnly));
+    log.write(logs::event("Connected."));
+    log.close();
+    inside("frmEventViewer", [&](QDialog& viewer) {
+        auto* list = viewer.findChild<QAbstractItemView*>("lvwItems");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount() == 1; }));
+        inside("frmEventText", [&](QDialog& text) { look(text, "frmEventText"); });
+        QTest::keyClick(list, Qt::Key_Return);
+    });
+    program.handlers().run("EventViewer");
+    EXPECT_EQ(played, 2);
 }
 
 TEST_P(Access, TheConsole)
@@ -244,6 +359,44 @@ TEST_F(DarkDesktop, AnIconThatIsOffIsPaler)
     const QIcon icon = platform::icon("delete");
     EXPECT_NE(icon.pixmap(24, 24).toImage(), icon.pixmap(24, 24, QIcon::Disabled).toImage());
     EXPECT_EQ(icon.pixmap(16, 16).size(), QSize(16, 16));
+}
+
+// Colour is never the only sign: without it the pictures of one place are still told from one another.
+TEST(SignsWithoutColour, ArePicturesOfDifferentShapes)
+{
+    const std::vector<QStringList> kPlaces{
+        {"param-ok", "param-changed", "param-added"},
+        {"param-ok-16", "param-changed-16", "param-added-16"},
+        {"badge-changed", "badge-unconfirmed", "badge-lock"},
+        {"log-info", "log-warning", "log-error"},
+        {"port-open", "port-closed", "port-busy"},
+        {"info", "question", "warning", "error"},
+    };
+    // What is drawn, whatever its colour.
+    const auto shapes = [](const QString& name) {
+        QImage grey = platform::icon(name).pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
+        for (int y = 0; y < grey.height(); ++y) {
+            for (int x = 0; x < grey.width(); ++x) {
+                const QColor point = grey.pixelColor(x, y);
+                const bool bright = point.alpha() < 128 || point.lightness() > 170;
+                grey.setPixelColor(x, y, bright ? Qt::white : Qt::black);
+            }
+        }
+        return grey;
+    };
+    for (const QStringList& place : kPlaces) {
+        for (qsizetype one = 0; one < place.size(); ++one) {
+            for (qsizetype other = 0; other < one; ++other) {
+                const QImage a = shapes(place[one]), b = shapes(place[other]);
+                int different = 0;
+                for (int y = 0; y < a.height(); ++y) {
+                    for (int x = 0; x < a.width(); ++x)
+                        different += a.pixel(x, y) != b.pixel(x, y);
+                }
+                EXPECT_GE(different, 20) << qPrintable(place[one]) << " and " << qPrintable(place[other]);
+            }
+        }
+    }
 }
 
 } // namespace

@@ -328,6 +328,40 @@ TEST_F(HistoryWindow, TheStatusBarSaysThatNoHistoryIsKept)
     EXPECT_TRUE(QTest::qWaitFor([&] { return words().contains("Plant.history"); })) << qPrintable(words());
 }
 
+// Called up again while it reads and while it stands: it is one window, and shows what was asked for last.
+TEST_F(HistoryWindow, CalledUpAgainItShowsTheOtherElement)
+{
+    start();
+    clickNode("3_1_1_G01");
+    edit("P0101", "5");
+    edit("P0102", "9");
+    edit("P0102", "8");
+    open("4_1_1_G01_P0101");
+    QDialog* const first = form();
+    type(part<QLineEdit>("txtNarrow"), "5");
+    plant().pressItem("4_1_1_G01_P0102");
+    button("History")->trigger();
+    EXPECT_EQ(form(), first);
+    EXPECT_EQ(part<QLineEdit>("txtNarrow")->text(), "");
+    EXPECT_EQ(list()->model()->rowCount(), 0) << "nothing of the other one stands under its name";
+    EXPECT_FALSE(part<QPushButton>("cmdSave")->isEnabled());
+    plant().pressItem("4_1_1_G01_P0101");
+    button("History")->trigger();
+    plant().pressItem("4_1_1_G01_P0102");
+    button("History")->trigger();
+    EXPECT_TRUE(shows(2));
+    EXPECT_EQ(cell(0, 4), "8 °C");
+    EXPECT_EQ(part<QLabel>("lblElement")->text(), "GRP1\\INST11\\Measures\\EN T2");
+    // The same element again keeps what was typed.
+    type(part<QLineEdit>("txtNarrow"), "9");
+    button("History")->trigger();
+    EXPECT_EQ(part<QLineEdit>("txtNarrow")->text(), "9");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return list()->model()->rowCount() == 2; })) << "9 > 8 and -- > 9";
+    form()->close();
+    button("History")->trigger();
+    EXPECT_TRUE(form()->isVisible());
+}
+
 TEST_F(HistoryWindow, GoesWithItsCompany)
 {
     start();
@@ -428,6 +462,7 @@ TEST_F(CompareWindow, WithTheDefaultsThenWithAnother)
     EXPECT_EQ(part<QLabel>("lblElement")->text(), "GRP1\\ALPHA");
     EXPECT_EQ(part<QComboBox>("cbxWith")->itemText(1), "ALPHA\\inst21");
     EXPECT_EQ(row(0, 0).siblingAtColumn(1).data(), "9.0 °C");
+    EXPECT_TRUE(list()->isFirstColumnSpanned(0, {})) << "a group's name has the whole row";
     choose(1);
     EXPECT_TRUE(says("Compared: 4, different: 1, only on the left: 0, only on the right: 0"))
         << qPrintable(words());
@@ -509,6 +544,53 @@ TEST_F(CompareWindow, IsExportedAndPrinted)
     });
     part<QPushButton>("cmdPrint")->click();
     failures.expectUnder("frmCompare/Print_List");
+}
+
+TEST_F(CompareWindow, ShowsWhatHasChangedWhenTheOperatorComesBack)
+{
+    start();
+    open("3_1_1_G01");
+    EXPECT_TRUE(says("Compared: 7, different: 1, only on the left: 0, only on the right: 0"));
+    part<QCheckBox>("chkAll")->click();
+    const QModelIndex third = row(0, 2);
+    const QString name = third.data().toString();
+    list()->setCurrentIndex(third);
+    window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window()));
+    runOnPlant(
+        "UPDATE tbParametersUser SET Value = '-77' WHERE IDGrp = 1 AND IDInst = 1 AND IDPar = 'P0101'");
+    form()->activateWindow();
+    EXPECT_TRUE(says("Compared: 7, different: 2, only on the left: 0, only on the right: 0"))
+        << qPrintable(words());
+    EXPECT_EQ(list()->currentIndex().data(), name) << "what was selected stays so";
+    // Another element begins anew.
+    clickNode("3_1_1_G02");
+    program.handlers().run("CompareNode");
+    EXPECT_EQ(list()->model()->rowCount(), 0);
+    EXPECT_FALSE(part<QPushButton>("cmdPrint")->isEnabled());
+    EXPECT_FALSE(part<QPushButton>("cmdSave")->isEnabled());
+    EXPECT_TRUE(says("Compared: 4, different: 0, only on the left: 0, only on the right: 0"))
+        << qPrintable(words());
+}
+
+TEST_F(CompareWindow, GoesWithItsCompany)
+{
+    start();
+    open("2_1_1");
+    port.feed("hello");
+    clock.settle();
+    program.handlers().run("LineTrace");
+    window()->activateWindow();
+    desktop.script.expect("Confirm closing of current company?", platform::answers::kYes);
+    program.handlers().run("CloseDb");
+    EXPECT_FALSE(form());
+    QTest::qWait(50); // what was being read comes back to nobody
+    // What went over the line is nobody's company.
+    program.handlers().run("LineTrace");
+    ASSERT_TRUE(desktop.form("frmTrace"));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return desktop.form("frmTrace")->findChild<QTreeView*>("lvwTrace")->model()->rowCount() == 1;
+    }));
 }
 
 TEST_F(CompareWindow, StandsWhereThereIsSomethingToCompare)

@@ -157,6 +157,38 @@ TEST_P(ManualPictures, Editing)
     program.handlers().run("Property");
 }
 
+TEST_P(ManualPictures, HistoryAndCompare)
+{
+    begin();
+    clickNode(kControl);
+    using values::ValueCause;
+    const std::tuple<const char*, int, ValueCause, int> changes[] = {
+        {"2.0", 1, ValueCause::Edited, 20},    {"2.0", 0, ValueCause::CheckedOk, 600},
+        {"-1.5", 1, ValueCause::Edited, 15},   {"-1.5", 0, ValueCause::CheckedError, 30},
+        {"2.0", 0, ValueCause::Read, 1500},    {"1.5", 1, ValueCause::Edited, 10},
+        {"1.5", 0, ValueCause::CheckedOk, 240}};
+    for (const auto& [value, state, cause, minutes] : changes) {
+        const values::Causing causing(session.cnDatabase, cause);
+        session.cnDatabase.Execute(
+            QStringLiteral("UPDATE tbParametersUser SET Value = '%1', State = %2 WHERE IDGrp = 1 AND "
+                           "IDInst = 8 AND IDPar = 'P020101';")
+                .arg(value)
+                .arg(state));
+        clock.run(minutes * 60'000);
+    }
+    plant().pressItem("4_1_8_G0201_P020101");
+    program.handlers().run("History");
+    QTest::qWait(700); // it is read beside
+    desktop.form("frmHistory")->resize(900, 520);
+    take(*desktop.form("frmHistory"), "history");
+    desktop.unloadForm("frmHistory");
+    clickNode(kRoom);
+    program.handlers().run("CompareNode");
+    QTest::qWait(700);
+    desktop.form("frmCompare")->resize(960, 300);
+    take(*desktop.form("frmCompare"), "compare");
+}
+
 TEST_P(ManualPictures, Line)
 {
     change("P020101", "1.5");
@@ -197,6 +229,10 @@ TEST_P(ManualPictures, Line)
         desktop.platform::DesktopOperator::messageBox(texts(572) + "\r\n" + texts(573) + "\r\n" + texts(574),
                                                       platform::Buttons::YesNoCancel,
                                                       platform::Icon::Question, session.AppTitle);
+        program.handlers().run("LineTrace");
+        QTest::qWait(300);
+        desktop.form("frmTrace")->resize(1000, 520);
+        take(*desktop.form("frmTrace"), "line-trace");
         press("Disconnect");
         clock.run(60'000);
     });

@@ -1,6 +1,7 @@
 // Tree, list and the windows beside them: what is marked, what is shown where, and that all of it has its
 // place.
 #include "gui/GuiFixture.h"
+#include "history/NoteFile.h"
 #include "platform/widgets/InsideScreen.h"
 #include "structure/PlantMarks.h"
 #include "widgets/ElidedLabel.h"
@@ -141,6 +142,8 @@ TEST_F(NightPending, AChangeIsTakenBack)
     EXPECT_TRUE(QTest::qWaitFor([&] { return list()->model()->rowCount() == 0; }));
     EXPECT_FALSE(push("cmdTakeBack")->isEnabled());
     EXPECT_EQ(plant().list().item("4_1_1_G02_P0202")->icon, 5) << "the list follows";
+    const QString lastNote = "SELECT Cause || '/' || NewState FROM tbNote ORDER BY ID DESC LIMIT 1";
+    EXPECT_EQ(support::column(history::historyFileOf(plantFile()), lastNote), QStringList{"2/0"});
 }
 
 TEST_F(NightPending, AFailureToTakeBackChangesNothing)

@@ -228,4 +228,39 @@ TEST_F(CompareTable, AsAFileAndOnPaper)
     EXPECT_EQ(page[6], "INST11\\Times: 1 of 3 differ");
 }
 
+// While pages are made the window goes on: what it was reading comes in.
+TEST_F(CompareTable, ThePaperShowsWhatWasListedWhenItBegan)
+{
+    class Interrupted : public platform::RecordingPrinter
+    {
+    public:
+        explicit Interrupted(CompareModel& model) : RecordingPrinter(785, 510), model_(model) {}
+        void printLine(const QString& line) override
+        {
+            RecordingPrinter::printLine(line);
+            model_.setComparison({});
+        }
+
+    private:
+        CompareModel& model_;
+    };
+    Interrupted paper(model);
+    const QString counts = model.counts();
+    model.print(paper, "Compare: GRP1");
+    const QStringList page = paper.pages[0];
+    ASSERT_GE(page.size(), 8);
+    EXPECT_EQ(page[1], counts);
+    EXPECT_TRUE(page[7].simplified().startsWith("EN ")) << qPrintable(page[7]);
+}
+
+TEST_F(CompareTable, AParameterIsFoundWhereItIsListed)
+{
+    const QModelIndex second = model.index(0, 0, model.index(1, 0));
+    EXPECT_EQ(model.indexOf(model.keyAt(second)), second);
+    EXPECT_FALSE(model.indexOf("4_1_1_G01_P0103").isValid()) << "it is the same on both sides";
+    EXPECT_FALSE(model.indexOf("").isValid());
+    model.setAll(true);
+    EXPECT_EQ(model.keyAt(model.indexOf("4_1_1_G01_P0103")), "4_1_1_G01_P0103");
+}
+
 } // namespace

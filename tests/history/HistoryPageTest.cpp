@@ -3,6 +3,9 @@
 
 #include "history/HistoryFixture.h"
 #include "history/NoteFile.h"
+#include "support/OrdinaryUser.h"
+
+#include <QFile>
 
 using namespace support;
 using history::HistoryModel;
@@ -37,6 +40,19 @@ TEST_F(HistoryPageTest, TheNewestFirstAsTheListShowsIt)
     EXPECT_EQ(first.cause, ValueCause::Edited);
     EXPECT_EQ(page.notes.front().newValue, std::nullopt);
     EXPECT_EQ(page.notes.front().time - first.time, 120'000);
+}
+
+// As on a disk that somebody hands over.
+TEST_F(HistoryPageTest, InAFolderThatNobodyMayWriteItCanBeLookedAt)
+{
+    edit("P0101", "5");
+    database.Disconnect_Database();
+    for (const QString& path : {file(""), file("Data"), plantFile(), history::historyFileOf(plantFile())})
+        ASSERT_TRUE(QFile::setPermissions(path, QFile::Permissions(0x5555)));
+    const support::OrdinaryUser nobody;
+    const HistoryPage page = read(request("2_1_1"));
+    EXPECT_EQ(page.failure, "");
+    EXPECT_EQ(told(page), QStringList{"EN T1: 12.3 °C > 5.0 °C"});
 }
 
 TEST_F(HistoryPageTest, OfAnElementWhatLiesBelowIt)

@@ -1,15 +1,15 @@
-// Changes a plant at random, with jobs that are taken back, companies that can't be written and companies
-// that are closed now and then. The history played over the plant of the start gives the plant of the end.
-#include "history/HistoryFixture.h"
-#include "history/NoteFile.h"
+// Changes a plant at random, with reads and writes over the line, jobs that are taken back, companies that
+// can't be written and companies that are closed now and then. The history played over the plant of the start
+// gives the plant of the end.
+#include "history/Recorder.h"
 #include "platform/Connection.h"
 #include "structure/Duplicate.h"
 #include "structure/PlantStates.h"
 #include "structure/Records.h"
+#include "support/BusFixture.h"
+#include "support/ReplayedHistory.h"
 #include "values/UpdateParam.h"
 
-#include <iostream>
-#include <map>
 #include <random>
 
 using namespace support;
@@ -17,41 +17,16 @@ using platform::Transaction;
 
 namespace {
 
-using Plant = std::map<QString, QString>; // "1/2/P0101" -> "value|state"
+// The instrument that can be connected to stays.
+const QString kReached = QStringLiteral("1_1");
 
-class HistoryWalk : public HistoryFixture
+class HistoryWalk : public BusFixture
 {
 protected:
-    HistoryWalk() { session.cnDatabase.Execute("PRAGMA synchronous=OFF;"); }
-
-    static Plant read(const QString& file)
+    HistoryWalk()
     {
-        Plant plant;
-        for (const QString& row : column(
-                 file,
-                 "SELECT IDGrp || '/' || IDInst || '/' || IDPar || '>' || IfNull(Value, '-') || '|' || State "
-                 "FROM tbParametersUser"))
-            plant[row.section('>', 0, 0)] = row.section('>', 1);
-        return plant;
-    }
-    // Each note must also tell what stood there before it.
-    void play(Plant& plant) const
-    {
-        for (const QString& row :
-             column(history::historyFileOf(plantFile()),
-                    "SELECT IDGrp || '/' || IDInst || '/' || IDPar || '>' || IfNull(OldValue, '-') || '|' || "
-                    "IfNull(OldState, '') || '>' || IfNull(NewValue, '-') || '|' || IfNull(NewState, '') "
-                    "FROM tbNote "
-                    "ORDER BY ID")) {
-            const QString key = row.section('>', 0, 0), before = row.section('>', 1, 1),
-                          after = row.section('>', 2);
-            const auto found = plant.find(key);
-            ASSERT_EQ(found == plant.end() ? "-|" : found->second, before) << qPrintable(row);
-            if (after == "-|")
-                plant.erase(key);
-            else
-                plant[key] = after;
-        }
+        session.cnDatabase.Execute("PRAGMA synchronous=OFF;");
+        bus.setOnChecked([this](const values::CheckedValue& value) { recorder.checked(value); });
     }
 
     int below(int end) { return int(random_() % unsigned(end)); }
@@ -96,20 +71,58 @@ protected:
                                        anyParameter() + "';");
         }
     }
+    // A read or a write of an instrument or a part of it, given up now and then. Who answers remembers the
+    // values of a while ago, or babbles.
+    void overTheLine()
+    {
+        const QString IDGrp = anyGroup(), ids = below(4) ? kReached : IDGrp + '_' + anyInstrument(IDGrp);
+        const bool babble = below(3) == 0;
+        if (babble)
+            peer.reset();
+        else if (!peer || below(4) == 0)
+            plugIn(instrument::LinkMode::Cable);
+        openConsole(below(2) ? "2_" + ids : "3_" + ids + (below(2) ? "_G01" : "_G11"));
+        if (!model.simulatorPressed())
+            console.Set_Simulator(true);
+        console.Connect();
+        if (babble)
+            arrives("ATA");
+        waitWhileBusy();
+        if (status() == 1) {
+            below(2) ? console.Write_Param() : console.Read_Param();
+            for (int answers = babble ? below(40) : 0; answers > 0; --answers) {
+                clock.run(3000);
+                arrives(QByteArray(1, char(below(100))) + '\x06');
+            }
+            if (babble || below(4) == 0) {
+                clock.run(below(40'000));
+                bus.abandonOperation();
+            }
+            waitWhileBusy();
+        }
+        console.Disconnect();
+        if (babble)
+            arrives("\r");
+        waitWhileBusy();
+        console.unload();
+        op.unexpected.clear(); // an empty group, a write of nothing, a line that is silent
+    }
     void step()
     {
         const bool broken = below(10) == 0;
         session.cnDatabase.Execute(broken ? "PRAGMA query_only=ON;" : "PRAGMA query_only=OFF;");
         const QString IDGrp = anyGroup(), IDInst = anyInstrument(IDGrp);
         try {
-            switch (below(12)) {
+            switch (below(13)) {
             case 0:
                 records.Add_Record_Db(2, IDGrp, QString::number(records.IDMax_Inst(IDGrp.toInt())),
                                       below(2) ? "KT100" : "KT200", "NEW", "", "10");
                 break;
             case 1:
-                if (column(plantFile(), "SELECT 1 FROM tbInstrumentsUser").size() > 4)
-                    records.Remove_Record_Db(below(3) ? "2_" + IDGrp + '_' + IDInst : "1_" + IDGrp);
+                if (IDGrp + '_' + IDInst != kReached &&
+                    column(plantFile(), "SELECT 1 FROM tbInstrumentsUser").size() > 4)
+                    records.Remove_Record_Db(
+                        below(3) || kReached.startsWith(IDGrp) ? "2_" + IDGrp + '_' + IDInst : "1_" + IDGrp);
                 break;
             case 2:
                 if (column(plantFile(), "SELECT 1 FROM tbInstrumentsUser").size() < 12)
@@ -144,6 +157,9 @@ protected:
                     session.cnDatabase.Execute("PRAGMA synchronous=OFF;");
                 }
                 break;
+            case 6:
+                overTheLine();
+                break;
             default:
                 change();
             }
@@ -154,27 +170,44 @@ protected:
         failures.take();
     }
 
+    // The notes played over the start give the end.
+    void walk(unsigned seed)
+    {
+        bool told = false;
+        const int steps = qEnvironmentVariableIntValue("CALIDORA_WALK_STEPS", &told);
+        random_.seed(seed);
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        const PlantValues start = valuesOf(plantFile());
+        for (int i = 0; i < (told ? steps : 1000) && !HasFailure(); ++i)
+            step();
+        EXPECT_EQ(recorder.failure(), "");
+        PlantValues played = start;
+        replayHistory(plantFile(), played);
+        const PlantValues end = valuesOf(plantFile());
+        EXPECT_NE(start, end);
+        EXPECT_EQ(played, end);
+    }
+
+    history::Recorder recorder{session, clock};
     std::mt19937 random_;
     structure::Records records{session, op, structure};
     structure::Duplicator duplicator{session, op, structure, records, [](const char*) {}};
     structure::PlantStates states{session, texts, op, structure};
 };
 
-TEST_F(HistoryWalk, TheNotesPlayedOverTheStartGiveTheEnd)
+TEST_F(HistoryWalk, WithAFixedSeed)
 {
-    const int steps = qEnvironmentVariableIntValue("CALIDORA_WALK_STEPS");
-    const unsigned seed = unsigned(std::random_device{}());
-    random_.seed(seed);
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    const Plant start = read(plantFile());
-    for (int i = 0; i < (steps > 0 ? steps : 1500); ++i)
-        step();
-    EXPECT_EQ(recorder.failure(), "");
-    Plant played = start;
-    play(played);
-    const Plant end = read(plantFile());
-    EXPECT_NE(start, end);
-    EXPECT_EQ(played, end);
+    walk(1);
+    for (const char* cause : {"1", "8", "9", "10"})
+        EXPECT_NE(column(history::historyFileOf(plantFile()),
+                         QStringLiteral("SELECT Count(*) FROM tbNote WHERE Cause = %1").arg(cause)),
+                  QStringList{"0"})
+            << cause;
+}
+
+TEST_F(HistoryWalk, WithASeedOfItsOwn)
+{
+    walk(unsigned(std::random_device{}()));
 }
 
 } // namespace

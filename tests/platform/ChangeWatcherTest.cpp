@@ -2,6 +2,7 @@
 
 #include "platform/Connection.h"
 #include "platform/RuntimeError.h"
+#include "platform/Unwatched.h"
 
 #include <QTemporaryDir>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -111,6 +112,24 @@ TEST_F(ChangeWatcherTest, AnotherFileIsAnotherCompany)
     EXPECT_EQ(listener.take(), QStringList());
 }
 
+TEST_F(ChangeWatcherTest, WhatIsDoneAsideIsNotTold)
+{
+    listener.take();
+    {
+        const Unwatched aside(connection);
+        connection.Execute("INSERT INTO tbWatched VALUES (77, 'aside');");
+        EXPECT_EQ(listener.take().filter("77"), QStringList());
+    }
+    connection.Execute("DELETE FROM tbWatched WHERE ID = 77;");
+    EXPECT_NE(listener.take().filter("77"), QStringList()) << "and afterwards it is";
+    connection.watch(nullptr);
+    {
+        const Unwatched aside(connection);
+    }
+    connection.Execute("INSERT INTO tbWatched VALUES (77, 'nobody');");
+    EXPECT_EQ(listener.take(), QStringList());
+}
+
 TEST_F(ChangeWatcherTest, PurposesNestAndTheOutermostIsAJob)
 {
     listener.take();
@@ -119,19 +138,16 @@ TEST_F(ChangeWatcherTest, PurposesNestAndTheOutermostIsAJob)
     {
         const Purpose outer(connection, 4);
         EXPECT_TRUE(connection.inJob());
-        const qint64 job = connection.job();
         {
             const Purpose inner(connection, 7);
             EXPECT_EQ(connection.purpose(), 7);
-            EXPECT_EQ(connection.job(), job);
         }
         EXPECT_EQ(connection.purpose(), 4);
         EXPECT_EQ(listener.take(), QStringList());
     }
     EXPECT_EQ(connection.purpose(), 0);
     EXPECT_EQ(listener.take(), QStringList{"job"});
-    const Purpose next(connection, 1);
-    EXPECT_EQ(connection.job(), 2);
+    EXPECT_FALSE(connection.inJob());
 }
 
 TEST_F(ChangeWatcherTest, StaysOverAnotherOpeningUntilItLeaves)

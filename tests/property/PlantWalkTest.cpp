@@ -1,6 +1,12 @@
-// Creates, deletes, edits, cuts, pastes, drags, synchronises, resets and thinks better of it, at random, with
-// a company that can't be written now and then. After each step tree, list and database are compared with a
-// plain plant.
+// Creates, deletes, edits, cuts, pastes, drags, imports, synchronises, resets and thinks better of it, at
+// random, with a company that can't be written now and then. After each step tree, list and database are
+// compared with a plain plant; at the end the value history is played over the plant of the start.
+#include "exchange/Export.h"
+#include "exchange/Fields.h"
+#include "exchange/Import.h"
+#include "history/Recorder.h"
+#include "platform/CodePage.h"
+#include "platform/VirtualClock.h"
 #include "property/PlainPlant.h"
 #include "property/PropertyFixture.h"
 #include "session/Lookup.h"
@@ -8,6 +14,7 @@
 #include "structure/PlantDrag.h"
 #include "structure/PlantEditor.h"
 #include "structure/PlantStates.h"
+#include "support/ReplayedHistory.h"
 #include "values/Display.h"
 
 #include <QStringBuilder>
@@ -86,6 +93,13 @@ const QStringList kNames{"O'Hara",   "50% \"a_b\"",     "КАМЕРА 1", "\U000
 constexpr int kMostGroups = 5;
 constexpr int kMostInstruments = 4; // that are made in a group
 
+int stepsWanted()
+{
+    bool told = false;
+    const int steps = qEnvironmentVariableIntValue("CALIDORA_WALK_STEPS", &told);
+    return told ? steps : 1000;
+}
+
 class PlantWalk : public support::PropertyFixture
 {
 protected:
@@ -117,6 +131,22 @@ protected:
             compare();
         }
         EXPECT_EQ(rows("PRAGMA integrity_check", "integrity_check"), QStringList{"ok"});
+        expectHistory();
+    }
+    // It began with a plant that was empty.
+    void expectHistory()
+    {
+        EXPECT_EQ(recorder.failure(), "");
+        support::PlantValues played;
+        support::replayHistory(plantFile(), played);
+        EXPECT_EQ(played, support::valuesOf(plantFile()));
+        const QString history = history::historyFileOf(plantFile());
+        EXPECT_EQ(support::column(history, "SELECT Count(*) FROM tbNote WHERE Cause = 0"), QStringList{"0"});
+        if (stepsWanted() < 1000)
+            return;
+        // Edited, copied, pasted, imported, synchronised, reset, created, deleted.
+        EXPECT_EQ(support::column(history, "SELECT DISTINCT Cause FROM tbNote ORDER BY Cause"),
+                  QStringList({"2", "3", "4", "5", "6", "7", "11", "12"}));
     }
 
     // Steps
@@ -128,11 +158,11 @@ protected:
     {
         // Out of a hundred steps so many are of that kind.
         static constexpr std::pair<int, Step> kSteps[] = {
-            {6, &PlantWalk::newGroup},    {12, &PlantWalk::newInstrument}, {7, &PlantWalk::deleteItem},
-            {4, &PlantWalk::deleteNode},  {13, &PlantWalk::editNamed},     {18, &PlantWalk::editParameter},
+            {6, &PlantWalk::newGroup},    {11, &PlantWalk::newInstrument}, {7, &PlantWalk::deleteItem},
+            {4, &PlantWalk::deleteNode},  {12, &PlantWalk::editNamed},     {17, &PlantWalk::editParameter},
             {8, &PlantWalk::copyBlocks},  {7, &PlantWalk::cutOrCopy},      {8, &PlantWalk::paste},
             {6, &PlantWalk::dragAndDrop}, {3, &PlantWalk::loseParameters}, {5, &PlantWalk::resync},
-            {3, &PlantWalk::reset}};
+            {3, &PlantWalk::reset},       {3, &PlantWalk::bringIn}};
         int lot = below(100);
         for (const auto& [share, step] : kSteps) {
             if ((lot -= share) < 0)
@@ -358,6 +388,62 @@ protected:
             op.expect(texts(509));
     }
 
+    // A group goes out as a data trace and comes in as another group.
+    void bringIn()
+    {
+        if (plant.groups.empty() || int(plant.groups.size()) >= kMostGroups)
+            return;
+        const int group = anyGroup();
+        if (isAskedAbout(plant.groups[group]))
+            return;
+        structure.clickNode(keyOf(group));
+        const QString trace = file("Data/Group.dat");
+        op.chooseFile(trace, 3);
+        op.expect(texts(509));
+        exporting.Export_Item();
+        structure.clickNode(chance(50) ? QString(structure::kRootKey) : anyNamed());
+        plant.groups[plant.freeGroup()] = asImported(plant.groups[group]);
+        op.chooseFile(trace);
+        if (!broken)
+            op.expect(texts(509));
+        importing.Import_Item();
+    }
+    // The file can't tell whether a text that fills its field was cut.
+    static bool isAskedAbout(const PlainPlant::Group& group)
+    {
+        const auto fills = [](const QString& name, const QString& description) {
+            return name.size() >= 50 || description.size() >= 255;
+        };
+        bool any = fills(group.name, group.description);
+        for (const auto& [_, instrument] : group.instruments)
+            any |= fills(instrument.name, instrument.description);
+        return any;
+    }
+    PlainPlant::Group asImported(PlainPlant::Group group) const
+    {
+        const auto traced = [&](const QString& text) {
+            return platform::decode(exchange::trimmedField(text, session.CodePage), session.CodePage);
+        };
+        for (QString* text : {&group.name, &group.description, &group.phone})
+            *text = traced(*text);
+        std::map<int, PlainPlant::Instrument> instruments;
+        for (auto& [_, instrument] : group.instruments) {
+            for (QString* text : {&instrument.name, &instrument.description, &instrument.address})
+                *text = traced(*text);
+            for (auto& [_, value] : instrument.values) {
+                value.state = 0;
+                value.value = traced(value.value.value_or(QString()));
+                if (value.value->isEmpty())
+                    value.value.reset();
+            }
+            instrument.nodes.clear();
+            instrument.showGroups();
+            instruments[int(instruments.size()) + 1] = instrument;
+        }
+        group.instruments = instruments;
+        return group;
+    }
+
     // What the instruments lack and how they are marked
     // -----------------------------------------------------------------
 
@@ -370,6 +456,7 @@ protected:
         edited = key;
         const structure::KeyParts ids = structure::Extract_Key(key);
         auto& values = instrument().values;
+        const values::Causing causing(session.cnDatabase, values::ValueCause::Deleted);
         for (auto value = values.begin(); value != values.end();) {
             if (!chance(30)) {
                 ++value;
@@ -750,6 +837,8 @@ protected:
         return {};
     }
 
+    platform::VirtualClock clock;
+    history::Recorder recorder{session, clock};
     PlainPlant plant;
     std::map<QString, std::vector<PlainParam>> catalogue;  // by type
     std::map<QString, std::set<QString>> typeGroups;       // by type: ids of its parameter groups
@@ -761,6 +850,8 @@ protected:
     structure::PlantClipboard clipboard{{session, texts, op, structure, editor}};
     structure::PlantStates states{session, texts, op, structure};
     structure::PlantDrag drag{session, texts, structure, clipboard};
+    exchange::Export exporting{{session, texts, op, clock, structure}};
+    exchange::Import importing{{session, texts, op, structure}};
     std::mt19937 random;
 
     bool broken = false;  // the company can't be written in this step
@@ -773,13 +864,6 @@ protected:
     QString parameter;                     // IDPar
     const Typing* current = nullptr;
 };
-
-int stepsWanted()
-{
-    bool told = false;
-    const int steps = qEnvironmentVariableIntValue("CALIDORA_WALK_STEPS", &told);
-    return told ? steps : 1000;
-}
 
 TEST_F(PlantWalk, WithAFixedSeed)
 {
