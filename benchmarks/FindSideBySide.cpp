@@ -1,5 +1,5 @@
-// Measures "Find in company" and "Pending writes" against the engine's own shell running the same search on the
-// same company, in one run: calidora-find-side-by-side <file>
+// Measures "Find in company" and "Pending writes" against the engine's own shell running the same search on
+// the same company, in one run: calidora-find-side-by-side <file>
 //
 // Both read a warm file, in turns, and the median of several runs counts.
 

@@ -231,6 +231,15 @@ protected:
             EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 3; }));
             dialog->findChild<QToolButton*>("detailModeButton")->click();
             words = wordsOf(*dialog);
+            const auto cell = [&](int row, int column) {
+                return list->model()->index(row, column, list->rootIndex()).data().toString();
+            };
+            EXPECT_EQ(cell(0, 0) + cell(0, 1), "below") << "a folder has no size";
+            EXPECT_EQ(cell(1, 3), QLocale().toString(QFileInfo(file("files/a.dat")).lastModified(),
+                                                     QLocale::ShortFormat));
+            for (int column = 1; column < 4; ++column)
+                EXPECT_GT(list->columnWidth(column), list->fontMetrics().horizontalAdvance(cell(1, column)))
+                    << column;
             picture(*dialog, "files");
             dialog->reject();
         });

@@ -198,6 +198,7 @@ TEST_F(NightSigns, LinesThatWarnStandOut)
             EXPECT_TRUE(tipOf(*list(), warning).startsWith("Warning\n"));
             EXPECT_EQ(tipOf(*list(), plain), "");
             const auto* failed = part<QListWidget>("lvwFailed");
+            EXPECT_GT(inkOf(part<QLabel>("concernsSign")->grab().toImage(), kWarningInk), 10);
             EXPECT_EQ(failed->item(0)->toolTip(), failed->item(0)->text());
             picture(*console_, dark ? "console-lines-dark" : "console-lines");
             hangUp();
@@ -292,10 +293,13 @@ TEST_F(NightSigns, AnAlarmIsSeenAndHeardUntilItIsAcknowledged)
     EXPECT_GE(heard, 6);
     EXPECT_EQ(heard % 3, 0);
     EXPECT_EQ(panel("Info"), texts(582));
+    EXPECT_FALSE(bell->findChild<QLabel*>("text")->isVisible()) << "nothing beside it in its frame";
     for (const QSize& size : {QSize(1120, 720), QSize(1120, 300), QSize(640, 480), QSize(320, 240)}) {
         window()->resize(size);
         settle();
         EXPECT_TRUE(isWhollySeen()) << window()->width() << " x " << window()->height();
+        const auto* info = control<QWidget>("Info")->findChild<QLabel*>("text");
+        EXPECT_GE(info->width(), info->fontMetrics().horizontalAdvance(info->text())) << size.width();
         picture(*window(), QString("bell-%1x%2").arg(size.width()).arg(size.height()));
     }
     inside("frmMessage", [&](QDialog& notice) {

@@ -456,6 +456,15 @@ TEST_F(Property, ItIsHeadedByWhatItIsAndWhere)
             << qPrintable(label("lblStandard")->text());
         EXPECT_TRUE(label("lblStandard")->text().endsWith("°C")) << qPrintable(label("lblStandard")->text());
         EXPECT_FALSE(label("lblDisabledWhy")->isVisible());
+        for (const char* name :
+             {"lblTitle", "lblPath", "lblUnit", "lblStandard", "lblDisabledWhy", "lblWholeAddress"})
+            EXPECT_EQ(label(name)->textFormat(), Qt::PlainText) << name;
+        // What the catalogue says stands above its details, in line with them.
+        const QRect words = label("lblValDescription")->geometry();
+        const QRect below = label("lblMemory")->geometry();
+        EXPECT_LT(words.bottom(), below.top());
+        EXPECT_EQ(words.left(), below.left());
+        EXPECT_GE(words.width(), label("lblValDescription")->sizeHint().width());
         nothingIsClipped(dialog);
         picture(dialog, "property-real");
     });

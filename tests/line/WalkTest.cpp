@@ -46,7 +46,7 @@ void walk(quint64 seed, int steps)
 {
     Tracks tracks;
     World world;
-    MemoryWatch memory(50, 512 * 1024);
+    MemoryWatch memory(50, 2048 * 1024);
     Walk walk(seed);
     int done = 0;
     for (int piece = 0; done < steps; ++piece) {

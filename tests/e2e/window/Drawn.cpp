@@ -30,6 +30,9 @@ bool isReachable(World& world, What what, const line::Picture& now)
         return world.boxes() == 0 && now.commands.Connect && !world.bus().isCallTaken();
     case Disconnect:
         return world.boxes() == 0 && now.commands.Disconnect;
+    case Vanish: // a tick that is due as the port goes may be before or behind it
+        return std::all_of(now.dueIn.begin(), now.dueIn.end(),
+                           [](const auto& due) { return due.value_or(1) > 0; });
     case Ok:
         return buttons == Buttons::Ok;
     case Cancel:
