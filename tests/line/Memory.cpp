@@ -1,6 +1,13 @@
 #include "line/Memory.h"
 
-#ifdef __SANITIZE_ADDRESS__
+// The address sanitizer of clang has an allocator of its own.
+#ifdef __has_feature
+#if __has_feature(address_sanitizer)
+#define CALIDORA_ADDRESS_SANITIZER
+#endif
+#endif
+
+#ifdef CALIDORA_ADDRESS_SANITIZER
 #include <sanitizer/allocator_interface.h>
 #else
 #include <malloc.h>
@@ -10,7 +17,7 @@ namespace line {
 
 qint64 memoryInUse()
 {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef CALIDORA_ADDRESS_SANITIZER
     return qint64(__sanitizer_get_current_allocated_bytes());
 #else
     const struct mallinfo2 now = mallinfo2();

@@ -1,9 +1,12 @@
 #include "e2e/window/FarEnd.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
+#include <QThread>
 #include <cstdlib>
 #include <fcntl.h>
 #include <stdexcept>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -11,6 +14,7 @@ namespace window {
 
 FarEnd::~FarEnd()
 {
+    close(near_);
     close(end_);
 }
 
@@ -23,6 +27,7 @@ void FarEnd::plugIn()
     tcgetattr(end_, &settings);
     cfmakeraw(&settings);
     tcsetattr(end_, TCSANOW, &settings);
+    near_ = open(ptsname(end_), O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
     QFile::remove(link_);
     QFile::link(QString::fromLocal8Bit(ptsname(end_)), link_);
 }
@@ -31,6 +36,10 @@ void FarEnd::say(const QByteArray& bytes)
 {
     if (write(end_, bytes.constData(), std::size_t(bytes.size())) != bytes.size())
         throw std::runtime_error("the line takes nothing");
+    // They are on their way for a while; the program can't read them meanwhile.
+    const QDeadlineTimer patience(10000);
+    for (int there = 0; there < bytes.size() && !patience.hasExpired(); ioctl(near_, FIONREAD, &there))
+        QThread::usleep(50);
 }
 
 const QByteArray& FarEnd::heard()
@@ -44,9 +53,10 @@ const QByteArray& FarEnd::heard()
 void FarEnd::pullOut()
 {
     heard();
-    const int gone = end_;
+    const int gone[] = {near_, end_};
     plugIn();
-    close(gone);
+    for (const int file : gone)
+        close(file);
 }
 
 } // namespace window

@@ -15,6 +15,7 @@ public:
     FarEnd(const FarEnd&) = delete;
     FarEnd& operator=(const FarEnd&) = delete;
 
+    // Until it lies at the program's end.
     void say(const QByteArray& bytes);
     // All that the program has said, of what was plugged in before, too.
     const QByteArray& heard();
@@ -26,6 +27,7 @@ private:
 
     QString link_;
     int end_ = -1;
+    int near_ = -1; // the program's end, to see what lies there
     QByteArray heard_;
 };
 

@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
-#include <QThread>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -22,7 +21,6 @@ using line::What;
 namespace {
 constexpr int kPatienceMs = 10000;
 constexpr int kLookMs = 3000;
-constexpr int kLineMs = 20; // that bytes take to the other end, at most
 } // namespace
 
 int WatchedDesktop::messageBox(const QString& text, platform::Buttons buttons, platform::Icon icon,
@@ -162,21 +160,11 @@ void Hand::perform(const Step& step)
     else if (line::isArrival(step.event.what)) {
         said_ += step.comes.size();
         with_.far.say(step.comes);
-        // A tick that is due at this very moment is first, as in the world, and finds the bytes in the port.
-        if (isTickDue()) {
-            QThread::msleep(kLineMs);
-            with_.clock.settle();
-        }
-        settle();
+        // The program hears of them in their turn, as in the world: a tick that is due may find them first.
+        with_.clock.post([this] { settle(); });
+        with_.clock.settle();
     } else
         open(line::keyOf(step.event.what));
-}
-
-bool Hand::isTickDue() const
-{
-    const auto due = with_.clock.timersDue();
-    return std::any_of(due.begin(), due.end(),
-                       [now = with_.clock.elapsed()](const auto& at) { return at && *at <= now; });
 }
 
 void Hand::open(const QString& key)

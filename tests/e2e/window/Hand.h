@@ -66,7 +66,6 @@ public:
 private:
     void step();
     void perform(const Step& step);
-    bool isTickDue() const;
     void open(const QString& key);
     void press(const char* button);
     void answer(line::What what);
