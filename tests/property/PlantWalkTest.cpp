@@ -626,10 +626,13 @@ protected:
         }
         return refusal.isEmpty();
     }
-    // A value that is saved as it was opened: a time keeps what its fields show.
+    // A value that is saved as it was opened: a time keeps what its fields show, midnight for the bare "0" of
+    // a synchronisation.
     std::optional<QString> savedAgain(const std::optional<QString>& value)
     {
         const QString KeyType = instrument().values[parameter].param->KeyType;
+        if (value == QStringLiteral("0") && KeyType.startsWith("TIME"))
+            return QStringLiteral("00:00:00");
         if (value && KeyType == "TIME_H")
             return value->left(3) % u"00:00";
         if (value && KeyType == "TIME_HM")
