@@ -116,9 +116,11 @@ void QtSerialPort::setPortOpen(bool wanted)
 void QtSerialPort::open()
 {
     const QString device = devices_(CommPort());
-    // Where the link of a pulled adapter went with it, the number would mean another port of the machine.
+    // Where the link of a pulled adapter went with it, the number would mean another port of the machine. A
+    // link that was made since is meant.
     const auto lost = lost_.find(CommPort());
-    if (device.isEmpty() || (lost != lost_.end() && lost->second != device))
+    const bool another = lost != lost_.end() && lost->second != device && !QFileInfo(device).isSymLink();
+    if (device.isEmpty() || another)
         fail(errors::kPortNumberInvalid, QStringLiteral("Invalid port number"));
     const LineSettings line = LineSettings::parse(Settings());
     // All parameters before the opening: some combinations are refused on an open port.

@@ -109,6 +109,26 @@ TEST_F(QtSerialPortTest, APulledAdapterIsNotTakenForAPortOfTheMachine)
     EXPECT_EQ(opens(1), 0);
 }
 
+// The adapter comes back as another device, and somebody makes a link to it where there was none.
+TEST_F(QtSerialPortTest, ALinkThatIsMadeForALostPortIsMeant)
+{
+    Device bare;
+    QString device = bare.name();
+    QtSerialPort port{[&](int) { return device; }};
+    port.setSettings("9600,N,8,1");
+    bool lost = false;
+    port.OnFault = [&](const RuntimeError&) { lost = true; };
+    port.setCommPort(1);
+    port.setPortOpen(true);
+    bare.pull();
+    while (!lost)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    plugIn();
+    device = link_;
+    port.setPortOpen(true);
+    EXPECT_TRUE(port.PortOpen());
+}
+
 TEST_F(QtSerialPortTest, WhatWasNeverLostMayBeAnything)
 {
     EXPECT_EQ(opens(1), 0) << "the machine's own, as there is no link";
