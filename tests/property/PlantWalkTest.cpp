@@ -142,10 +142,12 @@ protected:
         EXPECT_EQ(played, support::valuesOf(plantFile()));
         const QString history = history::historyFileOf(plantFile());
         EXPECT_EQ(support::column(history, "SELECT Count(*) FROM tbNote WHERE Cause = 0"), QStringList{"0"});
-        if (stepsWanted() < 1000)
-            return;
-        // Edited, copied, pasted, imported, synchronised, reset, created, deleted.
-        EXPECT_EQ(support::column(history, "SELECT DISTINCT Cause FROM tbNote ORDER BY Cause"),
+    }
+    // Edited, copied, pasted, imported, synchronised, reset, created, deleted: a short walk can miss one.
+    void expectEveryCause() const
+    {
+        EXPECT_EQ(support::column(history::historyFileOf(plantFile()),
+                                  "SELECT DISTINCT Cause FROM tbNote ORDER BY Cause"),
                   QStringList({"2", "3", "4", "5", "6", "7", "11", "12"}));
     }
 
@@ -871,6 +873,7 @@ protected:
 TEST_F(PlantWalk, WithAFixedSeed)
 {
     walk(20021, stepsWanted());
+    expectEveryCause();
 }
 
 TEST_F(PlantWalk, WithASeedOfItsOwn)
