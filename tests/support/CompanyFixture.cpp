@@ -55,7 +55,7 @@ QStringList column(const QString& file, const QString& sql)
     QStringList texts;
     while (statement.executeStep()) {
         const SQLite::Column value = statement.getColumn(0);
-        texts << (value.isNull() ? QStringLiteral("NULL") : QString::fromUtf8(value.getText()));
+        texts << (value.isNull() ? QStringLiteral("NULL") : QString::fromStdString(value.getString()));
     }
     return texts;
 }

@@ -3,6 +3,7 @@
 #include "history/NoteFile.h"
 #include "support/CompanyFixture.h"
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <map>
 
 // The value history played over the values of a company's start.
@@ -10,32 +11,40 @@ namespace support {
 
 using PlantValues = std::map<QString, QString>; // "1/2/P0101" -> "value|state"
 
+// A value may hold any character that an instrument sends, a zero byte, too.
+inline QString valueIn(const SQLite::Column& value, const SQLite::Column& state)
+{
+    return (value.isNull() ? QStringLiteral("-") : QString::fromStdString(value.getString())) + u'|' +
+           QString::fromStdString(state.getString());
+}
+
 inline PlantValues valuesOf(const QString& company)
 {
     PlantValues values;
-    for (const QString& row :
-         column(company,
-                "SELECT IDGrp || '/' || IDInst || '/' || IDPar || '>' || IfNull(Value, '-') || '|' || State "
-                "FROM tbParametersUser"))
-        values[row.section('>', 0, 0)] = row.section('>', 1);
+    const SQLite::Database engine(company.toStdString(), SQLite::OPEN_READONLY);
+    SQLite::Statement row(
+        engine, "SELECT IDGrp || '/' || IDInst || '/' || IDPar, Value, State FROM tbParametersUser");
+    while (row.executeStep())
+        values[QString::fromStdString(row.getColumn(0))] = valueIn(row.getColumn(1), row.getColumn(2));
     return values;
 }
 
 // Each note must also tell what stood there before it.
 inline void replayHistory(const QString& company, PlantValues& values)
 {
-    const QStringList notes =
-        column(history::historyFileOf(company),
-               "SELECT IDGrp || '/' || IDInst || '/' || IDPar || '>' || IfNull(OldValue, '-') || '|' || "
-               "IfNull(OldState, '') || '>' || IfNull(NewValue, '-') || '|' || IfNull(NewState, '') "
-               "FROM tbNote "
-               "ORDER BY ID");
-    for (const QString& row : notes) {
-        const QString key = row.section('>', 0, 0), before = row.section('>', 1, 1),
-                      after = row.section('>', 2);
+    const QString nothing = QStringLiteral("-|");
+    const SQLite::Database engine(history::historyFileOf(company).toStdString(), SQLite::OPEN_READONLY);
+    SQLite::Statement note(engine,
+                           "SELECT IDGrp || '/' || IDInst || '/' || IDPar, OldValue, OldState, NewValue, "
+                           "NewState FROM tbNote ORDER BY ID");
+    while (note.executeStep()) {
+        const QString key = QString::fromStdString(note.getColumn(0));
+        const QString before = valueIn(note.getColumn(1), note.getColumn(2)),
+                      after = valueIn(note.getColumn(3), note.getColumn(4));
         const auto found = values.find(key);
-        ASSERT_EQ(found == values.end() ? "-|" : found->second, before) << qPrintable(row);
-        if (after == "-|")
+        ASSERT_EQ(found == values.end() ? nothing : found->second, before)
+            << qPrintable(key) << " became " << qPrintable(after);
+        if (after == nothing)
             values.erase(key);
         else
             values[key] = after;
