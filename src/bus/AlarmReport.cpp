@@ -30,7 +30,7 @@ public:
         return field;
     }
 
-    bool hasMore() const { return text_.indexOf(QLatin1Char('>'), begin_) >= 0; }
+    bool hasMore() const { return QStringView(text_).mid(begin_).contains(u'>'); }
 
 private:
     const QString& text_;

@@ -70,7 +70,6 @@ MainStatusBar::MainStatusBar(const bus::StatusPanels& panels, const Texts& texts
         platform::icon("group").pixmap(QSize(kPictureSize, kPictureSize), devicePixelRatio()));
     widgets_["Plant"].picture->show();
     widgets_["Waiting"].frame->setCursor(Qt::PointingHandCursor);
-    showWaiting(0, 0);
     widgets_["Model"].frame->hide();
     showLine();
     showTime();

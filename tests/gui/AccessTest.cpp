@@ -2,6 +2,7 @@
 // keys reach, a dark desktop. QT_SCALE_FACTOR runs it at another scale.
 #include "gui/DesktopLook.h"
 #include "gui/GuiFixture.h"
+#include "gui/WindowPlan.h"
 
 #include "../events/LogText.h"
 #include "platform/widgets/Icons.h"
@@ -43,6 +44,7 @@ protected:
                           .arg(name)
                           .arg(GetParam().font)
                           .arg(GetParam().dark ? "-dark" : ""));
+        itIsAsPlanned(form, name);
         nothingIsClipped(form);
         everyControlIsNamed(form);
         theKeysReachEveryControl(form);
@@ -64,6 +66,18 @@ protected:
         desktop.showForm(name);
         look(*desktop.form(name), name);
         desktop.unloadForm(name);
+    }
+
+    // The plans are drawn in English, of windows as they come up on a plain desktop.
+    void itIsAsPlanned(const QWidget& form, const QString& name)
+    {
+        const Setting& setting = GetParam();
+        if (session.Language.Code != "EN" || setting.font != 1.0 || setting.dark ||
+            form.devicePixelRatioF() != 1.0)
+            return;
+        const int before = plans_[name]++;
+        gui::expectPlan(form, before == 0 ? name : name + QStringLiteral("-%1").arg(before + 1),
+                        session.AppPath);
     }
 
     static bool isControl(QAccessible::Role role)
@@ -172,6 +186,7 @@ protected:
 
 private:
     std::optional<gui::DesktopLook> desk_;
+    std::map<QString, int> plans_;
 };
 
 TEST_P(Access, TheMainWindow)

@@ -191,6 +191,12 @@ private:
     std::map<int, QStringList> tables() const;
     void look(bus::ActionCode code, const QByteArray& bytes);
     void checkAnswer(const char* trouble);
+    // 1 or 2.
+    QString companyFile(int which) const
+    {
+        return folder_.filePath(which == 1 ? QStringLiteral("Data/First.mdb")
+                                           : QStringLiteral("Data/Second.mdb"));
+    }
     QString logFolder() const { return folder_.filePath(QStringLiteral("Log")); }
 
     QTemporaryDir folder_;
