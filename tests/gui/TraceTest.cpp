@@ -141,6 +141,20 @@ TEST_F(TraceWindow, StaysAtTheEndAndLeavesWhoLooksElsewhereAlone)
     EXPECT_EQ(bar->value(), 3);
 }
 
+TEST_F(TraceWindow, NarrowedItShowsTheLatestThatIsLeft)
+{
+    start();
+    for (int i = 0; i < 200; ++i)
+        arrives("n" + QByteArray::number(i));
+    open();
+    QScrollBar* bar = list()->verticalScrollBar();
+    bar->setValue(3);
+    type(part<QLineEdit>("txtNarrow"), "n1");
+    EXPECT_TRUE(shows(111));
+    EXPECT_GT(bar->maximum(), 0);
+    EXPECT_EQ(bar->value(), bar->maximum());
+}
+
 TEST_F(TraceWindow, IsSavedAsText)
 {
     start();

@@ -28,7 +28,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, Int16Test,
                                          NumberRow{"32767", 32767}, NumberRow{"-32768", -32768},
                                          NumberRow{"2.5", 2}, NumberRow{"3.5", 4}, NumberRow{"-2,5", -2},
                                          NumberRow{".6", 1}, NumberRow{"5.", 5}, NumberRow{"1e2", 100},
-                                         NumberRow{"32767.4", 32767}, NumberRow{"1E-999", 0}));
+                                         NumberRow{"32767.4", 32767}, NumberRow{"-32768.4", -32768},
+                                         NumberRow{"1E-999", 0}));
 
 struct FailureRow
 {
