@@ -190,6 +190,45 @@ TEST_F(Language, ABaseWithoutABlockLeavesAWindowWithoutWords)
     EXPECT_EQ(listKeys(), (QStringList{"2_1_2", "2_1_1"}));
 }
 
+TEST_F(Language, WithoutABlockAWindowKeepsTheCaptionItWasDrawnWith)
+{
+    const struct
+    {
+        const char* form;
+        const char* caption;
+        const char* command = nullptr; // without one it is asked for by name
+    } kWindows[] = {
+        {"frmSettings", "\\Impostazioni"},
+        {"frmInfo", "\\Informazioni"},
+        {"frmEventFilter", "\\Filtro Eventi"},
+        {"frmEventViewer", "\\Visualizzatore Eventi"},
+        {"frmUsers", "\\Anagrafica Operatori"},
+        {"frmLogInOut", "\\Login-Logout"},
+        {"frmProperty", "\\Proprietà", "PropertyNode"},
+        {"frmReadWrite", "\\Leggi/Scrivi", "ReadWriteNode"},
+        {"frmUpgrade", "\\Aggiornamento Database"},
+        {"frmLanguage", "\\Language setting"},
+        {"frmMessage", ""},
+    };
+    start();
+    clickNode("1_1");
+    session.Language = session::LanguageSettings::fromIdentifier("FR_Francais_3000");
+    for (const auto& way : kWindows) {
+        const int before = played;
+        inside(way.form, [&](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), session.AppTitle + way.caption) << way.form;
+        });
+        if (way.command)
+            program.handlers().run(way.command);
+        else
+            desktop.platform::DesktopOperator::showFormModal(way.form);
+        EXPECT_EQ(played, before + 1) << way.form;
+    }
+    EXPECT_FALSE(failures.take().empty());
+    desktop.script.unexpected.clear(); // what the windows say of that
+    setLanguage("EN_English_2000");
+}
+
 TEST_F(Language, AnIdentifierThatIsNoneFailsUnderItsProceduresName)
 {
     widgets::SetLanguage_AllForms("X", {}, session, texts, desktop);

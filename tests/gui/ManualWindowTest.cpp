@@ -6,6 +6,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QToolButton>
 
 namespace {
@@ -63,6 +64,29 @@ TEST_F(ManualWindow, F1InTheMainWindowOpensThePlant)
     EXPECT_TRUE(part<QTextBrowser>("txtPage")->toPlainText().startsWith("Plants and instruments"));
     picture(*manual(), "frmManual");
     nothingIsClipped(*manual());
+}
+
+TEST_F(ManualWindow, TablesHaveOneThinLineBetweenCellsWithRoom)
+{
+    openIt();
+    int tables = 0;
+    for (int chapter = 0; chapter < part<QListWidget>("lvwChapters")->count(); ++chapter) {
+        part<QListWidget>("lvwChapters")->setCurrentRow(chapter);
+        for (QTextFrame* frame : part<QTextBrowser>("txtPage")->document()->rootFrame()->childFrames()) {
+            const auto* table = qobject_cast<QTextTable*>(frame);
+            if (!table)
+                continue;
+            ++tables;
+            const QTextTableFormat format = table->format();
+            EXPECT_EQ(format.border(), 1);
+            EXPECT_EQ(format.cellPadding(), 4);
+            EXPECT_EQ(format.cellSpacing(), 0);
+            EXPECT_TRUE(format.borderCollapse());
+            EXPECT_EQ(format.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
+            EXPECT_EQ(format.borderBrush().color(), manual()->palette().color(QPalette::Mid));
+        }
+    }
+    EXPECT_GT(tables, 0);
 }
 
 TEST_F(ManualWindow, TheMenuOpensItWithAndWithoutACompany)
