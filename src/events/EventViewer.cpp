@@ -52,7 +52,6 @@ EventViewer::EventViewer(const Surroundings& with)
     : session_(with.session), texts_(with.texts), operator_(with.op), clock_(with.clock),
       printing_(with.printing)
 {
-    nextSlice_.setInterval(0);
     nextSlice_.setSingleShot(true);
     connect(&nextSlice_, &QTimer::timeout, this, [this] { readOn([] {}); });
 }

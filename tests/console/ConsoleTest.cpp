@@ -29,6 +29,22 @@ TEST_F(ConsoleTest, ItOpensOnTheSelectedItemAndOnTheSelectedNode)
     EXPECT_EQ(console.chosenKey(), "1_2");
 }
 
+TEST_F(ConsoleTest, ItTellsWhereItStandsBelowTheGroup)
+{
+    const std::pair<const char*, QString> kRows[] = {
+        {"1_1", {}},
+        {"2_1_1", "INST11"},
+        {"3_1_1_G02", QStringLiteral("INST11 \u203a States")},
+        {"4_1_1_G02_P0201", QStringLiteral("INST11 \u203a States \u203a EN MOD")},
+    };
+    for (const auto& [key, path] : kRows) {
+        structure.clickNode(structure::parentKey(key));
+        openConsole(key);
+        EXPECT_EQ(console.itemPath(), path) << key;
+        console.unload();
+    }
+}
+
 TEST_F(ConsoleTest, WithoutASelectionNothingHappens)
 {
     structure.clearAll();

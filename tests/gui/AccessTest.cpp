@@ -313,6 +313,15 @@ TEST_P(Access, TheDialogs)
     dialog("frmEventFilter");
 }
 
+TEST_P(Access, WhatShowsHowFarAJobIs)
+{
+    for (const char* form : {"frmConnection", "frmReadLogFiles", "frmCopy", "frmPresentation"}) {
+        desktop.showForm(form);
+        itIsAsPlanned(*desktop.form(form), form);
+        desktop.unloadForm(form);
+    }
+}
+
 TEST_P(Access, TheOperators)
 {
     enterAs(support::kAdministrator);

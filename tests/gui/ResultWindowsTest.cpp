@@ -62,6 +62,25 @@ protected:
     }
 };
 
+// As behind a backup or an upgrade: what they show is of the company as it was.
+TEST_F(ResultWindows, GoWhenTheCompanyIsOpenedAnew)
+{
+    start();
+    clickNode("1_1");
+    const std::pair<const char*, const char*> kWindows[] = {{"Find", "frmFind"},
+                                                            {"Pending", "frmPending"},
+                                                            {"HistoryNode", "frmHistory"},
+                                                            {"CompareNode", "frmCompare"}};
+    for (const auto& [command, name] : kWindows) {
+        toMainWindow();
+        program.handlers().run(command);
+        ASSERT_TRUE(form(name)) << name;
+    }
+    ASSERT_TRUE(program.database().reconnect());
+    for (const auto& [command, name] : kWindows)
+        EXPECT_FALSE(form(name)) << name;
+}
+
 TEST_F(ResultWindows, ASearchTellsWhereItStands)
 {
     start();

@@ -23,6 +23,7 @@
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QSplitter>
@@ -165,6 +166,8 @@ private:
         if (const auto* box = qobject_cast<const QComboBox*>(&part)) {
             for (int entry = 0; entry < box->count(); ++entry)
                 tell(depth + 1, "choice " + quoted(box->itemText(entry)));
+            if (box->view()->metaObject()->className() != QByteArray("QComboBoxListView"))
+                describe(*box->view(), depth + 1);
             return;
         }
         for (const auto* shortcut : part.findChildren<QShortcut*>(Qt::FindDirectChildrenOnly))
@@ -180,16 +183,23 @@ private:
         }
         if (part.layout() && !qobject_cast<const QToolBar*>(&part))
             describe(*part.layout(), depth + 1);
+        describeChildren(part, depth + 1);
+    }
+    // What the toolkit puts between a part and its content isn't told.
+    void describeChildren(const QWidget& part, int depth)
+    {
         for (const auto* child : part.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-            if (!isOfTheToolkit(*child) && (!child->isWindow() || qobject_cast<const QMenu*>(child)))
-                describe(*child, depth + 1);
+            if (isOfTheToolkit(*child))
+                describeChildren(*child, depth);
+            else if (!child->isWindow() || qobject_cast<const QMenu*>(child))
+                describe(*child, depth);
         }
     }
     static bool isOfTheToolkit(const QWidget& part)
     {
         const bool unnamedMenu = qobject_cast<const QMenu*>(&part) && part.objectName().isEmpty();
         return part.objectName().startsWith("qt_") || unnamedMenu ||
-               qobject_cast<const QHeaderView*>(&part) ||
+               qobject_cast<const QHeaderView*>(&part) || qobject_cast<const QScrollBar*>(&part) ||
                part.metaObject()->className() == QByteArray("QToolBarExtension");
     }
     // The signs of the keys stand back where there is little room; a menu stands up when it is called.
@@ -220,6 +230,8 @@ private:
                 words << property.name() + ('=' + is);
         }
         words.removeDuplicates();
+        if (qobject_cast<const QAbstractItemView*>(&part) && part.minimumWidth() > 0)
+            words << QStringLiteral("at least %1 wide").arg(part.minimumWidth());
         if (!part.isWindow() && part.minimumWidth() == part.maximumWidth())
             words << QStringLiteral("wide %1").arg(part.minimumWidth());
         for (const QByteArray& name : part.dynamicPropertyNames())
@@ -355,7 +367,7 @@ void expectPlan(const QWidget& window, const QString& name, const QString& home)
 {
     QFile file(QStringLiteral(CALIDORA_PLANS) + '/' + name + ".txt");
     if (qEnvironmentVariable("CALIDORA_PLANS") == "write") {
-        QTest::qWait(500);
+        QTest::qWait(1500); // what a window still searches
         ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
         file.write(planOf(window, home).toUtf8());
         return;

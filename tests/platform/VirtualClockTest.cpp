@@ -82,6 +82,17 @@ TEST_F(VirtualClockTest, WhatFollowsATickMayLetTheSameTimerTick)
     EXPECT_EQ(steps_, (Steps{"tick", "tick", "closed"}));
 }
 
+TEST_F(VirtualClockTest, WhoWaitsForSomethingIsToldWhetherItCame)
+{
+    const auto tick = timer("tick", 30);
+    const auto ticked = [this] { return !steps_.empty(); };
+    EXPECT_FALSE(clock_.runUntil(ticked, 29));
+    EXPECT_EQ(clock_.elapsed(), 29);
+    EXPECT_TRUE(clock_.runUntil(ticked, 1000));
+    EXPECT_EQ(clock_.elapsed(), 30);
+    EXPECT_TRUE(clock_.runUntil(ticked, 0));
+}
+
 TEST_F(VirtualClockTest, AWaitThatFitsIntoTheDayBeginsAtOnce)
 {
     VirtualClock evening{QDateTime(QDate(2026, 3, 14), QTime(23, 59, 56, 999))};

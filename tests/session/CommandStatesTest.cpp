@@ -158,6 +158,16 @@ TEST_F(CommandStatesTest, OnlyWhatChangesIsTold)
     EXPECT_EQ(told(), std::pair(qsizetype(2), qsizetype(6))) << "the marks stand everywhere";
 }
 
+TEST_F(CommandStatesTest, AHiddenTreeIsNeitherExpandedNorCollapsed)
+{
+    for (const bool visible : {true, false}) {
+        session.TreeBusSet.Visible = visible ? 1 : 0;
+        commands.EnableDisable_TlbMainButtons(1);
+        EXPECT_EQ(commands.buttonEnabled("Expand"), visible);
+        EXPECT_EQ(commands.buttonEnabled("Collapse"), visible);
+    }
+}
+
 TEST_F(CommandStatesTest, StructureButtonsFollowTheFlag)
 {
     commands.EnableDisable_StructureButtons(false);

@@ -25,7 +25,6 @@ ManualPage::ManualPage(QWidget* parent) : QTextBrowser(parent)
     connect(this, &QTextBrowser::historyChanged, this, &ManualPage::drawTables);
     connect(this, &QTextBrowser::historyChanged, this, &ManualPage::turned);
     fitting_.setSingleShot(true);
-    fitting_.setInterval(0);
     connect(&fitting_, &QTimer::timeout, this, &ManualPage::fitPictures);
 }
 
