@@ -463,6 +463,7 @@ TEST_F(CompareWindow, WithTheDefaultsThenWithAnother)
     EXPECT_EQ(part<QComboBox>("cbxWith")->itemText(1), "ALPHA\\inst21");
     EXPECT_EQ(row(0, 0).siblingAtColumn(1).data(), "9.0 °C");
     EXPECT_TRUE(list()->isFirstColumnSpanned(0, {})) << "a group's name has the whole row";
+    EXPECT_EQ(list()->currentIndex(), row(0, 0)) << "the first difference";
     choose(1);
     EXPECT_TRUE(says("Compared: 4, different: 1, only on the left: 0, only on the right: 0"))
         << qPrintable(words());
