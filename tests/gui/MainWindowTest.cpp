@@ -292,4 +292,21 @@ TEST_F(MainWindow, AlarmsAreAcknowledgedByADoubleClickOnTheirPanel)
     EXPECT_EQ(program.panels().picture(bus::Panel::Allarm), bus::images::kRest);
 }
 
+TEST_F(MainWindow, OnlyATreeThatHasTheKeysHandsThemToTheListAsItGoes)
+{
+    start();
+    clickNode("1_1");
+    tvwBus()->setFocus();
+    button("Tree")->trigger();
+    EXPECT_FALSE(tvwBus()->isVisible());
+    EXPECT_TRUE(lvwBus()->isAncestorOf(window()->focusWidget()));
+    button("Tree")->trigger();
+    EXPECT_TRUE(tvwBus()->isVisible());
+    QTest::keyClick(window()->focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    auto* filter = control<QLineEdit>("txtFilter");
+    EXPECT_EQ(window()->focusWidget(), filter);
+    button("Tree")->trigger();
+    EXPECT_EQ(window()->focusWidget(), filter);
+}
+
 } // namespace
