@@ -152,6 +152,20 @@ TEST_F(SettingsTest, TheCompanyIsOpenToTheRightOnly)
     EXPECT_EQ(session.CompanySet[0], "");
 }
 
+TEST_F(SettingsTest, TheCompanysTextsHaveTheirLimitsAndAllButTwoAreCapitals)
+{
+    QStringList fields;
+    for (const dialogs::CompanyText& text : dialogs::companyTexts())
+        fields << QStringLiteral("%1 %2 %3 %4")
+                      .arg(QLatin1String(text.control), QLatin1String(text.column))
+                      .arg(text.limit)
+                      .arg(text.capitals ? "A" : "a");
+    EXPECT_EQ(fields, (QStringList{"txtCompany Company 80 A", "txtAddress Address 80 A",
+                                   "txtPostcode Postcode 16 A", "txtLocality Locality 80 A",
+                                   "txtCountry Country 80 A", "txtPhone Phone 20 A", "txtFax Fax 20 A",
+                                   "txtEMail EMail 80 a", "txtWEB WEB 80 a", "txtVATNumber VATNumber 30 A"}));
+}
+
 TEST_F(SettingsTest, StoresInItsOrder)
 {
     ASSERT_TRUE(connectPlant());
