@@ -5,6 +5,8 @@
 
 #include <QListWidget>
 #include <QMessageBox>
+#include <QScrollBar>
+#include <QSignalSpy>
 #include <QTextBrowser>
 #include <QTextTable>
 #include <QToolButton>
@@ -87,6 +89,27 @@ TEST_F(ManualWindow, TablesHaveOneThinLineBetweenCellsWithRoom)
         }
     }
     EXPECT_GT(tables, 0);
+}
+
+TEST_F(ManualWindow, APageIsReadAgainWhereItsPicturesGetAnotherWidthAndOnlyThere)
+{
+    openIt();
+    auto* page = part<QTextBrowser>("txtPage");
+    const auto readAgain = [&](const QSize& size) {
+        // A page that is read lays its tables out afresh.
+        QSignalSpy turned(page, SIGNAL(turned()));
+        manual()->resize(size);
+        QTest::qWait(50);
+        return turned.count();
+    };
+    const QSize before(600, 500);
+    readAgain(before);
+    EXPECT_EQ(readAgain(before + QSize(0, 40)), 0);
+    EXPECT_GT(readAgain(before + QSize(-40, 40)), 0);
+    EXPECT_GT(readAgain(before), 0);
+    page->verticalScrollBar()->setValue(70);
+    EXPECT_GT(readAgain(before + QSize(-30, 0)), 0);
+    EXPECT_EQ(page->verticalScrollBar()->value(), 70);
 }
 
 TEST_F(ManualWindow, TheMenuOpensItWithAndWithoutACompany)
