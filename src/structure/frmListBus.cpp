@@ -19,7 +19,7 @@ frmListBus::frmListBus(Structure& structure, session::Session& session, const se
                        QWidget* parent)
     : QWidget(parent), structure_(structure), session_(session), texts_(texts),
       lblPath_(new widgets::ElidedLabel(this)), txtFilter_(new FilterField(structure, this)),
-      lvwBus_(new ListBusView(structure.list(), this)), lblUpdate_(new QLabel(this)),
+      lvwBus_(new ListBusView(structure.list(), this)), lblUpdate_(new widgets::ElidedLabel(this)),
       prgUpdate_(new QProgressBar(this))
 {
     setObjectName("frmListBus");

@@ -60,7 +60,7 @@ private:
     widgets::ElidedLabel* lblPath_;
     FilterField* txtFilter_;
     ListBusView* lvwBus_;
-    QLabel* lblUpdate_;
+    widgets::ElidedLabel* lblUpdate_;
     QProgressBar* prgUpdate_;
 };
 
