@@ -64,6 +64,7 @@ protected:
         services.selectAboveRoot = [this] { note("above root"); };
         services.applyTreeMenus = [this] { note("tree menus"); };
         services.showCaption = [this] { note("caption of '" + session.CurrentUser.Name + "'"); };
+        services.valuesWaiting = [this] { return waiting; };
         services.endProgram = [this] { note("end"); };
         return services;
     }
@@ -111,6 +112,7 @@ protected:
     void makeMarker(const QString& name) { QFile(session.appFile(name)).open(QIODevice::WriteOnly); }
 
     bool configured = true;
+    int waiting = 0; // values that are not written yet
     bool secondInstance = false;
     bool folderClosed = false;
     bool leavesWhileConnecting = false;
@@ -408,6 +410,16 @@ TEST_F(MainTest, LeavingByCommandWithNoStays)
     op.expect(texts(524), kNo);
     main.leave();
     EXPECT_TRUE(op.forms.isEmpty());
+}
+
+TEST_F(MainTest, LeavingTellsHowManyValuesWait)
+{
+    for (const int values : {0, 1, 12}) {
+        waiting = values;
+        op.expect(texts(524), kNo);
+        main.leave();
+        EXPECT_EQ(op.questions.back().more, values == 0 ? QString() : texts.own("exit.waiting").arg(values));
+    }
 }
 
 TEST_F(MainTest, TheCloseBoxAsksOnceAndNoRefuses)
