@@ -135,6 +135,26 @@ TEST_F(ConsoleModelTest, TheLineOfActivityTellsWhatIsInTheWay)
     EXPECT_TRUE(activity().startsWith("The serial port is not there")) << qPrintable(activity());
 }
 
+TEST_F(ConsoleModelTest, ChangedValuesAreShownWhereThereAreSomeAndTheLineIsFree)
+{
+    int shown = 0;
+    model.setChangedValues(1);
+    model.showChanges(); // nobody can show them
+    EXPECT_EQ(model.changedValues(), std::nullopt);
+    model.setShowChanges([&shown] { ++shown; });
+    const std::pair<int, int> kRows[] = {{0, 0}, {1, 1}, {7, 2}};
+    for (const auto& [values, times] : kRows) {
+        model.setChangedValues(values);
+        EXPECT_EQ(model.changedValues(), values);
+        model.showChanges();
+        EXPECT_EQ(shown, times) << values;
+    }
+    bus.EnableDisable_RWMenu(session::kBusy);
+    EXPECT_EQ(model.changedValues(), std::nullopt);
+    model.showChanges();
+    EXPECT_EQ(shown, 2);
+}
+
 TEST_F(ConsoleModelTest, EachChangeIsAnnounced)
 {
     int changes = 0, lines = 0, checks = 0;
