@@ -209,7 +209,7 @@ private:
     }
     static bool isTime(const QWidget& part, const QByteArray& property)
     {
-        static const QRegularExpression time("^\\d\\d:\\d\\d$");
+        static const QRegularExpression time("^[0-9:/]+$");
         const auto* label = qobject_cast<const QLabel*>(&part);
         return property == "text" &&
                (qobject_cast<const QDateTimeEdit*>(&part) || (label && time.match(label->text()).hasMatch()));
